@@ -1,0 +1,67 @@
+# Shared compile settings, and the one way in which a folder becomes a library or a test program.
+
+add_library(velmora_options INTERFACE)
+target_compile_options(velmora_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+  $<$<BOOL:${VELMORA_WERROR}>:-Werror>)
+target_compile_definitions(velmora_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
+  VELMORA_VERSION="${PROJECT_VERSION}")
+target_include_directories(velmora_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(VELMORA_SANITIZE)
+  target_compile_options(velmora_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(velmora_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# velmora_layer(NAME LINK lib... [SOURCES file...] [EXCLUDE file...]): the static library of a layer.
+# Without SOURCES it holds every source file of the calling folder, subfolders included: a file that
+# lies in a layer's folder is built, there is no list to forget it in.
+function(velmora_layer name)
+  cmake_parse_arguments(arg "" "" "LINK;SOURCES;EXCLUDE" ${ARGN})
+  set(sources ${arg_SOURCES})
+  if(NOT sources)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.cpp *.h)
+    if(arg_EXCLUDE)
+      list(REMOVE_ITEM sources ${arg_EXCLUDE})
+    endif()
+    list(FILTER sources EXCLUDE REGEX "_windows\\.cpp$")
+  endif()
+  if(NOT sources)
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE velmora_options ${arg_LINK})
+    return()
+  endif()
+  add_library(${name} STATIC ${sources})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+  target_link_libraries(${name} PUBLIC velmora_options ${arg_LINK})
+  velmora_precompile(${name})
+endfunction()
+
+# Qt's and the standard library's big headers, compiled once for each library.
+function(velmora_precompile target)
+  target_precompile_headers(${target} PRIVATE
+    <algorithm> <cstdint> <functional> <memory> <optional> <string> <vector>
+    <QImage> <QObject> <QString> <QStringList> <QTextDocument> <QTextLayout>)
+  get_target_property(links ${target} LINK_LIBRARIES)
+  if("Qt6::Widgets" IN_LIST links)
+    target_precompile_headers(${target} PRIVATE <QWidget> <QApplication>)
+  endif()
+endfunction()
+
+# velmora_tests(NAME FOLDER LINK lib... LABEL label): one GoogleTest program from all *_test.cpp of FOLDER.
+function(velmora_tests name folder)
+  cmake_parse_arguments(arg "" "LABEL;TIMEOUT" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*_test.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE ${arg_LINK} test_support GTest::gmock)
+  target_precompile_headers(${name} REUSE_FROM test_support)
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 300)
+  endif()
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT}
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;VELMORA_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+endfunction()

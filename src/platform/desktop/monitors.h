@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QRect>
+
+#include <vector>
+
+namespace velmora {
+
+/// The displays of the desktop.
+class Monitors {
+public:
+    virtual ~Monitors() = default;
+    /// Rectangles in real pixels, the display at the desktop's top left first, then by left and
+    /// top.
+    [[nodiscard]] virtual std::vector<QRect> displays() const = 0;
+    /// Size of the primary screen in real pixels.
+    [[nodiscard]] virtual QSize primarySize() const = 0;
+    /// Bits a pixel of the primary screen.
+    [[nodiscard]] virtual int colorDepth() const = 0;
+    /// Refreshes a second of the primary screen; 60 where the system tells none.
+    [[nodiscard]] virtual double refreshRate() const = 0;
+};
+
+} // namespace velmora

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <vector>
+
+namespace velmora {
+
+/// A 24-bit colour as the rich text control keeps it: red in the low byte (0x00BBGGRR).
+using Rgb24 = std::uint32_t;
+
+inline constexpr Rgb24 Black = 0x000000;
+inline constexpr Rgb24 White = 0xFFFFFF;
+
+/// The format of a run of characters. Equality means: looks the same.
+struct CharacterFormat final {
+    QString fontName;
+    /// Font size in half points, the unit of RTF's \fs; MinHalfPoints to MaxHalfPoints.
+    int halfPoints = 24;
+    /// Text colour; the automatic colour is 0, black.
+    Rgb24 color = Black;
+    /// Background of the text; 0 is no background.
+    Rgb24 backColor = 0;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikeThrough = false;
+
+    bool operator==(const CharacterFormat&) const = default;
+
+    static constexpr int MinHalfPoints = 2;
+    static constexpr int MaxHalfPoints = 2000;
+};
+
+/// Alignment of a paragraph, numbered as the control's SelAlignment property.
+enum class Alignment : std::int8_t { Left = 0, Right = 1, Centre = 2 };
+
+/// The format of a paragraph. Offsets are in twips (1/20 point).
+struct ParagraphFormat final {
+    Alignment alignment = Alignment::Left;
+    bool rightToLeft = false;
+    int leftOffsetTwips = 0;
+    /// Of the first line, relative to leftOffsetTwips; negative hangs it out.
+    int firstLineOffsetTwips = 0;
+
+    bool operator==(const ParagraphFormat&) const = default;
+};
+
+/// A stretch of one paragraph's text in one format.
+struct TextRun final {
+    /// In UTF-16 units, above 0.
+    int length = 0;
+    /// Index into RichTextFragment::formats.
+    int format = 0;
+
+    bool operator==(const TextRun&) const = default;
+};
+
+/// One paragraph without its end. U+2028 in the text is a line end inside the paragraph (\line).
+struct Paragraph final {
+    QString text;
+    /// Covers the text without a gap: the lengths add up to text.size(). Empty for an empty
+    /// paragraph.
+    std::vector<TextRun> runs;
+    /// Format of the paragraph's end, which gives an empty paragraph its height. Index into
+    /// formats.
+    int endFormat = 0;
+    ParagraphFormat format;
+
+    bool operator==(const Paragraph&) const = default;
+};
+
+/// Rich text as a plain value: what the RTF reader delivers, the RTF writer takes, and a
+/// RichTextBox gives and accepts. Between two paragraphs stands one line end; so N line ends make N
+/// + 1 paragraphs. A fragment without paragraphs is empty; one with a single paragraph inserts no
+/// line end.
+struct RichTextFragment final {
+    std::vector<CharacterFormat> formats;
+    std::vector<Paragraph> paragraphs;
+};
+
+} // namespace velmora

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/outcome.h"
+#include "platform/rich_text/rich_text_fragment.h"
+
+#include <QByteArrayView>
+
+namespace velmora {
+
+/// What came of reading RTF.
+struct RtfReadResult final {
+    /// Everything that could be read; also of a damaged file, up to where the damage begins.
+    RichTextFragment fragment;
+    /// Failure only where nothing could be read: the bytes are no RTF at all.
+    Outcome outcome = Outcome::success();
+};
+
+/// Reads RTF. Never throws, never hangs; nesting, run sizes and memory are bounded.
+[[nodiscard]] RtfReadResult readRtf(QByteArrayView rtf);
+
+} // namespace velmora
