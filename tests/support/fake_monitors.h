@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/desktop/monitors.h"
+
+#include <QSize>
+
+namespace velmora {
+
+/// Displays as a test sets them: one of 1920 by 1080 at first.
+class FakeMonitors final : public Monitors {
+public:
+    [[nodiscard]] std::vector<QRect> displays() const override { return rectangles; }
+    [[nodiscard]] QSize primarySize() const override {
+        return rectangles.empty() ? QSize(640, 480) : rectangles.front().size();
+    }
+    [[nodiscard]] int colorDepth() const override { return depth; }
+    [[nodiscard]] double refreshRate() const override { return rate; }
+
+    std::vector<QRect> rectangles = {QRect(0, 0, 1920, 1080)};
+    int depth = 32;
+    double rate = 60;
+};
+
+} // namespace velmora
