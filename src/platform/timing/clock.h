@@ -16,6 +16,8 @@ public:
     [[nodiscard]] virtual double Timer() const = 0;
     /// Sleeps without running handlers; may wake late.
     virtual void sleepMicroseconds(std::int64_t microseconds) = 0;
+    /// Spins, without running handlers, until the counter has reached a value.
+    virtual void spinUntil(std::int64_t ticks) = 0;
 };
 
 } // namespace velmora
