@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/outcome.h"
+#include "platform/rich_text/print_box.h"
 #include "platform/rich_text/rich_text_fragment.h"
 
 #include <QByteArray>
@@ -21,29 +22,6 @@ class Surface;
 
 /// How a file is read and written. The numbers are those of ScriptFileType.
 enum class FileFormat : int { Rtf = 0, PlainText = 1 };
-
-/// One stretch of a line in one format, as the drawing of a line needs it.
-struct StyledText final {
-    QString text;
-    CharacterFormat format;
-};
-
-/// Where and how RichTextBox::SelPrint draws. All lengths are pixels of the target surface.
-struct PrintBox final {
-    /// Left text starts here.
-    double left = 0;
-    /// Centred text is centred on left + width / 2, right text ends at left + width - rightGap.
-    double width = 0;
-    double rightGap = 12;
-    /// Row pitch: the height that the line has on the display, above 0.
-    int rowHeight = 0;
-    /// Pixels on the display for one 96-dpi pixel of the document.
-    double zoom = 1;
-    Alignment alignment = Alignment::Left;
-    /// The background colour of the line's last run goes on from the text's end to the surface's
-    /// right edge.
-    bool extendBackground = false;
-};
 
 /// The rich text control without a window: the script, its layout and every operation on it.
 ///

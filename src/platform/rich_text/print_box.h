@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/rich_text/rich_text_fragment.h"
+
+#include <QString>
+
+namespace velmora {
+
+/// One stretch of a line in one format, as the drawing of a line needs it.
+struct StyledText final {
+    QString text;
+    CharacterFormat format;
+};
+
+/// Where and how RichTextBox::SelPrint draws. All lengths are pixels of the target surface.
+struct PrintBox final {
+    /// Left text starts here.
+    double left = 0;
+    /// Centred text is centred on left + width / 2, right text ends at left + width - rightGap.
+    double width = 0;
+    double rightGap = 12;
+    /// Row pitch: the height that the line has on the display, above 0.
+    int rowHeight = 0;
+    /// Pixels on the display for one 96-dpi pixel of the document.
+    double zoom = 1;
+    Alignment alignment = Alignment::Left;
+    /// The background colour of the line's last run goes on from the text's end to the surface's
+    /// right edge.
+    bool extendBackground = false;
+    /// Reading order of the line's paragraph; SelPrint takes it from the document.
+    bool rightToLeft = false;
+};
+
+} // namespace velmora
