@@ -1,0 +1,257 @@
+#include "platform/rich_text/document_layout.h"
+
+#include "platform/rich_text/fragment_document.h"
+
+#include <QPainter>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <cmath>
+
+namespace velmora {
+
+namespace {
+
+constexpr double Marked = -1;
+constexpr double UnitsPerTwip = 0.4;
+
+/// Lines must keep room: offsets take at most half of the width.
+double offsetUnits(int twips, double wrapWidth) {
+    return std::clamp(twips * UnitsPerTwip, 0.0, wrapWidth / 2);
+}
+
+Qt::Alignment qtAlignment(Alignment alignment) {
+    switch (alignment) {
+    case Alignment::Right:
+        return Qt::AlignRight | Qt::AlignAbsolute;
+    case Alignment::Centre:
+        return Qt::AlignHCenter;
+    case Alignment::Left:
+        break;
+    }
+    return Qt::AlignLeft | Qt::AlignAbsolute;
+}
+
+QTextOption optionFor(const ParagraphFormat& format) {
+    QTextOption option(qtAlignment(format.alignment));
+    option.setTextDirection(format.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setUseDesignMetrics(true);
+    option.setTabStopDistance(DocumentLayout::TabDistanceUnits);
+    return option;
+}
+
+} // namespace
+
+DocumentLayout::DocumentLayout(QTextDocument* document) : QAbstractTextDocumentLayout(document) {
+    markAll();
+}
+
+void DocumentLayout::setWrapWidth(double units) {
+    const double width = std::max(units, MinWrapWidth);
+    if (width == m_wrapWidth) {
+        return;
+    }
+    m_wrapWidth = width;
+    markAll();
+}
+
+void DocumentLayout::markAll() {
+    const int count = document()->blockCount();
+    m_heights.assign(static_cast<size_t>(count), Marked);
+    m_topsValid = 0;
+    m_firstMarked = 0;
+    m_lastMarked = count - 1;
+}
+
+void DocumentLayout::documentChanged(int from, int charsRemoved, int charsAdded) {
+    Q_UNUSED(charsRemoved)
+    const int oldCount = static_cast<int>(m_heights.size());
+    const int newCount = document()->blockCount();
+    const int last = std::max(0, document()->characterCount() - 1);
+    const int first = document()->findBlock(std::clamp(from, 0, last)).blockNumber();
+    const int lastChanged =
+        document()->findBlock(std::clamp(from + charsAdded, 0, last)).blockNumber();
+    const int inserted = lastChanged - first + 1;
+    const int replaced = inserted - (newCount - oldCount);
+    if (first < 0 || lastChanged < first || replaced < 0 || first + replaced > oldCount) {
+        markAll();
+        return;
+    }
+    const auto begin = m_heights.begin() + first;
+    m_heights.insert(m_heights.erase(begin, begin + replaced), static_cast<size_t>(inserted),
+                     Marked);
+    m_topsValid = std::min(m_topsValid, first);
+    if (m_lastMarked < m_firstMarked) {
+        m_firstMarked = first;
+        m_lastMarked = lastChanged;
+        return;
+    }
+    m_firstMarked = std::min(m_firstMarked, first);
+    m_lastMarked = m_lastMarked < first ? lastChanged
+                                        : std::max(lastChanged, m_lastMarked + newCount - oldCount);
+}
+
+void DocumentLayout::ensureLaidOut() const {
+    if (m_lastMarked < m_firstMarked) {
+        return;
+    }
+    const int first = m_firstMarked;
+    const int last = m_lastMarked;
+    m_firstMarked = 0;
+    m_lastMarked = -1;
+    QTextBlock block = document()->findBlockByNumber(first);
+    for (int number = first; number <= last && block.isValid(); ++number, block = block.next()) {
+        double& height = m_heights[static_cast<size_t>(number)];
+        if (height == Marked) {
+            layOutBlock(block);
+            const QTextLayout* layout = block.layout();
+            const QTextLine bottom = layout->lineAt(layout->lineCount() - 1);
+            height = bottom.y() + bottom.height();
+        }
+    }
+}
+
+void DocumentLayout::layOutBlock(QTextBlock block) const {
+    const ParagraphFormat format = fromBlockFormat(block.blockFormat());
+    QTextLayout* layout = block.layout();
+    layout->setTextOption(optionFor(format));
+    layout->beginLayout();
+    double y = 0;
+    for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+        const int twips =
+            format.leftOffsetTwips + (line.lineNumber() == 0 ? format.firstLineOffsetTwips : 0);
+        const double offset = offsetUnits(twips, m_wrapWidth);
+        line.setLeadingIncluded(true);
+        line.setLineWidth(m_wrapWidth - offset);
+        line.setPosition(QPointF(format.rightToLeft ? 0 : offset, y));
+        y += line.height();
+    }
+    layout->endLayout();
+    if (block.lineCount() != layout->lineCount()) {
+        block.setLineCount(layout->lineCount());
+    }
+}
+
+int DocumentLayout::lineCount() const {
+    ensureLaidOut();
+    const QTextBlock last = document()->lastBlock();
+    return last.firstLineNumber() + last.lineCount();
+}
+
+LinePlace DocumentLayout::lineAt(int number) const {
+    ensureLaidOut();
+    const QTextBlock block = number < 0 ? QTextBlock() : document()->findBlockByLineNumber(number);
+    return block.isValid() ? lineOfBlock(block, number - block.firstLineNumber()) : LinePlace();
+}
+
+LinePlace DocumentLayout::lineOfPosition(int documentPosition) const {
+    ensureLaidOut();
+    const int last = document()->characterCount() - 1;
+    const int position = std::clamp(documentPosition, 0, last);
+    const QTextBlock block = document()->findBlock(position);
+    const QTextLayout* layout = block.layout();
+    int low = 0;
+    int high = layout->lineCount() - 1;
+    while (low < high) {
+        const int middle = (low + high + 1) / 2;
+        if (layout->lineAt(middle).textStart() <= position - block.position()) {
+            low = middle;
+        } else {
+            high = middle - 1;
+        }
+    }
+    return lineOfBlock(block, low);
+}
+
+LinePlace DocumentLayout::lineAtHeight(double units) const {
+    ensureLaidOut();
+    (void)height();
+    const auto after = std::upper_bound(m_tops.begin(), m_tops.end() - 1, units);
+    const auto number = std::max<std::ptrdiff_t>(0, after - m_tops.begin() - 1);
+    const QTextBlock block = document()->findBlockByNumber(static_cast<int>(number));
+    const double inside = units - blockTop(block);
+    const QTextLayout* layout = block.layout();
+    int low = 0;
+    int high = layout->lineCount() - 1;
+    while (low < high) {
+        const int middle = (low + high + 1) / 2;
+        if (layout->lineAt(middle).y() <= inside) {
+            low = middle;
+        } else {
+            high = middle - 1;
+        }
+    }
+    return lineOfBlock(block, low);
+}
+
+LinePlace DocumentLayout::lineOfBlock(const QTextBlock& block, int lineInBlock) const {
+    ensureLaidOut();
+    const QTextLayout* layout = block.layout();
+    if (lineInBlock < 0 || lineInBlock >= layout->lineCount()) {
+        return {};
+    }
+    LinePlace place;
+    place.block = block;
+    place.line = layout->lineAt(lineInBlock);
+    place.number = block.firstLineNumber() + lineInBlock;
+    place.top = blockTop(block) + place.line.y();
+    place.height = place.line.height();
+    return place;
+}
+
+double DocumentLayout::topOfNumber(int blockNumber) const {
+    ensureLaidOut();
+    m_tops.resize(m_heights.size() + 1);
+    for (; m_topsValid < blockNumber; ++m_topsValid) {
+        const auto index = static_cast<size_t>(m_topsValid);
+        m_tops[index + 1] = m_tops[index] + m_heights[index];
+    }
+    return m_tops[static_cast<size_t>(blockNumber)];
+}
+
+double DocumentLayout::blockTop(const QTextBlock& block) const {
+    return topOfNumber(block.blockNumber());
+}
+
+double DocumentLayout::blockHeight(const QTextBlock& block) const {
+    ensureLaidOut();
+    return m_heights[static_cast<size_t>(block.blockNumber())];
+}
+
+double DocumentLayout::height() const {
+    ensureLaidOut();
+    return topOfNumber(static_cast<int>(m_heights.size()));
+}
+
+void DocumentLayout::draw(QPainter* painter, const PaintContext& context) {
+    const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), documentSize());
+    for (QTextBlock block = lineAtHeight(clip.top()).block; block.isValid(); block = block.next()) {
+        const double top = blockTop(block);
+        if (top > clip.bottom()) {
+            return;
+        }
+        block.layout()->draw(painter, QPointF(0, top), {}, clip);
+    }
+}
+
+int DocumentLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const {
+    Q_UNUSED(accuracy)
+    const LinePlace place = lineAtHeight(point.y());
+    return place.block.position() + place.line.xToCursor(point.x());
+}
+
+QSizeF DocumentLayout::documentSize() const {
+    return {m_wrapWidth, height()};
+}
+
+QRectF DocumentLayout::frameBoundingRect(QTextFrame* frame) const {
+    Q_UNUSED(frame)
+    return {QPointF(), documentSize()};
+}
+
+QRectF DocumentLayout::blockBoundingRect(const QTextBlock& block) const {
+    return block.isValid() ? QRectF(0, blockTop(block), m_wrapWidth, blockHeight(block)) : QRectF();
+}
+
+} // namespace velmora

@@ -1,0 +1,112 @@
+#include "platform/rich_text/fragment_document.h"
+
+#include "platform/rich_text/document_layout.h"
+
+#include <QBrush>
+#include <QColor>
+#include <QFont>
+
+#include <algorithm>
+
+namespace velmora {
+
+namespace {
+
+/// Paragraph properties are kept as whole twips of our own: the document's own margins are real
+/// numbers in pixels.
+enum BlockProperty : int {
+    LeftOffset = QTextFormat::UserProperty + 1,
+    FirstLineOffset,
+};
+
+QColor toColor(Rgb24 color) {
+    return QColor::fromRgb(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
+                           static_cast<int>((color >> 16) & 0xFF));
+}
+
+Rgb24 fromBrush(const QBrush& brush) {
+    if (brush.style() == Qt::NoBrush) {
+        return 0;
+    }
+    const QColor color = brush.color();
+    return static_cast<Rgb24>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+} // namespace
+
+QTextCharFormat toTextFormat(const CharacterFormat& format) {
+    QTextCharFormat result;
+    if (!format.fontName.isEmpty()) {
+        result.setFontFamilies({format.fontName});
+    }
+    const int halfPoints = std::clamp(format.halfPoints, CharacterFormat::MinHalfPoints,
+                                      CharacterFormat::MaxHalfPoints);
+    result.setProperty(QTextFormat::FontPixelSize, halfPoints * DocumentLayout::UnitsPerHalfPoint);
+    result.setFontHintingPreference(QFont::PreferNoHinting);
+    result.setForeground(toColor(format.color));
+    if (format.backColor != 0) {
+        result.setBackground(toColor(format.backColor));
+    }
+    if (format.bold) {
+        result.setFontWeight(QFont::Bold);
+    }
+    if (format.italic) {
+        result.setFontItalic(true);
+    }
+    if (format.underline) {
+        result.setFontUnderline(true);
+    }
+    if (format.strikeThrough) {
+        result.setFontStrikeOut(true);
+    }
+    return result;
+}
+
+CharacterFormat fromTextFormat(const QTextCharFormat& format) {
+    CharacterFormat result;
+    result.fontName = format.fontFamilies().toStringList().value(0);
+    if (const int pixels = format.intProperty(QTextFormat::FontPixelSize); pixels > 0) {
+        result.halfPoints = pixels / DocumentLayout::UnitsPerHalfPoint;
+    }
+    result.color = fromBrush(format.foreground());
+    result.backColor = fromBrush(format.background());
+    result.bold = format.fontWeight() > QFont::Medium;
+    result.italic = format.fontItalic();
+    result.underline = format.fontUnderline();
+    result.strikeThrough = format.fontStrikeOut();
+    return result;
+}
+
+QTextBlockFormat toBlockFormat(const ParagraphFormat& format) {
+    QTextBlockFormat result;
+    if (format.alignment != Alignment::Left) {
+        result.setAlignment(format.alignment == Alignment::Right ? Qt::AlignRight
+                                                                 : Qt::AlignHCenter);
+    }
+    if (format.rightToLeft) {
+        result.setLayoutDirection(Qt::RightToLeft);
+    }
+    if (format.leftOffsetTwips != 0) {
+        result.setProperty(LeftOffset, format.leftOffsetTwips);
+    }
+    if (format.firstLineOffsetTwips != 0) {
+        result.setProperty(FirstLineOffset, format.firstLineOffsetTwips);
+    }
+    return result;
+}
+
+ParagraphFormat fromBlockFormat(const QTextBlockFormat& format) {
+    ParagraphFormat result;
+    const Qt::Alignment alignment = format.alignment();
+    if (alignment.testFlag(Qt::AlignRight)) {
+        result.alignment = Alignment::Right;
+    } else if (alignment.testFlag(Qt::AlignHCenter)) {
+        result.alignment = Alignment::Centre;
+    }
+    result.rightToLeft = format.layoutDirection() == Qt::RightToLeft;
+    result.leftOffsetTwips = format.intProperty(LeftOffset);
+    result.firstLineOffsetTwips = format.intProperty(FirstLineOffset);
+    return result;
+}
+
+} // namespace velmora
