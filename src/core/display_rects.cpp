@@ -1,0 +1,45 @@
+#include "core/display_rects.h"
+
+#include "core/session.h"
+#include "platform/desktop/monitors.h"
+
+namespace velmora {
+
+namespace {
+
+void fill(DisplayState& displays, int left, int top, int width, int height) {
+    displays.DisplayLeft = left;
+    displays.DisplayTop = top;
+    displays.DisplayWidth = width;
+    displays.DisplayHeight = height;
+}
+
+} // namespace
+
+void GetDisplayRect(Session& session, int n) {
+    DisplayState& d = session.displays;
+    if (n != 1) {
+        // Otherwise a missing second display would look like the one asked for before it.
+        fill(d, 0, 0, 0, 0);
+    }
+    if (d.CmdDisplaysGiven == 1) {
+        if (n == 1) {
+            fill(d, d.CmdDisplay1Left, d.CmdDisplay1Top, d.CmdDisplay1Width, d.CmdDisplay1Height);
+        } else {
+            fill(d, d.CmdDisplay2Left, d.CmdDisplay2Top, d.CmdDisplay2Width, d.CmdDisplay2Height);
+        }
+        return;
+    }
+    const auto monitors = session.platform.monitors.displays();
+    const auto index = static_cast<std::size_t>(n - 1);
+    if (n >= 1 && index < monitors.size()) {
+        const QRect& monitor = monitors[index];
+        fill(d, monitor.left(), monitor.top(), monitor.width(), monitor.height());
+    }
+}
+
+bool displayFound(const Session& session) {
+    return session.displays.DisplayWidth != 0 || session.displays.DisplayHeight != 0;
+}
+
+} // namespace velmora

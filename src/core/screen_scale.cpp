@@ -1,0 +1,47 @@
+#include "core/screen_scale.h"
+
+#include "core/number_format.h"
+#include "core/session.h"
+#include "platform/desktop/monitors.h"
+
+#include <QSize>
+
+namespace velmora {
+
+namespace {
+
+constexpr double ReferenceWidth = 640;
+constexpr double ReferenceHeight = 480;
+/// Left and right inset of the text in its column, in unzoomed pixels.
+constexpr double ColumnInset = 16;
+
+} // namespace
+
+double scaleXFor(double pixelsWide) {
+    return pixelsWide / ReferenceWidth;
+}
+
+double scaleYFor(double pixelsHigh) {
+    return pixelsHigh / ReferenceHeight + (pixelsHigh - ReferenceHeight) / ReferenceHeight / 10;
+}
+
+void measureScreen(const Monitors& monitors, ScreenState& screen) {
+    const QSize size = monitors.primarySize();
+    screen.ScreenPixelsWide = size.width();
+    screen.ScreenPixelsHigh = size.height();
+    screen.ScaleX = scaleXFor(screen.ScreenPixelsWide);
+    screen.ScaleY = scaleYFor(screen.ScreenPixelsHigh);
+    screen.ColorDepth = monitors.colorDepth();
+    screen.HighColorDisplay = screen.ColorDepth > 8 ? 1 : 0;
+}
+
+double editorZoom(const ScreenState& screen) {
+    return static_cast<double>(roundHalfEven(screen.ScaleX * 20)) / 10;
+}
+
+double wrapWidthForMargin(int columnMargin) {
+    // The editor shows everything at twice ScaleX: hence the half.
+    return (ReferenceWidth - columnMargin) / 2 - ColumnInset;
+}
+
+} // namespace velmora

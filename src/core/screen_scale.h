@@ -1,0 +1,28 @@
+#pragma once
+
+namespace velmora {
+
+class Monitors;
+struct ScreenState;
+
+/// Limits of ColumnMargin, the width that the text column gives up.
+inline constexpr int MinColumnMargin = 12;
+inline constexpr int MaxColumnMargin = 320;
+
+/// Fills the whole ScreenState from the primary screen.
+void measureScreen(const Monitors& monitors, ScreenState& screen);
+
+/// ScaleX of a screen so many pixels wide.
+[[nodiscard]] double scaleXFor(double pixelsWide);
+/// ScaleY of a screen so many pixels high, a tenth of the growth above the plain ratio included.
+[[nodiscard]] double scaleYFor(double pixelsHigh);
+
+/// The editor's zoom: ScaleX * 20 rounded to a whole number, over 10. Screen pixels for one 96-dpi
+/// pixel of the document.
+[[nodiscard]] double editorZoom(const ScreenState& screen);
+
+/// The width at which the script wraps, in unzoomed 96-dpi pixels. It depends on the column's
+/// margin alone, so that lines break alike on every screen.
+[[nodiscard]] double wrapWidthForMargin(int columnMargin);
+
+} // namespace velmora

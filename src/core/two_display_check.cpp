@@ -1,0 +1,79 @@
+#include "core/two_display_check.h"
+
+#include "core/display_rects.h"
+#include "core/screen_scale.h"
+#include "core/session.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr int TwoDisplays = 4;
+constexpr double ReferenceWidth = 640;
+/// What the display's own frame and controls take of its width, in pixels.
+constexpr int DisplayExtras = 53;
+
+/// The slider with its minimum at the first margin whose column fits a display; as it was when none
+/// does.
+ColumnSlider fittedTo(int displayWidth, double scaleX, ColumnSlider slider) {
+    for (int margin = slider.minimum; margin <= slider.maximum; ++margin) {
+        if (scaleX * ReferenceWidth - scaleX * margin <= displayWidth - DisplayExtras) {
+            slider.minimum = margin;
+            if (slider.value < margin) {
+                slider.value = margin;
+            }
+            break;
+        }
+    }
+    return slider;
+}
+
+enum class NarrowerFirst { KeepsMinimum, ResetsMinimum };
+
+TwoDisplayCheck check(Session& session, const ColumnSlider& slider, NarrowerFirst otherwise) {
+    GetDisplayRect(session, 1);
+    const int firstWidth = session.displays.DisplayWidth;
+    GetDisplayRect(session, 2);
+    TwoDisplayCheck result{slider, false};
+    if (!displayFound(session)) {
+        result.messageDue = true;
+    } else if (firstWidth > session.displays.DisplayWidth) {
+        result.slider = fittedTo(session.displays.DisplayWidth, session.screen.ScaleX, slider);
+    } else if (otherwise == NarrowerFirst::ResetsMinimum) {
+        result.slider.minimum = MinColumnMargin;
+    }
+    return result;
+}
+
+} // namespace
+
+TwoDisplayCheck checkTwoDisplaysAtStart(Session& session, const ColumnSlider& slider) {
+    return check(session, slider, NarrowerFirst::KeepsMinimum);
+}
+
+TwoDisplayCheck checkTwoDisplaysAfterSetup(Session& session, const ColumnSlider& slider,
+                                           int mirrorModeBefore) {
+    const int mirrorMode = session.settings.MirrorMode;
+    if (mirrorMode == mirrorModeBefore) {
+        return {slider, false};
+    }
+    if (mirrorMode == TwoDisplays) {
+        return check(session, slider, NarrowerFirst::ResetsMinimum);
+    }
+    TwoDisplayCheck result{slider, false};
+    result.slider.minimum = MinColumnMargin;
+    return result;
+}
+
+QString displayMissingTitle() {
+    return QStringLiteral("Display 2 Not Available");
+}
+
+QString displayMissingText() {
+    return QStringLiteral(
+        "I can only detect 1 available display, and you have specified two displays in the Setup.  "
+        "Please enable Display 2 using the Display Properties Settings, or select a single monitor "
+        "setting in the Setup Menu.");
+}
+
+} // namespace velmora
