@@ -1,0 +1,134 @@
+#include "platform/desktop/file_dialogs_widgets.h"
+
+#include "platform/desktop/message_boxes.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace velmora {
+
+namespace {
+
+/// Where file names keep case, "*.RTF" has to find show.rtf and Show.Rtf too. Elsewhere the system
+/// ignores case and its own dialog would not understand the brackets.
+QString anyCase(const QString& pattern) {
+#if defined(Q_OS_WIN) || defined(Q_OS_DARWIN)
+    return pattern;
+#else
+    QString result;
+    for (const QChar character : pattern) {
+        if (character.isLetter()) {
+            result += u'[' + character.toLower() + character.toUpper() + u']';
+        } else {
+            result += character;
+        }
+    }
+    return result;
+#endif
+}
+
+QString existingFolder(const QString& wanted) {
+    if (!wanted.isEmpty() && QFileInfo(wanted).isDir()) {
+        return wanted;
+    }
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+void prepare(QFileDialog& dialog, const FileDialogRequest& request) {
+#ifdef Q_OS_LINUX
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+#endif
+    // The label names the patterns already; without this the bracketed ones would be shown.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    if (!request.title.isEmpty()) {
+        dialog.setWindowTitle(request.title);
+    }
+    QStringList filters;
+    std::transform(request.filters.cbegin(), request.filters.cend(), std::back_inserter(filters),
+                   dialogFilter);
+    dialog.setNameFilters(filters);
+    if (request.filterIndex >= 1 && request.filterIndex <= filters.size()) {
+        dialog.selectNameFilter(filters.at(request.filterIndex - 1));
+    }
+    dialog.setDefaultSuffix(request.defaultExtension);
+    dialog.setDirectory(existingFolder(request.folder));
+    if (!request.fileName.isEmpty()) {
+        dialog.selectFile(request.fileName);
+    }
+}
+
+std::optional<FileDialogChoice> run(QFileDialog& dialog) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    const auto index = dialog.nameFilters().indexOf(dialog.selectedNameFilter());
+    return FileDialogChoice{QFileInfo(dialog.selectedFiles().constFirst()).absoluteFilePath(),
+                            static_cast<int>(std::max<qsizetype>(index, 0)) + 1};
+}
+
+} // namespace
+
+QString dialogFilter(const QString& filter) {
+    static const QRegularExpression separators(QStringLiteral("[\\s,;]+"));
+    const auto open = filter.lastIndexOf(u'(');
+    const auto close = filter.lastIndexOf(u')');
+    if (open < 0 || close < open) {
+        return filter;
+    }
+    const QStringList named =
+        filter.mid(open + 1, close - open - 1).split(separators, Qt::SkipEmptyParts);
+    QStringList patterns;
+    std::transform(named.cbegin(), named.cend(), std::back_inserter(patterns),
+                   [](const QString& pattern) {
+                       return pattern == u"*.*" ? QStringLiteral("*") : anyCase(pattern);
+                   });
+    return filter + QStringLiteral(" (") + patterns.join(u' ') + u')';
+}
+
+std::optional<FileDialogChoice> WidgetFileDialogs::open(const FileDialogRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    prepare(dialog, request);
+    return run(dialog);
+}
+
+std::optional<FileDialogChoice> WidgetFileDialogs::save(const FileDialogRequest& request) {
+    FileDialogRequest next = request;
+    while (true) {
+        QFileDialog dialog(QApplication::activeWindow());
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        // Asked below, about the file that is really written.
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+        prepare(dialog, next);
+        const auto choice = run(dialog);
+        if (!choice || mayReplace(request, *choice)) {
+            return choice;
+        }
+        next.fileName = choice->path;
+        next.filterIndex = choice->filterIndex;
+    }
+}
+
+bool WidgetFileDialogs::mayReplace(const FileDialogRequest& request,
+                                   const FileDialogChoice& choice) {
+    const QString target = request.writtenPath ? request.writtenPath(choice) : choice.path;
+    const QFileInfo file(target);
+    if (!file.exists() || (!request.ownFile.isEmpty() && file == QFileInfo(request.ownFile))) {
+        return true;
+    }
+    const QString question =
+        QStringLiteral("%1 Already Exists.\nDo You Want To Replace It?").arg(file.fileName());
+    return m_boxes.show(MessageIcon::Warning, QStringLiteral("Replace File?"), question,
+                        MessageButtons::YesNo) == MessageAnswer::Yes;
+}
+
+} // namespace velmora

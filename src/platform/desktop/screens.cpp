@@ -1,0 +1,67 @@
+#include "platform/desktop/screens.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+#include <tuple>
+
+namespace velmora {
+
+namespace {
+
+constexpr int RowPixels = 480;
+constexpr double FallbackRefreshRate = 60;
+
+QRect realPixels(const QScreen& screen) {
+    const QRect logical = screen.geometry();
+    return {logical.topLeft(), logical.size() * screen.devicePixelRatio()};
+}
+
+} // namespace
+
+std::vector<QRect> inReadingOrder(std::vector<QRect> displays) {
+    if (displays.empty()) {
+        return displays;
+    }
+    const auto topmost = [](const QRect& a, const QRect& b) { return a.top() < b.top(); };
+    const int desktopTop = std::min_element(displays.begin(), displays.end(), topmost)->top();
+    // The row is that of the first point at half a row's height that the display can hold.
+    const auto key = [desktopTop](const QRect& display) {
+        const int row = (display.top() - desktopTop + RowPixels / 2 - 1) / RowPixels;
+        return std::make_tuple(row, display.left(), display.top(), display.width(),
+                               display.height());
+    };
+    std::sort(displays.begin(), displays.end(),
+              [&key](const QRect& a, const QRect& b) { return key(a) < key(b); });
+    displays.erase(std::unique(displays.begin(), displays.end()), displays.end());
+    return displays;
+}
+
+std::vector<QRect> Screens::displays() const {
+    std::vector<QRect> rectangles;
+    const auto screens = QGuiApplication::screens();
+    for (const QScreen* screen : screens) {
+        rectangles.push_back(realPixels(*screen));
+    }
+    return inReadingOrder(std::move(rectangles));
+}
+
+QSize Screens::primarySize() const {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen == nullptr ? QSize(640, 480) : realPixels(*screen).size();
+}
+
+int Screens::colorDepth() const {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen == nullptr ? 32 : screen->depth();
+}
+
+double Screens::refreshRate() const {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    // Virtual screens tell 0 or 1.
+    return screen == nullptr || screen->refreshRate() < 2 ? FallbackRefreshRate
+                                                          : screen->refreshRate();
+}
+
+} // namespace velmora

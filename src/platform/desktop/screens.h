@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/desktop/monitors.h"
+
+namespace velmora {
+
+/// The displays as Qt tells them; needs a QGuiApplication. Displays that show the same rectangle
+/// (a mirrored desktop) count as one.
+class Screens final : public Monitors {
+public:
+    [[nodiscard]] std::vector<QRect> displays() const override;
+    [[nodiscard]] QSize primarySize() const override;
+    [[nodiscard]] int colorDepth() const override;
+    [[nodiscard]] double refreshRate() const override;
+};
+
+/// Puts displays in the order of reading: by rows of 480 pixels from the desktop's top, within a
+/// row from the left. A display that hangs a little lower than its neighbour stays in its row.
+/// Equal rectangles are kept once.
+[[nodiscard]] std::vector<QRect> inReadingOrder(std::vector<QRect> displays);
+
+} // namespace velmora

@@ -1,0 +1,171 @@
+#include "platform/desktop/file_dialogs_widgets.h"
+#include "support/fake_file_dialogs.h"
+#include "support/fake_message_boxes.h"
+#include "support/modal_action.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace velmora {
+namespace {
+
+/// A folder with a few files, and a request for it.
+class FileDialogTest : public ::testing::Test {
+protected:
+    FileDialogTest() {
+        for (const char* name : {"show.rtf", "Show2.Rtf", "note.txt", "picture.png", "noending"}) {
+            QFile file(path(QString::fromLatin1(name)));
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        }
+        request.filters = {QStringLiteral("Text Files (*.TXT)"),
+                           QStringLiteral("Rich Text (*.RTF)"),
+                           QStringLiteral("All Documents (*.*)")};
+        request.filterIndex = 2;
+        request.defaultExtension = QStringLiteral(".rtf");
+        request.folder = folder.path();
+    }
+    [[nodiscard]] QString path(const QString& name) const { return folder.filePath(name); }
+
+    /// Types a name and presses Enter in the dialog.
+    static void enterName(QWidget& window, const QString& name) {
+        auto* edit = window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(edit, nullptr);
+        edit->setText(name);
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+
+    QTemporaryDir folder;
+    FileDialogRequest request;
+    FakeMessageBoxes boxes;
+    WidgetFileDialogs dialogs{boxes};
+};
+
+TEST(FileDialogsContract, CancelGivesNothingAndAChoiceIsAbsoluteWithItsFilter) {
+    FakeMessageBoxes boxes;
+    WidgetFileDialogs real(boxes);
+    FakeFileDialogs fake;
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("a.rtf"));
+    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+    const FileDialogRequest request{
+        .title = QStringLiteral("Load"),
+        .filters = {QStringLiteral("Text (*.TXT)"), QStringLiteral("Rich Text (*.RTF)")},
+        .filterIndex = 2,
+        .defaultExtension = QStringLiteral(".rtf"),
+        .folder = folder.path(),
+        .fileName = QString()};
+    for (FileDialogs* dialogs :
+         {static_cast<FileDialogs*>(&real), static_cast<FileDialogs*>(&fake)}) {
+        {
+            const ModalAction user([](QWidget& window) { window.close(); });
+            EXPECT_FALSE(dialogs->open(request).has_value());
+        }
+        fake.choose(file, 2);
+        const ModalAction user([](QWidget& window) {
+            window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+                ->setText(QStringLiteral("a.rtf"));
+            static_cast<QDialog&>(window).accept();
+        });
+        const auto choice = dialogs->open(request);
+        ASSERT_TRUE(choice.has_value());
+        EXPECT_EQ(choice->path, file);
+        EXPECT_EQ(choice->filterIndex, 2);
+    }
+}
+
+TEST_F(FileDialogTest, FiltersIgnoreCaseAndAllDocumentsShowsFilesWithoutAnEnding) {
+    struct Row final {
+        int filterIndex;
+        QStringList shown;
+    };
+    const Row rows[] = {
+        {1, {QStringLiteral("note.txt")}},
+        {2, {QStringLiteral("Show2.Rtf"), QStringLiteral("show.rtf")}},
+        {3,
+         {QStringLiteral("Show2.Rtf"), QStringLiteral("noending"), QStringLiteral("note.txt"),
+          QStringLiteral("picture.png"), QStringLiteral("show.rtf")}},
+    };
+    for (const Row& row : rows) {
+        request.filterIndex = row.filterIndex;
+        QStringList shown;
+        QString label;
+        ModalAction user([&](QWidget& window) {
+            auto* view = window.findChild<QAbstractItemView*>(QStringLiteral("listView"));
+            const auto count = [view] { return view->model()->rowCount(view->rootIndex()); };
+            static_cast<void>(QTest::qWaitFor([&] { return count() == row.shown.size(); }, 2000));
+            for (int i = 0; i < count(); ++i) {
+                shown += view->model()->index(i, 0, view->rootIndex()).data().toString();
+            }
+            shown.sort();
+            label = window.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))->currentText();
+            window.close();
+        });
+        EXPECT_FALSE(dialogs.open(request).has_value());
+        EXPECT_EQ(shown, row.shown);
+        EXPECT_EQ(label, request.filters.at(row.filterIndex - 1));
+    }
+}
+
+TEST_F(FileDialogTest, SavingAddsTheDefaultEndingOnlyWhereNoneWasTyped) {
+    struct Row final {
+        const char16_t* typed;
+        const char16_t* saved;
+    };
+    for (const Row& row : {Row{u"new", u"new.rtf"}, Row{u"new.txt", u"new.txt"}}) {
+        const ModalAction user(
+            [&row](QWidget& window) { enterName(window, QString::fromUtf16(row.typed)); });
+        const auto choice = dialogs.save(request);
+        ASSERT_TRUE(choice.has_value());
+        EXPECT_EQ(choice->path, path(QString::fromUtf16(row.saved)));
+        EXPECT_TRUE(boxes.boxes.empty());
+    }
+}
+
+TEST_F(FileDialogTest, AMissingFolderOpensAnotherOneAndAFullPathIsOffered) {
+    request.folder = path(QStringLiteral("gone"));
+    request.fileName = path(QStringLiteral("show.rtf"));
+    request.ownFile = request.fileName;
+    const ModalAction user([](QWidget& window) { static_cast<QDialog&>(window).accept(); });
+    const auto choice = dialogs.save(request);
+    ASSERT_TRUE(choice.has_value());
+    EXPECT_EQ(choice->path, path(QStringLiteral("show.rtf")));
+    EXPECT_TRUE(boxes.boxes.empty());
+}
+
+TEST_F(FileDialogTest, ReplacingAnotherFileIsAskedAndNoLeadsBackToTheDialog) {
+    request.fileName = QStringLiteral("note.rtf");
+    // The program writes text where the text filter is in force, whatever was typed.
+    request.filterIndex = 1;
+    request.writtenPath = [](const FileDialogChoice& choice) {
+        return choice.path.left(choice.path.lastIndexOf(u'.')) + QStringLiteral(".txt");
+    };
+    std::unique_ptr<ModalAction> second;
+    int questions = 0;
+    boxes.whileOpen = [&] {
+        ++questions;
+        second = std::make_unique<ModalAction>([](QWidget& window) {
+            EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
+                      QStringLiteral("note.rtf"));
+            enterName(window, QStringLiteral("other.rtf"));
+        });
+    };
+    boxes.answers = {MessageAnswer::No};
+    const ModalAction first([](QWidget& window) { static_cast<QDialog&>(window).accept(); });
+    const auto choice = dialogs.save(request);
+    ASSERT_TRUE(choice.has_value());
+    EXPECT_EQ(choice->path, path(QStringLiteral("other.rtf")));
+    EXPECT_EQ(choice->filterIndex, 1);
+    ASSERT_EQ(questions, 1);
+    EXPECT_TRUE(boxes.boxes.front().text.contains(QStringLiteral("note.txt")));
+}
+
+} // namespace
+} // namespace velmora

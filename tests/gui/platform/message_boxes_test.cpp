@@ -1,0 +1,83 @@
+#include "platform/desktop/message_boxes_widgets.h"
+#include "support/fake_message_boxes.h"
+#include "support/modal_action.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QTest>
+
+namespace velmora {
+namespace {
+
+/// What a user does to a box, and what the box answers.
+struct BoxCase final {
+    MessageButtons buttons;
+    /// Caption of the button; null: the window is closed by its frame.
+    const char16_t* pressed;
+    MessageAnswer answer;
+};
+
+const BoxCase boxCases[] = {
+    {MessageButtons::Ok, u"OK", MessageAnswer::Ok},
+    {MessageButtons::Ok, nullptr, MessageAnswer::Ok},
+    {MessageButtons::OkCancel, u"OK", MessageAnswer::Ok},
+    {MessageButtons::OkCancel, u"Cancel", MessageAnswer::Cancel},
+    {MessageButtons::OkCancel, nullptr, MessageAnswer::Cancel},
+    {MessageButtons::YesNo, u"Yes", MessageAnswer::Yes},
+    {MessageButtons::YesNo, u"No", MessageAnswer::No},
+    {MessageButtons::YesNo, nullptr, MessageAnswer::No},
+    {MessageButtons::YesNoCancel, u"Yes", MessageAnswer::Yes},
+    {MessageButtons::YesNoCancel, u"No", MessageAnswer::No},
+    {MessageButtons::YesNoCancel, u"Cancel", MessageAnswer::Cancel},
+    {MessageButtons::YesNoCancel, nullptr, MessageAnswer::Cancel},
+};
+
+const QString title = QStringLiteral("Append Text");
+const QString text = QStringLiteral("<b>C:/a & b</b>\nis no markup");
+
+TEST(MessageBoxesContract, TheWidgetAnswersAsTheButtonOrTheFrameSays) {
+    WidgetMessageBoxes boxes;
+    for (const BoxCase& row : boxCases) {
+        ModalAction user([&row](QWidget& window) {
+            if (row.pressed != nullptr) {
+                clickButton(window, row.pressed);
+            } else {
+                window.close();
+            }
+        });
+        EXPECT_EQ(boxes.show(MessageIcon::Question, title, text, row.buttons), row.answer);
+        EXPECT_TRUE(user.done());
+        EXPECT_FALSE(user.expired());
+    }
+}
+
+TEST(MessageBoxesContract, TheFakeAnswersAsTheButtonOrTheFrameSays) {
+    for (const BoxCase& row : boxCases) {
+        FakeMessageBoxes boxes;
+        if (row.pressed != nullptr) {
+            boxes.answers.push_back(row.answer);
+        }
+        EXPECT_EQ(boxes.show(MessageIcon::Question, title, text, row.buttons), row.answer);
+    }
+}
+
+TEST(WidgetMessageBoxes, EscapeAnswersAsTheFrameAndTheTextIsShownAsItIs) {
+    WidgetMessageBoxes boxes;
+    bool textFound = false;
+    ModalAction user([&textFound](QWidget& window) {
+        const auto labels = window.findChildren<QLabel*>();
+        for (const QLabel* label : labels) {
+            textFound =
+                textFound || (label->text() == text && label->textFormat() == Qt::PlainText);
+        }
+        QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    EXPECT_EQ(boxes.show(MessageIcon::Critical, title, text, MessageButtons::YesNo),
+              MessageAnswer::No);
+    EXPECT_TRUE(textFound);
+    EXPECT_FALSE(user.expired());
+}
+
+} // namespace
+} // namespace velmora
