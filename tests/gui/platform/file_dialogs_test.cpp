@@ -65,10 +65,11 @@ TEST(FileDialogsContract, CancelGivesNothingAndAChoiceIsAbsoluteWithItsFilter) {
     for (FileDialogs* dialogs :
          {static_cast<FileDialogs*>(&real), static_cast<FileDialogs*>(&fake)}) {
         {
+            fake.choices.clear();
             const ModalAction user([](QWidget& window) { window.close(); });
             EXPECT_FALSE(dialogs->open(request).has_value());
         }
-        fake.choose(file, 2);
+        fake.choices = {FileDialogChoice{file, 2}};
         const ModalAction user([](QWidget& window) {
             window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
                 ->setText(QStringLiteral("a.rtf"));
