@@ -64,13 +64,24 @@ void prepare(QFileDialog& dialog, const FileDialogRequest& request) {
     }
 }
 
-std::optional<FileDialogChoice> run(QFileDialog& dialog) {
+/// 1-based. The dialog names its filter with or without the patterns, as its version has it.
+int chosenFilter(const QFileDialog& dialog, const FileDialogRequest& request) {
+    const QString selected = dialog.selectedNameFilter().trimmed();
+    const auto filter = std::find_if(
+        request.filters.cbegin(), request.filters.cend(), [&selected](const QString& candidate) {
+            return candidate.trimmed() == selected || dialogFilter(candidate).trimmed() == selected;
+        });
+    return filter == request.filters.cend()
+               ? 1
+               : static_cast<int>(std::distance(request.filters.cbegin(), filter)) + 1;
+}
+
+std::optional<FileDialogChoice> run(QFileDialog& dialog, const FileDialogRequest& request) {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }
-    const auto index = dialog.nameFilters().indexOf(dialog.selectedNameFilter());
     return FileDialogChoice{QFileInfo(dialog.selectedFiles().constFirst()).absoluteFilePath(),
-                            static_cast<int>(std::max<qsizetype>(index, 0)) + 1};
+                            chosenFilter(dialog, request)};
 }
 
 } // namespace
@@ -97,7 +108,7 @@ std::optional<FileDialogChoice> WidgetFileDialogs::open(const FileDialogRequest&
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     prepare(dialog, request);
-    return run(dialog);
+    return run(dialog, request);
 }
 
 std::optional<FileDialogChoice> WidgetFileDialogs::save(const FileDialogRequest& request) {
@@ -109,7 +120,7 @@ std::optional<FileDialogChoice> WidgetFileDialogs::save(const FileDialogRequest&
         // Asked below, about the file that is really written.
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
         prepare(dialog, next);
-        const auto choice = run(dialog);
+        const auto choice = run(dialog, next);
         if (!choice || mayReplace(request, *choice)) {
             return choice;
         }
