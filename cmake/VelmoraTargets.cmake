@@ -62,6 +62,9 @@ function(velmora_tests name folder)
     set(arg_TIMEOUT 300)
   endif()
   add_test(NAME ${name} COMMAND ${name})
+  # A home of its own: no test reads or writes what belongs to the user who runs it.
+  set(home ${CMAKE_CURRENT_BINARY_DIR}/${name}_home)
+  file(MAKE_DIRECTORY ${home})
   set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT}
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;VELMORA_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;HOME=${home};XDG_CONFIG_HOME=${home}/config;VELMORA_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
 endfunction()

@@ -1,0 +1,161 @@
+"""What the end-to-end tests stand on: a desk with a screen of its own, the real program on it,
+real keys and pictures of the screen. Standard library only; Desk is the whole of it."""
+
+import os
+import re
+import shutil
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tools"))
+from virtual_screen import VirtualScreen  # noqa: E402
+
+MAIN_WINDOW = "^Velmora V12\\.0"
+HELP_WINDOW = "^Multiple Monitors"
+
+
+class Picture:
+    """A picture of the screen, 8 bits a channel, red first. Rows and columns count from 0."""
+
+    def __init__(self, width, height, pixels):
+        self.width, self.height, self._pixels = width, height, pixels
+
+    @classmethod
+    def from_ppm(cls, data):
+        header = re.match(rb"P6\s(?:#[^\n]*\n)*(\d+)\s+(\d+)\s+255\s", data)
+        if header is None:
+            raise ValueError("not a binary PPM of 8 bits a channel")
+        width, height = int(header[1]), int(header[2])
+        pixels = data[header.end():]
+        if len(pixels) != width * height * 3:
+            raise ValueError(f"{len(pixels)} bytes of pixels for {width} by {height}")
+        return cls(width, height, pixels)
+
+    def row(self, y, left=0, right=None):
+        right = self.width if right is None else right
+        start = y * self.width * 3
+        return self._pixels[start + left * 3:start + right * 3]
+
+    def pixel(self, x, y):
+        return tuple(self.row(y, x, x + 1))
+
+    def rows(self, box):
+        """The rows inside box = (left, top, right, bottom), ends excluded."""
+        left, top, right, bottom = box
+        return [self.row(y, left, right) for y in range(top, bottom)]
+
+    def rise_since(self, earlier, box, most):
+        """By how many rows the content of box moved up since the earlier picture, 0 to most; None
+        if no shift makes the two alike to the pixel. Blank rows alone prove nothing: what is
+        compared must hold a good number of different rows."""
+        before, now = earlier.rows(box), self.rows(box)
+        for rise in range(most + 1):
+            common = now[:len(now) - rise]
+            if common == before[rise:] and len(set(common)) > 20:
+                return rise
+        return None
+
+    def save(self, path):
+        with open(path, "wb") as file:
+            file.write(b"P6\n%d %d\n255\n" % (self.width, self.height))
+            file.write(self._pixels)
+
+
+class Desk(VirtualScreen):
+    """A virtual screen with a program on it. Everything ends with the desk."""
+
+    def start(self, program, *arguments):
+        """Starts a copy of the program in a folder of its own, so that the files it keeps beside
+        itself are its own too and there are none at first."""
+        folder = self.home / "program"
+        folder.mkdir(exist_ok=True)
+        copy = folder / Path(program).name
+        if not copy.exists():
+            shutil.copy2(program, copy)
+        self.program = self.spawn([copy, *arguments])
+        return self.program
+
+    def wait_until(self, what, condition, seconds=20):
+        """Polls until condition() gives something true, and returns it."""
+        deadline = time.monotonic() + seconds
+        while True:
+            result = condition()
+            if result:
+                return result
+            if time.monotonic() > deadline:
+                raise AssertionError(f"waited {seconds} s in vain for {what}; "
+                                     f"windows: {self.window_titles()}")
+            time.sleep(0.05)
+
+    def windows(self, title):
+        """The visible windows whose title matches the regular expression."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title],
+                               env=self.environment, capture_output=True, text=True)
+        return found.stdout.split()
+
+    def window_titles(self):
+        return [self.call("xdotool", "getwindowname", window).decode().strip()
+                for window in self.windows(".+")]
+
+    def wait_for_window(self, title, seconds=20):
+        """Waits for a window and returns it. Fails at once if the program has ended meanwhile."""
+        def shown():
+            program = getattr(self, "program", None)
+            if program is not None and program.poll() is not None:
+                raise AssertionError(f"the program ended ({program.returncode}) "
+                                     f"before a window {title!r} was there")
+            return self.windows(title)
+        return self.wait_until(f"a window {title!r}", shown, seconds)[0]
+
+    def wait_until_gone(self, title, seconds=20):
+        self.wait_until(f"the end of {title!r}", lambda: not self.windows(title), seconds)
+
+    def wait_for_focus(self, window, seconds=20):
+        def focused():
+            found = subprocess.run(["xdotool", "getwindowfocus"], env=self.environment,
+                                   capture_output=True, text=True)
+            return found.stdout.strip() == window
+        self.wait_until(f"the focus on window {window}", focused, seconds)
+
+    def key(self, *keys):
+        """Presses keys as at the keyboard, one after the other, by their X names ("ctrl+l")."""
+        for name in keys:
+            self.call("xdotool", "key", name)
+
+    def type(self, text):
+        for character in text:
+            self.call("xdotool", "type", "--", character)
+
+    def click(self, x, y, button=1):
+        self.call("xdotool", "mousemove", x, y)
+        self.call("xdotool", "click", button)
+
+    def geometry(self, window):
+        """Left, top, width and height of a window's inside, in pixels of the screen."""
+        # Not by xdotool, which counts the frame's thickness twice.
+        printed = self.call("xwininfo", "-id", window).decode()
+        values = dict(re.findall(r"^ *([A-Za-z- ]+): *(-?\d+)$", printed, re.MULTILINE))
+        return tuple(int(values[name]) for name in (
+            "Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+
+    def close_by_frame(self):
+        """Asks the focused window to close, the way the cross in its frame does."""
+        self.key("alt+F4")
+
+    def picture(self):
+        return Picture.from_ppm(
+            self.call("import", "-silent", "-window", "root", "-depth", "8", "ppm:-"))
+
+    def keep(self, picture, name):
+        """Leaves a picture where somebody can look at it, if such a place is named."""
+        folder = os.environ.get("VELMORA_E2E_PICTURES")
+        if folder:
+            picture.save(Path(folder) / f"{name}.ppm")
+
+
+def program_path():
+    """The program under test; the tests are told by CTest, and can be by hand."""
+    return os.environ.get("VELMORA_PROGRAM", str(ROOT / "build/release/velmora"))

@@ -1,0 +1,76 @@
+"""The harness itself: what the other end-to-end tests rely on holds, and its judgements can
+fail."""
+
+import unittest
+
+from harness import Desk, Picture
+
+
+def picture_of(rows):
+    return Picture(2, len(rows), b"".join(bytes(row) * 2 for row in rows))
+
+
+class PictureTest(unittest.TestCase):
+    def test_a_rise_is_found_to_the_row_and_refused_for_a_single_wrong_pixel(self):
+        tall = [(n, 255 - n, n // 2) for n in range(200)]
+        box = (0, 0, 2, 100)
+        before, after = picture_of(tall[:100]), picture_of(tall[7:107])
+        self.assertEqual(after.rise_since(before, box, 20), 7)
+        self.assertEqual(before.rise_since(before, box, 20), 0)
+        self.assertIsNone(after.rise_since(before, box, 6))
+        self.assertIsNone(before.rise_since(after, box, 20), "it moved down, not up")
+        torn = picture_of(tall[7:50] + [(0, 0, 0)] + tall[51:107])
+        self.assertIsNone(torn.rise_since(before, box, 20))
+
+    def test_an_empty_picture_has_moved_nowhere(self):
+        blank = picture_of([(0, 0, 0)] * 100)
+        self.assertIsNone(blank.rise_since(blank, (0, 0, 2, 100), 20))
+
+    def test_a_cut_off_picture_is_refused(self):
+        with self.assertRaises(ValueError):
+            Picture.from_ppm(b"P6\n2 2\n255\n" + bytes(11))
+
+
+class DeskTest(unittest.TestCase):
+    def test_windows_keys_and_pictures_are_real(self):
+        with Desk((640, 480)) as desk:
+            desk.call("xsetroot", "-solid", "#204060")
+            self.assertEqual(desk.picture().pixel(600, 400), (0x20, 0x40, 0x60))
+
+            viewer = desk.spawn(["display", "-title", "A red window", "-size", "200x100", "xc:red"])
+            window = desk.wait_for_window("^A red window")
+            desk.wait_for_focus(window)
+            left, top, width, height = desk.geometry(window)
+            self.assertEqual((width, height), (200, 100))
+            red = [(255, 0, 0)] * 2
+            desk.wait_until(
+                "a red window to its corners",
+                lambda: [desk.picture().pixel(left, top),
+                         desk.picture().pixel(left + width - 1, top + height - 1)] == red, 5)
+            self.assertNotEqual(desk.picture().pixel(left - 1, top - 1), red[0])
+            desk.close_by_frame()
+            desk.wait_until_gone("^A red window")
+            viewer.wait(5)
+
+    def test_a_screen_is_divided_into_monitors(self):
+        with Desk((800, 300), monitors=[(0, 0, 400, 300), (400, 0, 400, 300)]) as desk:
+            listed = desk.call("xrandr", "--listmonitors").decode()
+        self.assertIn("Monitors: 2", listed)
+        self.assertRegex(listed, r"400/\d+x300/\d+\+0\+0 ")
+        self.assertRegex(listed, r"400/\d+x300/\d+\+400\+0 ")
+
+    def test_what_does_not_come_is_told_and_everything_ends_with_the_desk(self):
+        with Desk((320, 200)) as desk:
+            child = desk.spawn(["sleep", "600"])
+            with self.assertRaisesRegex(AssertionError, "No such window"):
+                desk.wait_for_window("No such window", seconds=0.3)
+            desk.start("/bin/false")
+            with self.assertRaisesRegex(AssertionError, "ended"):
+                desk.wait_for_window("No such window")
+            home = desk.home
+        self.assertIsNotNone(child.poll())
+        self.assertFalse(home.exists())
+
+
+if __name__ == "__main__":
+    unittest.main()
