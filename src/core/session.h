@@ -63,6 +63,8 @@ struct ScriptState final {
     int ExitSaveInProgress = 0;
     /// Answer of the last question: 0 none, 2 Cancel, 6 Yes, 7 No.
     int ExitAnswer = 0;
+    /// Set to 0 by the opener of a small dialog, to 1 by its buttons: its wait ends then.
+    int DialogClosing = 0;
     /// 1 when the monitor help has closed.
     int MonitorHelpClosed = 0;
 };
