@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/rich_text/print_box.h"
+
+#include <QList>
+#include <QPointF>
+#include <QRawFont>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace velmora {
+
+/// Glyphs of one font and one format, next to each other on the line.
+struct GlyphStretch final {
+    /// At its size in reference units.
+    QRawFont font;
+    QList<std::uint32_t> glyphs;
+    /// x from the line's left edge, y from the baseline, downwards.
+    QList<QPointF> positions;
+    /// x of the stretch's cells; a tab has cells and no glyph.
+    double left = 0;
+    double right = 0;
+    /// Index into the runs from which the line was shaped.
+    std::size_t run = 0;
+};
+
+/// A line of text with its glyphs in place, left to right, in reference units of 1/8 point.
+struct LineShape final {
+    std::vector<GlyphStretch> stretches;
+    /// Where the text begins and ends, trailing blanks left out; equal where there are only blanks.
+    double textLeft = 0;
+    double textRight = 0;
+    /// Of the highest font.
+    double ascent = 0;
+    double capHeight = 0;
+    /// Ascent, descent and leading: the line's height at a line spacing of 1.
+    double naturalHeight = 0;
+};
+
+/// Shapes a line without its markers "^" and "~" and without line ends. No text: no stretches.
+[[nodiscard]] LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft);
+
+} // namespace velmora
