@@ -182,11 +182,11 @@ void drawStrokes(Surface& target, const LineShape& shape, const std::vector<Styl
     for (const GlyphStretch& stretch : shape.stretches) {
         const CharacterFormat& format = runs[stretch.run].format;
         if (format.underline) {
-            drawStroke(target, stretch, underlineOf(stretch.font), box, place,
+            drawStroke(target, stretch, underlineOf(stretch.strokeFont), box, place,
                        toPixel(format.color));
         }
         if (format.strikeThrough) {
-            drawStroke(target, stretch, strikeOutOf(stretch.font), box, place,
+            drawStroke(target, stretch, strikeOutOf(stretch.strokeFont), box, place,
                        toPixel(format.color));
         }
     }

@@ -89,7 +89,6 @@ void addTabs(LineShape& shape, const QTextLine& line, const QString& text,
         const double other = line.cursorToX(at + 1);
         stretch.left = std::min(one, other);
         stretch.right = std::max(one, other);
-        stretch.font = QRawFont::fromFont(range.format.font());
         stretch.run = run;
         shape.stretches.push_back(std::move(stretch));
     }
@@ -134,9 +133,17 @@ LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft) {
     line.setLineWidth(UnlimitedWidth);
     layout.endLayout();
     for (std::size_t i = 0; i < shown.runOfRange.size(); ++i) {
+        const std::size_t run = shown.runOfRange[i];
         const auto& range = shown.ranges[static_cast<qsizetype>(i)];
-        addStretches(shape, line, range, shown.runOfRange[i]);
-        addTabs(shape, line, shown.text, range, shown.runOfRange[i]);
+        const std::size_t first = shape.stretches.size();
+        addStretches(shape, line, range, run);
+        addTabs(shape, line, shown.text, range, run);
+        if (runs[run].format.underline || runs[run].format.strikeThrough) {
+            const QRawFont font = QRawFont::fromFont(range.format.font());
+            std::for_each(shape.stretches.begin() + static_cast<std::ptrdiff_t>(first),
+                          shape.stretches.end(),
+                          [&font](GlyphStretch& stretch) { stretch.strokeFont = font; });
+        }
     }
     measureText(shape, line, shown.text);
     shape.ascent = line.ascent();

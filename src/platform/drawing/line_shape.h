@@ -16,6 +16,9 @@ namespace velmora {
 struct GlyphStretch final {
     /// At its size in reference units.
     QRawFont font;
+    /// The font that the format asks for, which may lack these glyphs: strokes through and below
+    /// the text follow it, so that they do not jump. Only where there are strokes.
+    QRawFont strokeFont;
     QList<std::uint32_t> glyphs;
     /// x from the line's left edge, y from the baseline, downwards.
     QList<QPointF> positions;

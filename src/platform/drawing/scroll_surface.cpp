@@ -51,7 +51,7 @@ void ScrollSurface::writeRow(std::int64_t tableRow, const Surface& source, int s
                : before;
     std::fill_n(target, before, m_background);
     if (end > before) {
-        std::memcpy(target + before, source.row(sourceRow) + sourceX + before,
+        std::memcpy(target + before, source.row(sourceRow) + (sourceX + before),
                     static_cast<std::size_t>(end - before) * sizeof(QRgb));
     }
     std::fill(target + end, target + width(), m_background);
