@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 namespace velmora {
 
 class EditorHost;
@@ -25,6 +23,10 @@ public:
     void setObserver(ShowObserver* observer) { m_observer = observer; }
 
 private:
+    void takeScript();
+    void runDisplayWindow();
+    void restoreEditor();
+
     Session& m_session;
     EditorHost& m_host;
     ShowObserver* m_observer = nullptr;

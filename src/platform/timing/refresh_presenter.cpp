@@ -15,8 +15,10 @@ RefreshPresenter::RefreshPresenter(const Clock& clock, double refreshRate,
 bool RefreshPresenter::stepDone(std::int64_t periodTicks) {
     const std::int64_t now = m_clock.counter();
     if (now - m_lastPaint < m_refreshTicks - periodTicks / 2) {
+        m_behind = true;
         return false;
     }
+    m_behind = false;
     // The moment before the paint: how long painting takes must not shift the next one.
     m_lastPaint = now;
     m_paint();
@@ -24,8 +26,15 @@ bool RefreshPresenter::stepDone(std::int64_t periodTicks) {
 }
 
 void RefreshPresenter::presentNow() {
+    m_behind = false;
     m_lastPaint = m_clock.counter();
     m_paint();
+}
+
+void RefreshPresenter::settle() {
+    if (m_behind) {
+        presentNow();
+    }
 }
 
 } // namespace velmora

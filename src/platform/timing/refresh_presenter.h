@@ -18,12 +18,14 @@ public:
 
     bool stepDone(std::int64_t periodTicks) override;
     void presentNow() override;
+    void settle() override;
 
 private:
     const Clock& m_clock;
     std::function<void()> m_paint;
     std::int64_t m_refreshTicks;
     std::int64_t m_lastPaint;
+    bool m_behind = false;
 };
 
 } // namespace velmora

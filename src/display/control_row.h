@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QWidget>
+
+namespace velmora {
+
+/// Picture6 with Image1: the speed scale. A start button, a pause button, and the scale with its
+/// thumb, 347 by 34 pixels. The left end of the scale is speed 255, the right end 0.
+class SpeedScale final : public QWidget {
+    Q_OBJECT
+public:
+    explicit SpeedScale(QWidget* parent = nullptr);
+
+    /// SplitRange or FullRange: which picture the scale has.
+    void setRange(int scrollSpeedControl);
+    /// Moves the thumb.
+    void setSpeed(double scrollSpeed);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void paintScale(QPainter& painter) const;
+
+    int m_range = 0;
+    double m_speed = 0;
+};
+
+/// Picture4, Picture5, Picture7: what stands left of the speed scale, 39 by 33 pixels.
+class ShowMark final : public QWidget {
+    Q_OBJECT
+public:
+    enum class Kind { Forward, Backward, Notice };
+
+    explicit ShowMark(Kind kind, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Kind m_kind;
+};
+
+} // namespace velmora

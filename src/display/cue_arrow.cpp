@@ -1,0 +1,39 @@
+#include "display/cue_arrow.h"
+
+#include <QPainter>
+
+#include <array>
+
+namespace velmora {
+
+namespace {
+
+/// Grey, light grey and white of the 16-colour palette.
+constexpr QRgb DarkGrey = qRgb(128, 128, 128);
+constexpr QRgb LightGrey = qRgb(192, 192, 192);
+constexpr QRgb BrightWhite = qRgb(255, 255, 255);
+constexpr std::array<QRgb, 5> RingColors = {DarkGrey, LightGrey, BrightWhite, LightGrey, DarkGrey};
+
+constexpr int PointX = 37;
+constexpr int PointY = 37;
+constexpr int OuterBottom = 73;
+
+} // namespace
+
+void drawCueArrow(QPainter& painter, int top) {
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (int i = 0; i < static_cast<int>(RingColors.size()); ++i) {
+        painter.setPen(QColor(RingColors[static_cast<std::size_t>(i)]));
+        const QPoint upper(i, top + 2 * i);
+        const QPoint point(PointX - i, top + PointY);
+        const QPoint pointFromBelow(PointX - i, top + PointY - 1);
+        // The outermost ring reaches 73, the others end where the one around them leaves room.
+        const QPoint left(i, top + OuterBottom - (i == 0 ? 0 : 2 * i - 1));
+        const QPoint lower(i, top + OuterBottom - 2 * i);
+        painter.drawLine(upper, point);
+        painter.drawLine(upper, left);
+        painter.drawLine(lower, pointFromBelow);
+    }
+}
+
+} // namespace velmora

@@ -1,0 +1,400 @@
+#include "display/scroll_loop.h"
+
+#include "core/number_format.h"
+#include "core/session.h"
+#include "display/show_clocks.h"
+#include "display/show_navigation.h"
+#include "platform/timing/clock.h"
+#include "platform/timing/event_pump.h"
+#include "platform/timing/time_of_day.h"
+
+#include <algorithm>
+
+namespace velmora {
+
+namespace {
+
+/// A waiting state looks at its variables so often when nothing happens; input wakes it at once.
+constexpr int IdleWaitMs = 20;
+constexpr double LoopingWaitSeconds = 4;
+constexpr double NoticeSeconds = 2;
+/// Floor of a step in counter ticks, for very small delays.
+constexpr std::int64_t LeastStepTicks = 100;
+/// Last housekeeping phase: one more in forward Split Range, which alone measures the cycle.
+constexpr int LastPhaseMeasured = 90;
+constexpr int LastPhase = 89;
+constexpr int StepsPerCycle = 91;
+
+} // namespace
+
+ScrollLoop::ScrollLoop(const ScrollLoopParts& parts, int textRows)
+    : m_parts(parts), m_session(parts.session),
+      m_pacer(parts.session.platform.clock, parts.session.platform.pump), m_textRows(textRows) {}
+
+void ScrollLoop::run() {
+    double startLine = m_session.show.StartFromCursor == 0 ? 0 : m_session.show.StartPosition;
+    startLine = std::min(startLine, static_cast<double>(m_parts.tables.lineTable.size()));
+    if (m_parts.observer != nullptr) {
+        m_parts.observer->loopStarted();
+    }
+    while (runPass(startLine) == PassEnd::Again) {
+        startLine = 0;
+    }
+    if (m_parts.observer != nullptr) {
+        m_parts.observer->loopEnded();
+    }
+}
+
+ScrollLoop::PassEnd ScrollLoop::runPass(double startLine) {
+    ShowState& show = m_session.show;
+    m_session.platform.pump.DoEvents();
+    m_parts.screen.setElapsedText(QStringLiteral("00:00"));
+    m_parts.screen.setRemainingText(QStringLiteral("00:00"));
+    show.ScrollDirection = 1;
+    show.SignedRowStep = m_session.settings.RowStep;
+    show.ReachedEnd = 0;
+    m_parts.composer.clear();
+    fillWindow(startLine);
+    m_parts.screen.showPicture();
+    m_parts.presenter.presentNow();
+    m_session.platform.pump.DoEvents();
+    m_delays =
+        buildSpeedDelayTable(m_session.settings.Delay, m_session.settings.ScrollSpeedControl);
+    if (show.ReachedEnd == 1) {
+        return atLimit() == LimitEnd::Again ? PassEnd::Again : PassEnd::Leave;
+    }
+    if (m_session.settings.AutomaticLooping == 1) {
+        if (!waitFourSeconds()) {
+            return PassEnd::Leave;
+        }
+        show.PauseState = 0;
+    }
+    show.ElapsedStart = m_session.platform.clock.Timer();
+    startTiming();
+    return runTurns();
+}
+
+void ScrollLoop::fillWindow(double startLine) {
+    ShowState& show = m_session.show;
+    if (startLine > 0) {
+        const auto line = static_cast<int>(startLine);
+        m_parts.screen.setScrollValue(line);
+        m_parts.navigation.reposition(line);
+        return;
+    }
+    m_parts.screen.setScrollValue(0);
+    show.ScrollRow = m_textRows - 1;
+    m_parts.composer.showTop(0);
+    if (m_parts.tables.scanTable.at(show.ScrollRow).line == 0) {
+        show.ReachedEnd = 1;
+        show.ElapsedStart = m_session.platform.clock.Timer();
+    }
+}
+
+void ScrollLoop::startTiming() {
+    m_framePhase = -1;
+    m_cycleStart = m_session.platform.clock.counter();
+}
+
+bool ScrollLoop::waitFourSeconds() {
+    const Clock& clock = m_session.platform.clock;
+    const double start = clock.Timer();
+    while (secondsSince(start, clock.Timer()) < LoopingWaitSeconds) {
+        waitIdly();
+        if (exitRequested()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+ScrollLoop::PassEnd ScrollLoop::runTurns() {
+    const Settings& settings = m_session.settings;
+    for (;;) {
+        if (m_session.show.PauseState != 0) {
+            if (!pausedTurn()) {
+                return PassEnd::Leave;
+            }
+            continue;
+        }
+        const bool split = settings.ScrollSpeedControl != FullRange;
+        if (split) {
+            applySplitDirection();
+        }
+        if (split ? inDeadBand(settings.ScrollSpeed) : inStopZone(settings.ScrollSpeed)) {
+            idleTurn();
+        } else {
+            const StepEnd end = step();
+            if (end == StepEnd::Limit) {
+                const LimitEnd limit = atLimit();
+                if (limit != LimitEnd::Continue) {
+                    return limit == LimitEnd::Again ? PassEnd::Again : PassEnd::Leave;
+                }
+            } else if (end == StepEnd::Skipped) {
+                m_cycleStart = m_session.platform.clock.counter();
+                continue;
+            }
+        }
+        if (exitRequested()) {
+            m_session.platform.pump.DoEvents();
+            return PassEnd::Leave;
+        }
+        serveRequests();
+    }
+}
+
+/// False when the operator left.
+bool ScrollLoop::pausedTurn() {
+    ShowState& show = m_session.show;
+    m_parts.presenter.settle();
+    if (show.BlankState != 0) {
+        waitIdly();
+        return !exitRequested();
+    }
+    checkNotice();
+    if (show.PauseState == 3) {
+        show.ElapsedStart = m_session.platform.clock.Timer();
+    }
+    waitIdly();
+    if (show.PauseState != 3) {
+        showElapsed();
+    }
+    m_cycleStart = m_session.platform.clock.counter();
+    return !exitRequested();
+}
+
+/// The dead band of Split Range and the stop zone of Full Range: nothing moves, the clock goes on.
+void ScrollLoop::idleTurn() {
+    m_parts.presenter.settle();
+    showElapsed();
+    checkNotice();
+    waitIdly();
+}
+
+ScrollLoop::StepEnd ScrollLoop::step() {
+    ShowState& show = m_session.show;
+    show.ScrollRow += show.SignedRowStep;
+    const bool atEnd = show.ScrollDirection > 0
+                           ? m_parts.tables.scanTable.at(show.ScrollRow).line == 0
+                           : show.ScrollRow <= 0;
+    if (atEnd) {
+        const bool inside = show.ScrollRow > 0 && show.ScrollRow < m_parts.tables.LastScrollRow;
+        if (!inside) {
+            // The overshoot is undone: the picture stays a function of ScrollRow.
+            show.ScrollRow -= show.SignedRowStep;
+        }
+        return inside ? StepEnd::Skipped : StepEnd::Limit;
+    }
+    advanceFramePhase();
+    m_blitStamp = m_session.platform.clock.counter();
+    m_parts.composer.showTop(m_parts.navigation.topRow());
+    if (m_session.settings.FullScreenMode == 0) {
+        housekeeping();
+    }
+    waitForNextStep();
+    if (m_session.settings.ScrollSpeedControl == FullRange) {
+        checkNotice();
+        m_session.platform.pump.DoEvents();
+    }
+    return StepEnd::Taken;
+}
+
+void ScrollLoop::advanceFramePhase() {
+    const bool measured = m_session.settings.ScrollSpeedControl != FullRange &&
+                          m_session.show.ScrollDirection > 0;
+    if (++m_framePhase > (measured ? LastPhaseMeasured : LastPhase)) {
+        m_framePhase = 0;
+    }
+}
+
+/// Control updates are spread over the steps, so that none pays for more than one.
+void ScrollLoop::housekeeping() {
+    ShowState& show = m_session.show;
+    switch (m_framePhase) {
+    case 0:
+        m_parts.screen.setRemainingText(show.CaptionBuffer);
+        break;
+    case 15:
+        m_parts.screen.setScrollValue(m_parts.tables.scanTable.at(show.ScrollRow).line - 1);
+        break;
+    case 30:
+        guardMidnight();
+        show.CaptionBuffer = elapsedNow();
+        break;
+    case 45:
+        m_parts.screen.setElapsedText(show.CaptionBuffer);
+        break;
+    case 60:
+        checkNotice();
+        break;
+    case 75:
+        show.CaptionBuffer =
+            remainingText(m_parts.tables.LastScrollRow - show.ScrollRow, m_secondsPerStep);
+        break;
+    case LastPhaseMeasured:
+        measureCycle();
+        break;
+    default:
+        break;
+    }
+}
+
+void ScrollLoop::measureCycle() {
+    const Clock& clock = m_session.platform.clock;
+    const std::int64_t now = clock.counter();
+    const double cycleTicks = static_cast<double>(now - m_cycleStart);
+    m_cycleStart = now;
+    m_secondsPerStep = cycleTicks / StepsPerCycle / static_cast<double>(clock.frequency());
+}
+
+void ScrollLoop::waitForNextStep() {
+    Clock& clock = m_session.platform.clock;
+    const std::int64_t stepStart = clock.counter();
+    const auto waitMs = [this] { return speedDelayMs(m_delays, m_session.settings.ScrollSpeed); };
+    const std::int64_t composeTicks = stepStart - m_blitStamp;
+    const auto waitTicks =
+        static_cast<std::int64_t>(waitMs() / 1000.0 * static_cast<double>(clock.frequency()));
+    // Painting lies inside the wait, so it does not slow the script down.
+    StepRecord record;
+    record.painted = m_parts.presenter.stepDone(waitTicks + composeTicks);
+    const Pacer::Wait wait = m_pacer.wait(stepStart, waitMs);
+    clock.spinUntil(m_blitStamp + LeastStepTicks);
+    if (m_parts.observer != nullptr) {
+        record.composeTicks = composeTicks;
+        record.lateTicks = wait.end - wait.due;
+        m_parts.observer->stepDone(record);
+    }
+}
+
+void ScrollLoop::applySplitDirection() {
+    const double speed = m_session.settings.ScrollSpeed;
+    const int direction = m_session.show.ScrollDirection;
+    if (direction < 0 && speed < 128) {
+        turn(1);
+    } else if (direction > 0 && speed > 127) {
+        turn(-1);
+    }
+}
+
+/// The requests to turn; handlers only set the flags, because a turn must not fall into a composition.
+void ScrollLoop::serveRequests() {
+    ShowState& show = m_session.show;
+    if (show.ReverseToBackward != 0) {
+        show.ReverseToBackward = 0;
+        if (show.ScrollDirection > 0) {
+            turn(-1);
+        }
+    }
+    if (show.ReverseToForward != 0) {
+        show.ReverseToForward = 0;
+        if (show.ScrollDirection < 0) {
+            turn(1);
+        }
+    }
+}
+
+ScrollLoop::LimitEnd ScrollLoop::atLimit() {
+    ShowState& show = m_session.show;
+    show.PauseState = 1;
+    m_parts.presenter.settle();
+    m_parts.screen.focusPicture();
+    if (m_parts.observer != nullptr) {
+        m_parts.observer->limitReached();
+    }
+    if (show.ReachedEnd == 1) {
+        while (!exitRequested()) {
+            waitIdly();
+        }
+        return LimitEnd::Leave;
+    }
+    if (m_session.settings.AutomaticLooping == 1) {
+        show.PauseState = 0;
+        show.ScrollDirection = 1;
+        show.SignedRowStep = m_session.settings.RowStep;
+        m_parts.screen.showDirection(1);
+        m_parts.screen.hideNotice();
+        return waitFourSeconds() ? LimitEnd::Again : LimitEnd::Leave;
+    }
+    return waitAtLimit();
+}
+
+ScrollLoop::LimitEnd ScrollLoop::waitAtLimit() {
+    ShowState& show = m_session.show;
+    show.PauseAtLimit = show.PauseState;
+    const int repositions = m_parts.navigation.repositions();
+    bool turning = false;
+    bool jumped = false;
+    while (!turning && !jumped) {
+        if (show.BlankState == 0) {
+            checkNotice();
+        }
+        waitIdly();
+        if (exitRequested()) {
+            return LimitEnd::Leave;
+        }
+        if (show.BlankState == 0) {
+            showElapsed();
+            jumped = m_parts.navigation.repositions() != repositions;
+            turning = limitWaitEnds();
+        }
+    }
+    if (!jumped) {
+        turn(-show.ScrollDirection);
+    }
+    show.ReverseToBackward = 0;
+    show.ReverseToForward = 0;
+    show.PauseState = 0;
+    startTiming();
+    return LimitEnd::Continue;
+}
+
+bool ScrollLoop::limitWaitEnds() const {
+    const ShowState& show = m_session.show;
+    const Settings& settings = m_session.settings;
+    if (settings.ScrollSpeedControl != FullRange &&
+        speedLeavesLimit(settings.ScrollSpeed, show.ScrollDirection)) {
+        return true;
+    }
+    return show.PauseState != show.PauseAtLimit;
+}
+
+/// The leading edge changes sides: ScrollRow moves by a window, the picture stays.
+void ScrollLoop::turn(int direction) {
+    ShowState& show = m_session.show;
+    show.ScrollRow += static_cast<std::int64_t>(direction) * (m_textRows - 1);
+    show.ScrollDirection = direction;
+    show.SignedRowStep = direction * m_session.settings.RowStep;
+    m_parts.screen.showDirection(direction);
+}
+
+void ScrollLoop::showElapsed() {
+    guardMidnight();
+    m_parts.screen.setElapsedText(elapsedNow());
+}
+
+void ScrollLoop::guardMidnight() {
+    const double now = m_session.platform.clock.Timer();
+    if (m_session.show.ElapsedStart > now) {
+        m_session.show.ElapsedStart = now;
+    }
+}
+
+void ScrollLoop::checkNotice() {
+    ShowState& show = m_session.show;
+    const double now = m_session.platform.clock.Timer();
+    const bool over = now - show.MessageShownAt > NoticeSeconds || show.MessageShownAt > now;
+    if (show.MessageShownAt != 0 && over) {
+        m_parts.screen.hideNotice();
+        show.MessageShownAt = 0;
+    }
+}
+
+void ScrollLoop::waitIdly() { m_session.platform.pump.waitForEvents(IdleWaitMs); }
+
+QString ScrollLoop::elapsedNow() const {
+    return clockText(m_session.platform.clock.Timer() - m_session.show.ElapsedStart);
+}
+
+bool ScrollLoop::exitRequested() const { return m_session.show.ExitRequested == 1; }
+
+} // namespace velmora

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "controllers/speed_mapping.h"
+#include "display/frame_composer.h"
+#include "display/show_observer.h"
+#include "display/show_screen.h"
+#include "platform/timing/pacer.h"
+#include "platform/timing/presenter.h"
+
+#include <cstdint>
+
+namespace velmora {
+
+class Session;
+class ShowNavigation;
+
+/// What a show's loop works with. All outlive it.
+struct ScrollLoopParts final {
+    Session& session;
+    ShowScreen& screen;
+    const ShowTables& tables;
+    FrameComposer& composer;
+    ShowNavigation& navigation;
+    Presenter& presenter;
+    /// May be null.
+    ShowObserver* observer = nullptr;
+};
+
+/// The heart of the prompter: one long call that moves the script row by row until the operator
+/// leaves the show.
+///
+/// A step is always RowStep rows; speed is only the wait between two steps. Every wait pumps events,
+/// so handlers run nested inside it and steer the loop through the show's variables, which are read
+/// afresh at every turn. Waiting states sleep on the event queue.
+class ScrollLoop final {
+public:
+    /// textRows: rows of text in the window (WindowHeight - 19).
+    ScrollLoop(const ScrollLoopParts& parts, int textRows);
+
+    /// Runs passes through the script until ExitRequested.
+    void run();
+
+private:
+    enum class PassEnd { Leave, Again };
+    enum class StepEnd { Taken, Skipped, Limit };
+    enum class LimitEnd { Leave, Again, Continue };
+
+    PassEnd runPass(double startLine);
+    void fillWindow(double startLine);
+    void startTiming();
+    /// Serves the automatic start's or the looping's wait; false when the operator left.
+    bool waitFourSeconds();
+
+    PassEnd runTurns();
+    bool pausedTurn();
+    void idleTurn();
+    StepEnd step();
+    void housekeeping();
+    void advanceFramePhase();
+    void measureCycle();
+    void waitForNextStep();
+    void applySplitDirection();
+    void serveRequests();
+
+    LimitEnd atLimit();
+    LimitEnd waitAtLimit();
+    [[nodiscard]] bool limitWaitEnds() const;
+    /// Changes the direction without moving the picture.
+    void turn(int direction);
+
+    void showElapsed();
+    void guardMidnight();
+    void checkNotice();
+    void waitIdly();
+    [[nodiscard]] QString elapsedNow() const;
+    [[nodiscard]] bool exitRequested() const;
+
+    ScrollLoopParts m_parts;
+    Session& m_session;
+    Pacer m_pacer;
+    SpeedDelayTable m_delays{};
+    int m_textRows;
+    /// Housekeeping counter of the steps, -1 before the first.
+    int m_framePhase = -1;
+    std::int64_t m_cycleStart = 0;
+    std::int64_t m_blitStamp = 0;
+    /// Measured seconds a step; 0 until the first cycle of forward Split Range has ended.
+    double m_secondsPerStep = 0;
+};
+
+} // namespace velmora

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+namespace velmora {
+
+/// The display window as the scroll loop sees it. Form4 implements it; the tests have a fake.
+class ShowScreen {
+public:
+    virtual ~ShowScreen() = default;
+    /// Label1: the elapsed clock.
+    virtual void setElapsedText(const QString& text) = 0;
+    /// Label4: the remaining time.
+    virtual void setRemainingText(const QString& text) = 0;
+    /// Vscroll1's value without its event: the line at the leading edge.
+    virtual void setScrollValue(int line) = 0;
+    /// Picture4 (forward, +1) or Picture5 (backward, -1), where the controls are shown.
+    virtual void showDirection(int direction) = 0;
+    /// Picture7: the notice.
+    virtual void hideNotice() = 0;
+    /// Shows Picture1 once the first picture is complete, and gives it the focus.
+    virtual void showPicture() = 0;
+    virtual void focusPicture() = 0;
+};
+
+} // namespace velmora

@@ -1,0 +1,36 @@
+#include "display/text_window.h"
+
+#include "display/display_geometry.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace velmora {
+
+TextWindow::TextWindow(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void TextWindow::setBackground(QRgb color) { m_background = color; }
+
+void TextWindow::setBlank(bool blank) {
+    m_blank = blank;
+    update();
+}
+
+void TextWindow::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const QRect text(0, TextTopMargin, m_surface.width(), m_surface.rows());
+    const QColor background = QColor::fromRgb(m_background);
+    if (m_blank) {
+        painter.fillRect(event->rect(), background);
+        return;
+    }
+    for (const QRect& margin : QRegion(event->rect()).subtracted(text)) {
+        painter.fillRect(margin, background);
+    }
+    m_surface.paint(painter, text.left(), text.top(), event->rect() & text);
+}
+
+} // namespace velmora

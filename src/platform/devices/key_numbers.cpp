@@ -1,0 +1,43 @@
+#include "platform/devices/key_numbers.h"
+
+#include <QKeyEvent>
+
+#include <array>
+#include <utility>
+
+namespace velmora {
+
+namespace {
+
+constexpr std::array<std::pair<int, int>, 10> Named = {{{Qt::Key_Return, key::Enter},
+                                                        {Qt::Key_Enter, key::Enter},
+                                                        {Qt::Key_Escape, key::Escape},
+                                                        {Qt::Key_Space, key::Space},
+                                                        {Qt::Key_End, key::End},
+                                                        {Qt::Key_Home, key::Home},
+                                                        {Qt::Key_Left, key::Left},
+                                                        {Qt::Key_Up, key::Up},
+                                                        {Qt::Key_Right, key::Right},
+                                                        {Qt::Key_Down, key::Down}}};
+constexpr int FirstFunctionKey = 112;
+
+} // namespace
+
+int virtualKey(const QKeyEvent& event) {
+    for (const auto& [qtKey, number] : Named) {
+        if (event.key() == qtKey) {
+            return number;
+        }
+    }
+    // Digits, those of the number pad too, and letters are numbered as their capital characters.
+    if ((event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9) ||
+        (event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z)) {
+        return event.key();
+    }
+    if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F24) {
+        return event.key() - Qt::Key_F1 + FirstFunctionKey;
+    }
+    return 0;
+}
+
+} // namespace velmora
