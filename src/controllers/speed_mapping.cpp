@@ -49,11 +49,17 @@ double clampSpeed(double scrollSpeed) {
     return std::clamp(scrollSpeed, 0.0, static_cast<double>(Last));
 }
 
-bool inDeadBand(double scrollSpeed) { return scrollSpeed >= 120 && scrollSpeed <= 136; }
+bool inDeadBand(double scrollSpeed) {
+    return scrollSpeed >= 120 && scrollSpeed <= 136;
+}
 
-bool inStopZone(double scrollSpeed) { return scrollSpeed >= 244; }
+bool inStopZone(double scrollSpeed) {
+    return scrollSpeed >= 244;
+}
 
-double indicatorLeft(double scrollSpeed) { return 315.0 - 0.8667 * scrollSpeed; }
+double indicatorLeft(double scrollSpeed) {
+    return 315.0 - 0.8667 * scrollSpeed;
+}
 
 double speedAfterKey(SpeedKey key, double scrollSpeed, int scrollSpeedControl) {
     const bool split = scrollSpeedControl == SplitRange;

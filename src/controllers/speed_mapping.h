@@ -11,8 +11,9 @@ inline constexpr int FullRange = 1;
 /// Waits of a step in milliseconds, by the rounded ScrollSpeed.
 using SpeedDelayTable = std::array<double, 256>;
 
-/// Builds the table. delayMs is the wait of the fastest entry. In Split Range the entries of the dead
-/// band, 120 to 135, hold the slowest wait: a speed of 119.5 rounds into them and must not race.
+/// Builds the table. delayMs is the wait of the fastest entry. In Split Range the entries of the
+/// dead band, 120 to 135, hold the slowest wait: a speed of 119.5 rounds into them and must not
+/// race.
 [[nodiscard]] SpeedDelayTable buildSpeedDelayTable(double delayMs, int scrollSpeedControl);
 
 /// Entry for a speed that may hold a fraction: halves round to even.
@@ -31,7 +32,8 @@ using SpeedDelayTable = std::array<double, 256>;
 /// Left edge of the speed scale's thumb, in pixels of the scale.
 [[nodiscard]] double indicatorLeft(double scrollSpeed);
 
-/// The keys that change the speed, and what each makes of it. Home and End keep the side of the range.
+/// The keys that change the speed, and what each makes of it. Home and End keep the side of the
+/// range.
 enum class SpeedKey { Left, Right, Up, Down, Home, End };
 [[nodiscard]] double speedAfterKey(SpeedKey key, double scrollSpeed, int scrollSpeedControl);
 

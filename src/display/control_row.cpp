@@ -28,11 +28,15 @@ void paintPanel(QPainter& painter, const QRect& area) {
 }
 
 /// Middle of the thumb at a speed.
-double scaleX(double speed) { return indicatorLeft(speed) + ThumbWidth / 2.0; }
+double scaleX(double speed) {
+    return indicatorLeft(speed) + ThumbWidth / 2.0;
+}
 
 } // namespace
 
-SpeedScale::SpeedScale(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::NoFocus); }
+SpeedScale::SpeedScale(QWidget* parent) : QWidget(parent) {
+    setFocusPolicy(Qt::NoFocus);
+}
 
 void SpeedScale::setRange(int scrollSpeedControl) {
     m_range = scrollSpeedControl;

@@ -25,7 +25,9 @@ int sideMargin(const GeometryInput& input) {
 
 } // namespace
 
-int DisplayGeometry::textRows() const { return std::max(1, Picture1.height() - TextMargins); }
+int DisplayGeometry::textRows() const {
+    return std::max(1, Picture1.height() - TextMargins);
+}
 
 DisplayGeometry layOutDisplay(const GeometryInput& input) {
     DisplayGeometry geometry;
@@ -52,8 +54,8 @@ DisplayGeometry layOutDisplay(const GeometryInput& input) {
         picture.translate(FullScreenShiftX, FullScreenShiftY);
     }
     geometry.Picture1 = picture;
-    geometry.Picture3 = QRect(picture.left() - ArrowStripWidth, picture.top(), ArrowStripWidth,
-                              picture.height());
+    geometry.Picture3 =
+        QRect(picture.left() - ArrowStripWidth, picture.top(), ArrowStripWidth, picture.height());
     return geometry;
 }
 

@@ -10,7 +10,7 @@
 #include "platform/desktop/message_boxes.h"
 #include "platform/desktop/monitors.h"
 #include "platform/devices/key_numbers.h"
-#include "platform/drawing/colours.h"
+#include "platform/drawing/color.h"
 #include "platform/timing/event_pump.h"
 
 #include <QCloseEvent>
@@ -60,7 +60,9 @@ ArrowStrip::ArrowStrip(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void ArrowStrip::setBackground(QRgb color) { m_background = color; }
+void ArrowStrip::setBackground(QRgb color) {
+    m_background = color;
+}
 
 void ArrowStrip::setArrow(int top) {
     m_top = top;
@@ -124,7 +126,7 @@ void DisplayWindow::load() {
                       displays.DisplayHeight);
     prepare();
     connectControls();
-    const ScrollLoopParts parts{m_session,     *this,         m_tables,  m_composer,
+    const ScrollLoopParts parts{m_session,     *this,        m_tables,  m_composer,
                                 *m_navigation, *m_presenter, m_observer};
     ScrollLoop loop(parts, m_geometry.textRows());
     loop.run();
@@ -161,8 +163,8 @@ void DisplayWindow::prepare() {
     m_composer.begin(source);
     m_composer.addOutput(Picture1->surface(), m_traits.operatorPicture);
     m_composer.warmUp(0, WarmScreens * m_geometry.textRows());
-    m_navigation = std::make_unique<ShowNavigation>(m_session, m_tables, m_composer,
-                                                    m_geometry.textRows());
+    m_navigation =
+        std::make_unique<ShowNavigation>(m_session, m_tables, m_composer, m_geometry.textRows());
     m_presenter = std::make_unique<RefreshPresenter>(m_session.platform.clock,
                                                      m_session.platform.monitors.refreshRate(),
                                                      [this] { paintPicture(); });
@@ -172,7 +174,7 @@ void DisplayWindow::prepare() {
 }
 
 void DisplayWindow::layOut() {
-    const QRgb background = toQRgb(m_session.script.rtb1.BackColor());
+    const QRgb background = toPixel(m_session.script.rtb1.BackColor());
     QPalette colours = palette();
     colours.setColor(QPalette::Window, QColor::fromRgb(background));
     colours.setColor(QPalette::WindowText,
@@ -210,9 +212,8 @@ void DisplayWindow::showControls() {
     const bool blank = m_session.show.BlankState == 1;
     const bool controls = m_session.settings.FullScreenMode == 0 && !blank;
     const bool notice = m_session.show.MessageShownAt != 0;
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{Picture6, Label1, Label4, Label5, Label6, Vscroll1,
-                                         Vscroll2, Command3}) {
+    for (QWidget* control : std::initializer_list<QWidget*>{Picture6, Label1, Label4, Label5,
+                                                            Label6, Vscroll1, Vscroll2, Command3}) {
         control->setVisible(controls);
     }
     Picture4->setVisible(controls && m_shownDirection > 0);
@@ -257,7 +258,9 @@ void DisplayWindow::connectControls() {
     connect(Command3, &QPushButton::clicked, this, &DisplayWindow::Command3_Click);
 }
 
-void DisplayWindow::paintPicture() { Picture1->repaint(); }
+void DisplayWindow::paintPicture() {
+    Picture1->repaint();
+}
 
 void DisplayWindow::leave() {
     setElapsedText(QString());
@@ -265,9 +268,13 @@ void DisplayWindow::leave() {
     m_session.show.ShowTopLine = m_navigation->returnLine();
 }
 
-void DisplayWindow::setElapsedText(const QString& text) { Label1->setText(text); }
+void DisplayWindow::setElapsedText(const QString& text) {
+    Label1->setText(text);
+}
 
-void DisplayWindow::setRemainingText(const QString& text) { Label4->setText(text); }
+void DisplayWindow::setRemainingText(const QString& text) {
+    Label4->setText(text);
+}
 
 void DisplayWindow::setScrollValue(int line) {
     m_session.show.SuppressScrollEvent = 1;
@@ -291,16 +298,22 @@ void DisplayWindow::showPicture() {
     focusPicture();
 }
 
-void DisplayWindow::focusPicture() { Picture1->setFocus(); }
+void DisplayWindow::focusPicture() {
+    Picture1->setFocus();
+}
 
-void DisplayWindow::moveSpeedIndicator() { Picture6->setSpeed(m_session.settings.ScrollSpeed); }
+void DisplayWindow::moveSpeedIndicator() {
+    Picture6->setSpeed(m_session.settings.ScrollSpeed);
+}
 
 void DisplayWindow::jumpToLine(int line) {
     setScrollValue(line);
     Vscroll1_Change(Vscroll1->value());
 }
 
-int DisplayWindow::lastScrollValue() const { return Vscroll1->maximum(); }
+int DisplayWindow::lastScrollValue() const {
+    return Vscroll1->maximum();
+}
 
 void DisplayWindow::toggleBlank() {
     // Before anything yields, so that no step can draw into the blank screen.

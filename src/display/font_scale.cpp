@@ -57,7 +57,9 @@ int fittedSize(const QString& fontName, double ratio) {
 
 } // namespace
 
-double freeWidth(double screenWidth) { return screenWidth - ArrowStripWidth - ScrollBarWidth; }
+double freeWidth(double screenWidth) {
+    return screenWidth - ArrowStripWidth - ScrollBarWidth;
+}
 
 ScriptScale fitScriptScale(const QByteArray& scriptRtf, double screenWidth) {
     ScriptScale scale;

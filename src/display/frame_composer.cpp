@@ -1,5 +1,6 @@
 #include "display/frame_composer.h"
 
+#include "platform/drawing/color.h"
 #include "platform/drawing/line_printer.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ void FrameComposer::begin(const FrameSource& source) {
     m_lastLine = -1;
     m_drawn = false;
     m_mirrors = false;
-    m_background = toRgb(source.rtb2->BackColor());
+    m_background = toPixel(source.rtb2->BackColor());
 }
 
 void FrameComposer::addOutput(ScrollSurface& surface, Orientation orientation) {
@@ -112,8 +113,8 @@ void FrameComposer::renderLine(int line, int height) {
         box.zoom = m_source.FontScale;
         box.alignment = m_source.TextAlignment;
         // A centred line that ends in text with a background carries it on to the window's edge.
-        box.extendBackground = box.alignment == Alignment::Centre &&
-                               runs.back().format.backColor != 0;
+        box.extendBackground =
+            box.alignment == Alignment::Centre && runs.back().format.backColor != 0;
         printLine(m_line, runs, box, m_cache);
     }
     if (m_mirrors) {
@@ -124,12 +125,12 @@ void FrameComposer::renderLine(int line, int height) {
     }
 }
 
-/// A bar as wide as the window in the middle half of the line, rising from black to the mark's colour
-/// and back.
+/// A bar as wide as the window in the middle half of the line, rising from black to the mark's
+/// colour and back.
 void FrameComposer::drawStoryBreak(Rgb24 color) {
     const int height = m_line.height();
     const double quarter = height * 0.25;
-    const QRgb full = toRgb(color);
+    const QRgb full = toPixel(color);
     const auto shade = [&](double steps) {
         const auto channel = [&](int value) {
             return std::clamp(static_cast<int>(std::lround(value / quarter * steps)), 0, 255);

@@ -32,7 +32,8 @@ struct FrameSource final {
 /// Makes the moving picture: the text area as a pure function of its top row.
 ///
 /// A script line is rendered once, into the line surface, when its first row enters the window; a
-/// step then costs the copying of its new rows into each output's ring. Owned by the display window.
+/// step then costs the copying of its new rows into each output's ring. Owned by the display
+/// window.
 class FrameComposer final {
 public:
     explicit FrameComposer(GlyphMaskCache& cache) : m_cache(cache) {}
@@ -44,8 +45,8 @@ public:
     /// Makes the outputs blank; the next showTop draws every row.
     void clear();
 
-    /// Brings the outputs to the picture whose first row is table row top, drawing only the rows that
-    /// are not there yet. Rows before the text and past its end are blank.
+    /// Brings the outputs to the picture whose first row is table row top, drawing only the rows
+    /// that are not there yet. Rows before the text and past its end are blank.
     void showTop(std::int64_t top);
 
     /// Renders the lines of so many rows from a top row, so that their glyph masks are at hand.

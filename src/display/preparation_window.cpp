@@ -49,8 +49,12 @@ Form23::Form23(const QString& text, QWidget* parent) : QWidget(parent, Qt::Dialo
     column->addWidget(Picture1);
 }
 
-void Form23::setProgress(int progress) { Picture1->setProgress(progress); }
+void Form23::setProgress(int progress) {
+    Picture1->setProgress(progress);
+}
 
-void Form23::closeEvent(QCloseEvent* event) { event->ignore(); }
+void Form23::closeEvent(QCloseEvent* event) {
+    event->ignore();
+}
 
 } // namespace velmora

@@ -5,8 +5,8 @@
 
 namespace velmora {
 
-/// Form23: the small window that shows the progress of a script's preparation. Closing it by its frame
-/// does nothing: the preparation goes on.
+/// Form23: the small window that shows the progress of a script's preparation. Closing it by its
+/// frame does nothing: the preparation goes on.
 class Form23 final : public QWidget {
     Q_OBJECT
 public:

@@ -24,7 +24,8 @@ ScanRow ScanTable::at(std::int64_t row) const {
         return {-1, first, static_cast<int>(row)};
     }
     const auto holds = [&](std::size_t line) {
-        return line + 1 < m_firstRow.size() && m_firstRow[line] <= row && row < m_firstRow[line + 1];
+        return line + 1 < m_firstRow.size() && m_firstRow[line] <= row &&
+               row < m_firstRow[line + 1];
     };
     if (!holds(m_cursor)) {
         if (holds(m_cursor + 1)) {

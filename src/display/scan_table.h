@@ -26,13 +26,14 @@ struct ScanRow final {
     int rowInLine = 0;
 };
 
-/// One entry for each pixel row of the script, answered from a sum per line instead of being stored:
-/// 4 bytes a line in place of 12 bytes a row. Immutable but for a cursor that makes the look-up of a
-/// neighbouring row cheap.
+/// One entry for each pixel row of the script, answered from a sum per line instead of being
+/// stored: 4 bytes a line in place of 12 bytes a row. Immutable but for a cursor that makes the
+/// look-up of a neighbouring row cheap.
 class ScanTable final {
 public:
     ScanTable() = default;
-    /// lineHeights: rows of each line, 0 or more. leadInRows: blank rows in front of the first line.
+    /// lineHeights: rows of each line, 0 or more. leadInRows: blank rows in front of the first
+    /// line.
     explicit ScanTable(const std::vector<int>& lineHeights, std::int64_t leadInRows = 0);
 
     /// Any row may be asked for: those before 0 and past the text have line 0.
@@ -40,7 +41,8 @@ public:
     /// ScanRowCount: rows filled, the lead-in included.
     [[nodiscard]] std::int64_t rowCount() const { return m_firstRow.back(); }
     [[nodiscard]] int lineCount() const { return static_cast<int>(m_firstRow.size()) - 1; }
-    /// First row of the first line at or behind a 0-based line that has rows; rowCount() past the last.
+    /// First row of the first line at or behind a 0-based line that has rows; rowCount() past the
+    /// last.
     [[nodiscard]] std::int64_t firstRowOfLine(int line) const;
     /// Memory held, in bytes.
     [[nodiscard]] std::size_t bytes() const { return m_firstRow.capacity() * sizeof(std::int32_t); }

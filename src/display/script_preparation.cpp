@@ -44,7 +44,8 @@ int lastLineHeight(RichTextBox& rtb1, const LineEntry& last, double fontScale) {
             static_cast<int>(2 * rtb1.SelFontSize().value_or(format.halfPoints / 2.0));
         tallest = textHeight(format);
     }
-    return static_cast<int>(roundHalfEven((roundHalfEven(tallest) - 1) * fontScale));
+    const auto whole = static_cast<double>(roundHalfEven(tallest));
+    return static_cast<int>(roundHalfEven((whole - 1) * fontScale));
 }
 
 /// Rows of each line: the distance to the next line, scaled by the spacing.
@@ -128,8 +129,7 @@ ShowTables prepareScript(RichTextBox& rtb1, const PreparationInput& input,
 }
 
 QString preparationText(int scriptLineCount) {
-    return QStringLiteral("Processing\r\n%1 Line\r\nScript.")
-        .arg(formatThousands(scriptLineCount));
+    return QStringLiteral("Processing\r\n%1 Line\r\nScript.").arg(formatThousands(scriptLineCount));
 }
 
 } // namespace velmora

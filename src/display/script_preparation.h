@@ -12,8 +12,8 @@ namespace velmora {
 
 class RichTextBox;
 
-/// The tables of one show: everything that the scroll loop needs, so that a step costs a look-up and
-/// no call into the rich text control. Made by prepareScript, owned by the display window.
+/// The tables of one show: everything that the scroll loop needs, so that a step costs a look-up
+/// and no call into the rich text control. Made by prepareScript, owned by the display window.
 struct ShowTables final {
     LineTable lineTable;
     ScanTable scanTable;

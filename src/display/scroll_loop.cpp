@@ -200,8 +200,8 @@ ScrollLoop::StepEnd ScrollLoop::step() {
 }
 
 void ScrollLoop::advanceFramePhase() {
-    const bool measured = m_session.settings.ScrollSpeedControl != FullRange &&
-                          m_session.show.ScrollDirection > 0;
+    const bool measured =
+        m_session.settings.ScrollSpeedControl != FullRange && m_session.show.ScrollDirection > 0;
     if (++m_framePhase > (measured ? LastPhaseMeasured : LastPhase)) {
         m_framePhase = 0;
     }
@@ -276,7 +276,8 @@ void ScrollLoop::applySplitDirection() {
     }
 }
 
-/// The requests to turn; handlers only set the flags, because a turn must not fall into a composition.
+/// The requests to turn; handlers only set the flags, because a turn must not fall into a
+/// composition.
 void ScrollLoop::serveRequests() {
     ShowState& show = m_session.show;
     if (show.ReverseToBackward != 0) {
@@ -389,12 +390,16 @@ void ScrollLoop::checkNotice() {
     }
 }
 
-void ScrollLoop::waitIdly() { m_session.platform.pump.waitForEvents(IdleWaitMs); }
+void ScrollLoop::waitIdly() {
+    m_session.platform.pump.waitForEvents(IdleWaitMs);
+}
 
 QString ScrollLoop::elapsedNow() const {
     return clockText(m_session.platform.clock.Timer() - m_session.show.ElapsedStart);
 }
 
-bool ScrollLoop::exitRequested() const { return m_session.show.ExitRequested == 1; }
+bool ScrollLoop::exitRequested() const {
+    return m_session.show.ExitRequested == 1;
+}
 
 } // namespace velmora

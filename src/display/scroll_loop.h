@@ -29,9 +29,9 @@ struct ScrollLoopParts final {
 /// The heart of the prompter: one long call that moves the script row by row until the operator
 /// leaves the show.
 ///
-/// A step is always RowStep rows; speed is only the wait between two steps. Every wait pumps events,
-/// so handlers run nested inside it and steer the loop through the show's variables, which are read
-/// afresh at every turn. Waiting states sleep on the event queue.
+/// A step is always RowStep rows; speed is only the wait between two steps. Every wait pumps
+/// events, so handlers run nested inside it and steer the loop through the show's variables, which
+/// are read afresh at every turn. Waiting states sleep on the event queue.
 class ScrollLoop final {
 public:
     /// textRows: rows of text in the window (WindowHeight - 19).

@@ -36,7 +36,9 @@ ShowHandOver::ShowHandOver(Session& session, EditorHost& host) : m_session(sessi
 
 ShowHandOver::~ShowHandOver() = default;
 
-bool ShowHandOver::running() const { return m_running; }
+bool ShowHandOver::running() const {
+    return m_running;
+}
 
 void ShowHandOver::RunPrompter() {
     if (m_running || m_session.script.rtb1.isEmpty() || !longScriptAccepted(m_session)) {

@@ -10,7 +10,8 @@ class Session;
 class Presenter;
 
 /// Where the window stands in the script, and every change of it that is not a step.
-/// The picture is a pure function of the top row, and the top row one of ScrollRow and the direction.
+/// The picture is a pure function of the top row, and the top row one of ScrollRow and the
+/// direction.
 class ShowNavigation final {
 public:
     /// textRows: rows of text in the window.
@@ -21,7 +22,8 @@ public:
     [[nodiscard]] std::int64_t topRow() const;
     /// 1-based line at the top of the window; 0 where none is.
     [[nodiscard]] int topLine() const;
-    /// ShowTopLine for the return to the editor: the line at the top, 0 where the whole script fits.
+    /// ShowTopLine for the return to the editor: the line at the top, 0 where the whole script
+    /// fits.
     [[nodiscard]] double returnLine() const;
 
     /// Redraws the window from a 0-based line on, as far up as the script's end allows.

@@ -12,7 +12,9 @@ TextWindow::TextWindow(QWidget* parent) : QWidget(parent) {
     setFocusPolicy(Qt::StrongFocus);
 }
 
-void TextWindow::setBackground(QRgb color) { m_background = color; }
+void TextWindow::setBackground(QRgb color) {
+    m_background = color;
+}
 
 void TextWindow::setBlank(bool blank) {
     m_blank = blank;

@@ -17,7 +17,9 @@ constexpr QRgb ArrowColor = qRgb(224, 224, 224);
 
 } // namespace
 
-UpDown::UpDown(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::NoFocus); }
+UpDown::UpDown(QWidget* parent) : QWidget(parent) {
+    setFocusPolicy(Qt::NoFocus);
+}
 
 void UpDown::setRange(int minimum, int maximum) {
     m_minimum = minimum;
@@ -59,7 +61,9 @@ void UpDown::mousePressEvent(QMouseEvent* event) {
     setValue(m_value + m_held * StepPixels);
 }
 
-void UpDown::mouseReleaseEvent(QMouseEvent*) { stopRepeating(); }
+void UpDown::mouseReleaseEvent(QMouseEvent*) {
+    stopRepeating();
+}
 
 void UpDown::timerEvent(QTimerEvent* event) {
     if (event->timerId() == m_timer) {

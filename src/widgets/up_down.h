@@ -4,8 +4,8 @@
 
 namespace velmora {
 
-/// A pair of arrow buttons, one above the other, that moves a value. Fires only on a difference, and
-/// synchronously.
+/// A pair of arrow buttons, one above the other, that moves a value. Fires only on a difference,
+/// and synchronously.
 class UpDown final : public QWidget {
     Q_OBJECT
 public:

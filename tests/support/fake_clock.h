@@ -2,6 +2,7 @@
 
 #include "platform/timing/clock.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -23,6 +24,7 @@ public:
             advanceMicroseconds(microseconds);
         }
     }
+    void spinUntil(std::int64_t ticks) override { m_ticks = std::max(m_ticks, ticks); }
 
     /// Time without the cost of a read.
     [[nodiscard]] std::int64_t ticks() const { return m_ticks; }
