@@ -12,7 +12,9 @@ std::int64_t MachineClock::counter() const {
     return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
 }
 
-double MachineClock::Timer() const { return QTime::currentTime().msecsSinceStartOfDay() / 1000.0; }
+double MachineClock::Timer() const {
+    return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
+}
 
 void MachineClock::sleepMicroseconds(std::int64_t microseconds) {
     std::this_thread::sleep_for(std::chrono::microseconds(microseconds));

@@ -10,9 +10,9 @@ namespace velmora {
 
 /// Serves the wait of a step: pumps events, sleeps in short slices, and spins only at the very end.
 ///
-/// A pure spin is as accurate (0.1 us in the median) and costs a whole core; this costs 1 to 12 % of
-/// one. The slices are short because input must be served within a millisecond, and because a sleep
-/// that is asked for longer wakes later.
+/// A pure spin is as accurate (0.1 us in the median) and costs a whole core; this costs 1 to 12 %
+/// of one. The slices are short because input must be served within a millisecond, and because a
+/// sleep that is asked for longer wakes later.
 class Pacer final {
 public:
     static constexpr std::int64_t MaxSliceMicroseconds = 1000;
@@ -26,8 +26,9 @@ public:
         std::int64_t end = 0;
     };
 
-    /// Waits until waitMs() milliseconds have passed since the counter stood at start. waitMs is asked
-    /// at every turn, so that a handler may change it inside the running wait. Pumps at least once.
+    /// Waits until waitMs() milliseconds have passed since the counter stood at start. waitMs is
+    /// asked at every turn, so that a handler may change it inside the running wait. Pumps at least
+    /// once.
     template<typename WaitMs> Wait wait(std::int64_t start, WaitMs&& waitMs) {
         const double ticksPerMs = static_cast<double>(m_clock.frequency()) / 1000.0;
         for (;;) {

@@ -8,8 +8,8 @@ namespace velmora {
 class Presenter {
 public:
     virtual ~Presenter() = default;
-    /// A step has been composed; periodTicks is the time from one step to the next, in counter ticks.
-    /// Returns whether it painted.
+    /// A step has been composed; periodTicks is the time from one step to the next, in counter
+    /// ticks. Returns whether it painted.
     virtual bool stepDone(std::int64_t periodTicks) = 0;
     /// Paints at once: after a jump.
     virtual void presentNow() = 0;

@@ -6,7 +6,9 @@
 
 namespace velmora {
 
-void QtEventPump::DoEvents() { QCoreApplication::processEvents(); }
+void QtEventPump::DoEvents() {
+    QCoreApplication::processEvents();
+}
 
 void QtEventPump::waitForEvents(int timeoutMs) {
     QTimer wake;

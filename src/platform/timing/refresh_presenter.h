@@ -7,9 +7,10 @@
 
 namespace velmora {
 
-/// Paints directly after a step, at the first step that comes within half a step of the screen's next
-/// refresh, counted from the last paint. So at a constant speed every painted picture has moved by the
-/// same number of rows; a free-running paint at the refresh rate would show none and two rows in turn.
+/// Paints directly after a step, at the first step that comes within half a step of the screen's
+/// next refresh, counted from the last paint. So at a constant speed every painted picture has
+/// moved by the same number of rows; a free-running paint at the refresh rate would show none and
+/// two rows in turn.
 class RefreshPresenter final : public Presenter {
 public:
     /// refreshRate in pictures a second; limited to 24 to 240. paint must put the picture on the

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+#include <cstdint>
+#include <vector>
+
+namespace velmora {
+
+/// Median, 99th percentile and greatest of a set of samples; 0 for an empty one.
+struct Spread final {
+    double p50 = 0;
+    double p99 = 0;
+    double max = 0;
+};
+[[nodiscard]] Spread spreadOf(std::vector<double> samples);
+
+/// What a rehearsal found: the keys of its report. Times in seconds unless the name says otherwise.
+struct RehearsalFigures final {
+    QString script;
+    int screenWidth = 0;
+    int screenHeight = 0;
+    QString range;
+    double speed = 0;
+    bool turbo = false;
+    int mirror = 0;
+    int lines = 0;
+    std::int64_t rows = 0;
+    std::int64_t lastScrollRow = 0;
+    /// Of a timed show; 0 for one steered by speed.
+    double secondsSet = 0;
+    /// From the rows and the table of waits, before the start.
+    double secondsPredicted = 0;
+    /// First step to last.
+    double secondsActual = 0;
+    std::int64_t steps = 0;
+    std::int64_t paints = 0;
+    Spread lateMicroseconds;
+    Spread composeMicroseconds;
+    /// Of the process, from the loop's start to its end.
+    double cpuSeconds = 0;
+    std::int64_t peakRssKb = 0;
+    QStringList firstLines;
+
+    [[nodiscard]] QJsonObject toJson() const;
+    /// The same numbers as a short table.
+    [[nodiscard]] QString toTable() const;
+};
+
+} // namespace velmora

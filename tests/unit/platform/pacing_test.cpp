@@ -1,0 +1,93 @@
+#include "platform/timing/pacer.h"
+#include "platform/timing/refresh_presenter.h"
+#include "platform/timing/time_of_day.h"
+#include "support/fake_clock.h"
+#include "support/fake_event_pump.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace velmora;
+
+namespace {
+
+constexpr std::int64_t TicksPerMs = FakeClock::TicksPerSecond / 1000;
+
+} // namespace
+
+TEST(Pacer, EndsAtTheDueTickAndPumpsWithinAMillisecond) {
+    FakeClock clock;
+    FakeEventPump pump(clock);
+    Pacer pacer(clock, pump);
+    std::int64_t lastPump = clock.ticks();
+    std::int64_t longestGap = 0;
+    pump.setEveryPump([&] {
+        longestGap = std::max(longestGap, clock.ticks() - lastPump);
+        lastPump = clock.ticks();
+    });
+    const std::int64_t start = clock.counter();
+    const Pacer::Wait wait = pacer.wait(start, [] { return 12.5; });
+    EXPECT_EQ(wait.due, start + 12 * TicksPerMs + TicksPerMs / 2);
+    EXPECT_GE(wait.end, wait.due);
+    EXPECT_LE(wait.end - wait.due, TicksPerMs / 50);
+    EXPECT_LE(longestGap, TicksPerMs + TicksPerMs / 20);
+}
+
+TEST(Pacer, ChangeOfTheWaitActsInsideTheRunningWait) {
+    FakeClock clock;
+    FakeEventPump pump(clock);
+    Pacer pacer(clock, pump);
+    double waitMs = 100;
+    pump.in(0.010, [&] { waitMs = 20; });
+    const std::int64_t start = clock.counter();
+    const Pacer::Wait wait = pacer.wait(start, [&] { return waitMs; });
+    EXPECT_NEAR(static_cast<double>(wait.end - start), 20.0 * TicksPerMs, TicksPerMs);
+}
+
+TEST(Pacer, PumpsOnceEvenWithoutAWait) {
+    FakeClock clock;
+    FakeEventPump pump(clock);
+    Pacer pacer(clock, pump);
+    (void)pacer.wait(clock.counter(), [] { return 0.0; });
+    EXPECT_EQ(pump.pumps(), 1);
+}
+
+TEST(RefreshPresenter, EveryPictureHasMovedByTheSameNumberOfSteps) {
+    for (const double periodMs : {1.0, 2.6, 4.4, 7.9, 12.0, 19.0}) {
+        FakeClock clock;
+        clock.setTicksPerRead(0);
+        std::vector<int> stepsAtPaint;
+        int steps = 0;
+        RefreshPresenter presenter(clock, 60, [&] { stepsAtPaint.push_back(steps); });
+        presenter.presentNow();
+        const auto period = static_cast<std::int64_t>(periodMs * TicksPerMs);
+        for (steps = 1; steps < 400; ++steps) {
+            clock.advanceTicks(period);
+            presenter.stepDone(period);
+        }
+        ASSERT_GT(stepsAtPaint.size(), 10u) << periodMs;
+        const int expected = std::max(1, static_cast<int>(1000.0 / 60 / periodMs + 0.5));
+        for (std::size_t i = 2; i < stepsAtPaint.size(); ++i) {
+            EXPECT_EQ(stepsAtPaint[i] - stepsAtPaint[i - 1], expected) << periodMs;
+        }
+    }
+}
+
+TEST(RefreshPresenter, SettlesOnlyAPictureThatIsBehind) {
+    FakeClock clock;
+    int paints = 0;
+    RefreshPresenter presenter(clock, 60, [&] { ++paints; });
+    presenter.presentNow();
+    presenter.settle();
+    EXPECT_EQ(paints, 1);
+    EXPECT_FALSE(presenter.stepDone(TicksPerMs));
+    presenter.settle();
+    presenter.settle();
+    EXPECT_EQ(paints, 2);
+}
+
+TEST(TimeOfDay, SpansSurviveMidnight) {
+    EXPECT_DOUBLE_EQ(secondsSince(100, 104), 4);
+    EXPECT_DOUBLE_EQ(secondsSince(86398, 2), 4);
+}
