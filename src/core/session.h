@@ -55,6 +55,11 @@ struct ScriptState final {
     int ScriptFileType = 0;
     /// The path without its extension, as the last save took it.
     QString ScriptFileBase;
+    /// The file that holds this script and nothing else: it was saved there, or loaded from there
+    /// into an empty editor. A save replaces it without a question. Empty for none.
+    QString ownFile;
+    /// True while a script is loaded or saved: neither starts inside the other.
+    bool fileInProgress = false;
     /// 1 when the script differs from what was last saved.
     int TextChanged = 0;
     /// Set by the exit before it asks for a save; cleared by a successful save.

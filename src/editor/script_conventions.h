@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/rich_text/rich_text_fragment.h"
+
+#include <QString>
+#include <QStringView>
+
+namespace velmora {
+
+class Session;
+
+/// The markers of a script: plain characters in its text.
+inline constexpr QChar BookmarkMarker = u'^';
+inline constexpr QChar SelectiveBookmarkMarker = u'~';
+/// Parts two stories, on a line of its own; a bookmark as well, since it begins with one.
+inline constexpr QStringView StoryBreakMarker = u"^----";
+
+/// The colour rule: text of the colour `other` takes the colour `target`; every other colour stays.
+/// One of the two is black, the other white.
+///
+/// Defined on the control as a walk in blocks: a selection of black or of white alone takes the
+/// target as a whole, else each character of the colour `other` does. With black and white as the
+/// only two colours that is the same as exchanging a colour in the table of formats, which takes no
+/// time however long the script is.
+void applyColourRule(RichTextFragment& text, Rgb24 target, Rgb24 other);
+
+/// The colour rule for text that enters an editor: on black, black text turns white; on white,
+/// white text turns black; on any other background nothing happens.
+void applyColourRuleForBackground(RichTextFragment& text, Rgb24 background);
+
+/// The tab rule: every tab becomes a blank of the same format.
+void replaceTabs(RichTextFragment& text);
+
+/// The offset rule: no paragraph stands indented or hanging. Alignment stays.
+void clearOffsets(RichTextFragment& text);
+
+/// The font rule of plain text: one format for everything.
+void applyPlainTextLook(RichTextFragment& text, const CharacterFormat& look);
+
+/// The colour, font and size that plain text takes when it enters the editor: the setting's colour,
+/// what the two boxes show, no effects. Size in points.
+[[nodiscard]] CharacterFormat plainTextLook(const Session& session, const QString& fontName,
+                                            double fontSize);
+
+/// Gives rtb1 the look of the settings: font, size and colour of text without a format of its own,
+/// background, wrap width and zoom. For a new editor; what text there is stays as it is.
+void applyEditorDefaults(Session& session);
+
+} // namespace velmora

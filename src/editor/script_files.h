@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+namespace velmora {
+
+/// ScriptFileType: what a script's file holds. The first two are also FileFormat's numbers.
+enum class ScriptType : int { Rtf = 0, PlainText = 1, Doc = 9, Docx = 13 };
+
+/// The type by the end of the file's name, without regard to case; plain text where it tells
+/// nothing. The contents are never looked at.
+[[nodiscard]] ScriptType scriptTypeOf(const QString& path);
+
+/// Whether a converter has to make RTF of it first.
+[[nodiscard]] bool needsConverter(ScriptType type);
+
+/// The folder of a path, with its trailing "/", for LastScriptFolder. Empty for a path without one.
+[[nodiscard]] QString folderOfScript(const QString& path);
+
+/// ScriptFileBase: a path without the extension of its file's name, cut at the last dot of the
+/// name. A name without a dot, or with none but at its beginning, stays whole.
+[[nodiscard]] QString scriptFileBase(const QString& path);
+
+} // namespace velmora

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/outcome.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace velmora {
+
+class EditorHost;
+class RecentFileTable;
+class Session;
+
+/// Brings scripts from files into the editor: through the staging control rtb2, where they are
+/// tamed, into rtb1. Owned by the main window.
+///
+/// A load that fails tells the user why and leaves the editor's text as it was. One that is asked
+/// for inside another load, a save or a show does nothing.
+class ScriptLoader final {
+public:
+    /// recent may be null: then no list of recent files is kept.
+    ScriptLoader(Session& session, EditorHost& host, RecentFileTable* recent);
+
+    /// The Load command: asks for a file and loads it.
+    void LoadText();
+    /// Loads a file that was chosen from the recent list or named at start. When the editor holds
+    /// text the user is asked whether to append; otherwise the new text goes in at the caret.
+    void loadScript(const QString& path);
+    /// Loads a file for an unattended run: at the caret, without a question, a message or a recent
+    /// list. On failure the reason is a whole text for the user, the path included.
+    Outcome loadUnattended(const QString& path);
+
+private:
+    /// Where the new text goes, or Nowhere: the user cancelled.
+    enum class Place { Caret, End, Nowhere };
+
+    void load(const QString& path);
+    void rememberFile(const QString& path);
+    [[nodiscard]] Place askPlace();
+    Outcome bringIn(Place place);
+    Outcome readIntoStaging();
+    void moveStagingToEditor(Place place);
+    void tellAfterLoad(Place place);
+    [[nodiscard]] QString missingFontsText() const;
+    [[nodiscard]] QString recentListText(Place place);
+    [[nodiscard]] QString failureText(const QString& reason) const;
+    void giveBackEditor();
+
+    Session& m_session;
+    EditorHost& m_host;
+    RecentFileTable* m_recent;
+};
+
+} // namespace velmora
