@@ -200,7 +200,7 @@ LinePlace DocumentLayout::lineOfBlock(const QTextBlock& block, int lineInBlock) 
     return place;
 }
 
-double DocumentLayout::topOfNumber(int blockNumber) const {
+double DocumentLayout::topOfBlock(int blockNumber) const {
     ensureLaidOut();
     m_tops.resize(m_heights.size() + 1);
     for (; m_topsValid < blockNumber; ++m_topsValid) {
@@ -211,7 +211,7 @@ double DocumentLayout::topOfNumber(int blockNumber) const {
 }
 
 double DocumentLayout::blockTop(const QTextBlock& block) const {
-    return topOfNumber(block.blockNumber());
+    return topOfBlock(block.blockNumber());
 }
 
 double DocumentLayout::blockHeight(const QTextBlock& block) const {
@@ -221,7 +221,7 @@ double DocumentLayout::blockHeight(const QTextBlock& block) const {
 
 double DocumentLayout::height() const {
     ensureLaidOut();
-    return topOfNumber(static_cast<int>(m_heights.size()));
+    return topOfBlock(static_cast<int>(m_heights.size()));
 }
 
 void DocumentLayout::draw(QPainter* painter, const PaintContext& context) {

@@ -66,6 +66,8 @@ public:
     [[nodiscard]] LinePlace lineOfBlock(const QTextBlock& block, int lineInBlock) const;
 
     [[nodiscard]] double blockTop(const QTextBlock& block) const;
+    /// By the paragraph's number, 0 to the count of paragraphs, which gives the document's height.
+    [[nodiscard]] double topOfBlock(int blockNumber) const;
     [[nodiscard]] double blockHeight(const QTextBlock& block) const;
     [[nodiscard]] double height() const;
 
@@ -83,7 +85,6 @@ protected:
 private:
     void markAll();
     void layOutBlock(QTextBlock block) const;
-    [[nodiscard]] double topOfNumber(int blockNumber) const;
 
     double m_wrapWidth = 1920;
     /// Heights of all paragraphs; below 0 stands for a marked one.

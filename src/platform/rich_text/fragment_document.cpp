@@ -43,22 +43,14 @@ QTextCharFormat toTextFormat(const CharacterFormat& format) {
                                       CharacterFormat::MaxHalfPoints);
     result.setProperty(QTextFormat::FontPixelSize, halfPoints * DocumentLayout::UnitsPerHalfPoint);
     result.setFontHintingPreference(QFont::PreferNoHinting);
+    // Every property is set, always in this order: equal formats are then one format of the
+    // document, and the layout does not cut a word between them.
     result.setForeground(toColor(format.color));
-    if (format.backColor != 0) {
-        result.setBackground(toColor(format.backColor));
-    }
-    if (format.bold) {
-        result.setFontWeight(QFont::Bold);
-    }
-    if (format.italic) {
-        result.setFontItalic(true);
-    }
-    if (format.underline) {
-        result.setFontUnderline(true);
-    }
-    if (format.strikeThrough) {
-        result.setFontStrikeOut(true);
-    }
+    result.setBackground(format.backColor != 0 ? QBrush(toColor(format.backColor)) : QBrush());
+    result.setFontWeight(format.bold ? QFont::Bold : QFont::Normal);
+    result.setFontItalic(format.italic);
+    result.setFontUnderline(format.underline);
+    result.setFontStrikeOut(format.strikeThrough);
     return result;
 }
 

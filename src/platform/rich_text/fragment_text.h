@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/rich_text/rich_text_fragment.h"
+
+#include <QString>
+#include <QStringView>
+
+namespace velmora {
+
+/// Plain text in one format. CR LF, CR, LF and U+2029 end a paragraph; U+000B and U+2028 end a line
+/// inside of one. Text without a line end makes one paragraph, empty text too.
+[[nodiscard]] RichTextFragment fragmentOfText(QStringView text, const CharacterFormat& format,
+                                              const ParagraphFormat& paragraphFormat = {});
+
+/// The plain text, paragraphs joined by CR LF, U+2028 as U+000B.
+[[nodiscard]] QString textOfFragment(const RichTextFragment& fragment);
+
+/// The text as a paragraph may hold it, of the same length: line ends become U+2028, and the
+/// characters that a text document reserves for itself U+FFFD.
+[[nodiscard]] QString paragraphText(const QString& text);
+
+/// Whether two paragraphs look the same; their runs may be cut and numbered differently.
+[[nodiscard]] bool sameParagraph(const RichTextFragment& leftOwner, const Paragraph& left,
+                                 const RichTextFragment& rightOwner, const Paragraph& right);
+[[nodiscard]] bool sameContents(const RichTextFragment& left, const RichTextFragment& right);
+
+/// The format with a number, or a default one where the fragment has none of it.
+[[nodiscard]] const CharacterFormat& formatAt(const RichTextFragment& fragment, int index);
+
+} // namespace velmora

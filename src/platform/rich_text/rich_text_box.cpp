@@ -1,0 +1,254 @@
+#include "platform/rich_text/rich_text_box.h"
+
+#include "platform/rich_text/document_layout.h"
+#include "platform/rich_text/fragment_document.h"
+#include "platform/rich_text/fragment_text.h"
+#include "platform/rich_text/rich_text_box_private.h"
+#include "platform/rich_text/rtf_reader.h"
+#include "platform/rich_text/rtf_writer.h"
+
+#include <QTextBlock>
+
+#include <cmath>
+
+namespace velmora {
+
+namespace {
+
+constexpr int MaxEditsOfCachedText = 16;
+constexpr double MaxZoom = 1000;
+
+QString textOfDocument(const QTextDocument& document) {
+    QString text = document.toRawText();
+    text.replace(QChar(QChar::LineSeparator), QChar(u'\v'));
+    text.replace(QChar(QChar::ParagraphSeparator), QStringLiteral("\r\n"));
+    return text;
+}
+
+} // namespace
+
+RichTextBox::Private::Private(RichTextBox& owner) : q(owner) {
+    defaultFormat.fontName = QStringLiteral("Arial");
+    document.setUndoRedoEnabled(false);
+    document.setDocumentMargin(0);
+    layout = new DocumentLayout(&document);
+    document.setDocumentLayout(layout);
+    layout->setWrapWidth(DefaultWrapPixels * DocumentLayout::UnitsPerPixel);
+    selection = QTextCursor(&document);
+    setContents(document, {}, defaultFormat);
+}
+
+RichTextBox::RichTextBox(QObject* parent) : QObject(parent), d(std::make_unique<Private>(*this)) {}
+
+RichTextBox::~RichTextBox() = default;
+
+// --- changes
+
+void RichTextBox::Private::notify(bool changed, int oldAnchor, int oldCaret) {
+    const bool moved = selection.anchor() != oldAnchor || selection.position() != oldCaret;
+    if (changed) {
+        Q_EMIT q.Change();
+    }
+    if (moved) {
+        Q_EMIT q.SelChange();
+    }
+}
+
+void RichTextBox::Private::patchText(int controlBegin, int controlEnd,
+                                     const RichTextFragment& fragment) {
+    if (!text) {
+        return;
+    }
+    if (++editsSinceText > MaxEditsOfCachedText) {
+        text.reset();
+        return;
+    }
+    text->replace(controlBegin, controlEnd - controlBegin, textOfFragment(fragment));
+}
+
+void RichTextBox::Private::replaceSelection(const RichTextFragment& fragment) {
+    const int oldAnchor = selection.anchor();
+    const int oldCaret = selection.position();
+    const DocumentRange range = selected();
+    const bool differs =
+        range.isEmpty() ? !textOfFragment(fragment).isEmpty()
+                        : !sameContents(fragmentOf(document, range.begin, range.end), fragment);
+    int behind = range.end;
+    if (differs) {
+        const int controlBegin = fromDocument(range.begin);
+        const int controlEnd = fromDocument(range.end);
+        behind = replaceRange(document, range.begin, range.end, fragment);
+        patchText(controlBegin, controlEnd, fragment);
+    }
+    selection.setPosition(behind);
+    typingFormat.reset();
+    notify(differs, oldAnchor, oldCaret);
+}
+
+void RichTextBox::Private::replaceAll(const RichTextFragment& fragment) {
+    const int oldAnchor = selection.anchor();
+    const int oldCaret = selection.position();
+    const bool differs = setContents(document, fragment, defaultFormat);
+    if (differs) {
+        text.reset();
+    }
+    selection.setPosition(0);
+    typingFormat.reset();
+    notify(differs, oldAnchor, oldCaret);
+}
+
+// --- contents
+
+const QString& RichTextBox::Text() const {
+    if (!d->text) {
+        d->text = textOfDocument(d->document);
+    }
+    d->editsSinceText = 0;
+    return *d->text;
+}
+
+void RichTextBox::setText(const QString& text) {
+    d->replaceAll(fragmentOfText(text, d->defaultFormat));
+}
+
+bool RichTextBox::isEmpty() const {
+    return d->endOfDocument() == 0;
+}
+
+int RichTextBox::textLength() const {
+    return d->fromDocument(d->endOfDocument());
+}
+
+QByteArray RichTextBox::TextRTF() const {
+    return writeRtf(fragment());
+}
+
+Outcome RichTextBox::setTextRTF(const QByteArray& rtf) {
+    if (rtf.isEmpty()) {
+        d->replaceAll({});
+        return Outcome::success();
+    }
+    const RtfReadResult read = readRtf(rtf);
+    if (read.outcome) {
+        d->replaceAll(read.fragment);
+    }
+    return read.outcome;
+}
+
+RichTextFragment RichTextBox::fragment() const {
+    return fragmentOf(d->document);
+}
+
+void RichTextBox::setFragment(const RichTextFragment& fragment) {
+    d->replaceAll(fragment);
+}
+
+// --- the selection's contents
+
+QString RichTextBox::SelText() const {
+    const DocumentRange range = d->selected();
+    return textOfFragment(fragmentOf(d->document, range.begin, range.end));
+}
+
+void RichTextBox::setSelText(const QString& text) {
+    const QTextBlock block = d->document.findBlock(d->selected().begin);
+    d->replaceSelection(
+        fragmentOfText(text, d->replacingFormat(), fromBlockFormat(block.blockFormat())));
+}
+
+QByteArray RichTextBox::SelRTF() const {
+    return writeRtf(selectedFragment());
+}
+
+Outcome RichTextBox::setSelRTF(const QByteArray& rtf) {
+    if (rtf.isEmpty()) {
+        d->replaceSelection({});
+        return Outcome::success();
+    }
+    const RtfReadResult read = readRtf(rtf);
+    if (read.outcome) {
+        d->replaceSelection(read.fragment);
+    }
+    return read.outcome;
+}
+
+RichTextFragment RichTextBox::selectedFragment() const {
+    const DocumentRange range = d->selected();
+    return range.isEmpty() ? RichTextFragment() : fragmentOf(d->document, range.begin, range.end);
+}
+
+void RichTextBox::replaceSelection(const RichTextFragment& fragment) {
+    d->replaceSelection(fragment);
+}
+
+// --- the whole control
+
+Rgb24 RichTextBox::BackColor() const {
+    return d->backColor;
+}
+
+void RichTextBox::setBackColor(Rgb24 color) {
+    if (d->backColor != color) {
+        d->backColor = color;
+        Q_EMIT appearanceChanged();
+    }
+}
+
+const CharacterFormat& RichTextBox::defaultFormat() const {
+    return d->defaultFormat;
+}
+
+void RichTextBox::setDefaultFormat(const CharacterFormat& format) {
+    d->defaultFormat = format;
+    if (isEmpty()) {
+        d->replaceAll({});
+    }
+}
+
+double RichTextBox::wrapWidth() const {
+    return d->wrapPixels;
+}
+
+void RichTextBox::setWrapWidth(double pixels) {
+    if (d->wrapPixels != pixels && std::isfinite(pixels)) {
+        d->wrapPixels = pixels;
+        d->layout->setWrapWidth(pixels * DocumentLayout::UnitsPerPixel);
+        Q_EMIT appearanceChanged();
+    }
+}
+
+double RichTextBox::zoom() const {
+    return d->zoom;
+}
+
+void RichTextBox::setZoom(double zoom) {
+    if (zoom > 0 && zoom <= MaxZoom && d->zoom != zoom) {
+        d->zoom = zoom;
+        Q_EMIT appearanceChanged();
+    }
+}
+
+bool RichTextBox::redraw() const {
+    return d->redraw;
+}
+
+void RichTextBox::setRedraw(bool on) {
+    if (d->redraw != on) {
+        d->redraw = on;
+        Q_EMIT appearanceChanged();
+    }
+}
+
+QTextDocument& RichTextBox::document() {
+    return d->document;
+}
+
+const QTextDocument& RichTextBox::document() const {
+    return d->document;
+}
+
+DocumentLayout& RichTextBox::layout() const {
+    return *d->layout;
+}
+
+} // namespace velmora

@@ -1,0 +1,94 @@
+#include "platform/rich_text/document_layout.h"
+#include "platform/rich_text/rich_text_box_private.h"
+
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace velmora {
+
+namespace {
+
+/// 1 + floor(top * zoom), top in reference units.
+int verticalPixels(double topUnits, double zoom) {
+    const double pixels = 1 + std::floor(topUnits * zoom / DocumentLayout::UnitsPerPixel);
+    return static_cast<int>(std::min(pixels, double{std::numeric_limits<int>::max()}));
+}
+
+} // namespace
+
+int RichTextBox::Find(const QString& text, int start) {
+    if (text.isEmpty()) {
+        return -1;
+    }
+    const qsizetype found = Text().indexOf(text, std::max(0, start), Qt::CaseInsensitive);
+    if (found < 0) {
+        return -1;
+    }
+    const int position = static_cast<int>(found);
+    select(position, position + static_cast<int>(text.size()));
+    return position;
+}
+
+int RichTextBox::GetLineFromChar(int position) const {
+    return d->layout->lineOfPosition(toDocument(position)).number;
+}
+
+int RichTextBox::lineIndex(int line) const {
+    const LinePlace place = d->layout->lineAt(line);
+    return place.isValid() ? fromDocument(place.start()) : -1;
+}
+
+int RichTextBox::lineLength(int position) const {
+    const LinePlace place = d->layout->lineOfPosition(toDocument(position));
+    const int length = place.line.textLength();
+    const bool hasLineEnd = length > 0 && d->document.characterAt(place.start() + length - 1) ==
+                                              QChar(QChar::LineSeparator);
+    return hasLineEnd ? length - 1 : length;
+}
+
+int RichTextBox::lineCount() const {
+    return d->layout->lineCount();
+}
+
+int RichTextBox::verticalPosition(int position) const {
+    return verticalPixels(d->layout->lineOfPosition(toDocument(position)).top, d->zoom);
+}
+
+std::vector<RichTextBox::LineMetrics> RichTextBox::lineMetrics(int count) const {
+    const int wanted = std::clamp(count, 0, lineCount());
+    std::vector<LineMetrics> result;
+    result.reserve(static_cast<size_t>(wanted));
+    const QString& text = Text();
+    int blockNumber = 0;
+    int blockIndex = 0;
+    for (QTextBlock block = d->document.begin(); block.isValid(); block = block.next()) {
+        const QTextLayout* lines = block.layout();
+        const double top = d->layout->topOfBlock(blockNumber);
+        for (int i = 0; i < lines->lineCount(); ++i) {
+            if (static_cast<int>(result.size()) == wanted) {
+                return result;
+            }
+            const QTextLine line = lines->lineAt(i);
+            const int index = blockIndex + line.textStart();
+            int length = line.textLength();
+            if (length > 0 && text.at(index + length - 1) == u'\v') {
+                --length;
+            }
+            result.push_back({index, length, verticalPixels(top + line.y(), d->zoom)});
+        }
+        // A line end counts as two positions, and as one in the length of a block.
+        blockIndex += block.length() + 1;
+        ++blockNumber;
+    }
+    return result;
+}
+
+double RichTextBox::lineHeight(int line) const {
+    const LinePlace place = d->layout->lineAt(line);
+    return place.height * d->zoom / DocumentLayout::UnitsPerPixel;
+}
+
+} // namespace velmora

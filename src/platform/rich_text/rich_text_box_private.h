@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/rich_text/format_cells.h"
+#include "platform/rich_text/rich_text_box.h"
+
+#include <QTextCursor>
+
+#include <functional>
+
+namespace velmora {
+
+/// State of a RichTextBox and the few operations that all others are made of. Positions in here are
+/// those of the QTextDocument, where a line end counts as one, unless they are called control
+/// positions.
+class RichTextBox::Private final {
+public:
+    /// The columns 12 apart from the middle: what a new control wraps at, in 96-dpi pixels.
+    static constexpr double DefaultWrapPixels = 298;
+
+    explicit Private(RichTextBox& owner);
+
+    // --- positions (rich_text_box_selection.cpp)
+    [[nodiscard]] int endOfDocument() const { return document.characterCount() - 1; }
+    /// A control position that lies inside a line end or a surrogate pair snaps in front of it.
+    struct Snapped final {
+        int position = 0;
+        /// Position behind the line end or pair that was snapped out of; else equal to position.
+        int behindUnit = 0;
+    };
+    [[nodiscard]] Snapped snap(int controlPosition) const;
+    [[nodiscard]] int fromDocument(int position) const;
+    [[nodiscard]] DocumentRange selected() const;
+    [[nodiscard]] DocumentRange rangeOf(int controlPosition, int length) const;
+    void setSelection(int anchor, int caret);
+
+    // --- changes (rich_text_box.cpp)
+    /// Replaces the selection, keeps the cached text in step, puts the caret behind, and signals.
+    void replaceSelection(const RichTextFragment& fragment);
+    /// Replaces everything and puts the caret at the beginning.
+    void replaceAll(const RichTextFragment& fragment);
+    void notify(bool changed, int oldAnchor, int oldCaret);
+    void patchText(int controlBegin, int controlEnd, const RichTextFragment& fragment);
+
+    // --- formats (rich_text_box_format.cpp)
+    using FormatChange = std::function<void(CharacterFormat&)>;
+    using ParagraphChange = std::function<void(ParagraphFormat&)>;
+    /// What is typed next at the caret.
+    [[nodiscard]] CharacterFormat typedFormat() const;
+    /// What text that replaces the selection looks like: its first character.
+    [[nodiscard]] CharacterFormat replacingFormat() const;
+    void changeFormat(const FormatChange& change);
+    void changeParagraphs(const ParagraphChange& change);
+    /// The value that all characters of the selection share. The ends of paragraphs count only
+    /// where nothing else is there to see.
+    template<typename Value>
+    [[nodiscard]] std::optional<Value> shared(Value CharacterFormat::*member) const;
+    /// The paragraphs that the selection touches: first and last.
+    [[nodiscard]] std::pair<QTextBlock, QTextBlock> selectedParagraphs() const;
+
+    RichTextBox& q;
+    QTextDocument document;
+    /// Owned by the document.
+    DocumentLayout* layout = nullptr;
+    QTextCursor selection;
+    CharacterFormat defaultFormat;
+    /// Set by a setter at an empty selection, dropped by the next movement of the caret.
+    std::optional<CharacterFormat> typingFormat;
+    Rgb24 backColor = White;
+    double wrapPixels = DefaultWrapPixels;
+    double zoom = 1;
+    bool redraw = true;
+    /// Text(), kept up to date by edits for as long as somebody asks for it.
+    mutable std::optional<QString> text;
+    /// Edits since Text() was asked for; after a few the cache is not worth its upkeep.
+    mutable int editsSinceText = 0;
+};
+
+} // namespace velmora
