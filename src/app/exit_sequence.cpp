@@ -1,0 +1,53 @@
+#include "app/exit_sequence.h"
+
+#include "core/editor_host.h"
+#include "core/session.h"
+#include "platform/desktop/message_boxes.h"
+
+#include <utility>
+
+namespace velmora {
+
+namespace {
+constexpr int AnswerCancel = static_cast<int>(MessageAnswer::Cancel);
+constexpr int AnswerYes = static_cast<int>(MessageAnswer::Yes);
+} // namespace
+
+ExitSequence::ExitSequence(Session& session, EditorHost& host, Steps steps)
+    : m_session(session), m_host(host), m_steps(std::move(steps)) {}
+
+bool ExitSequence::run() {
+    askWhatBecomesOfTheText();
+    if (m_session.script.ExitAnswer == AnswerCancel) {
+        m_host.focusEditor();
+        return false;
+    }
+    m_steps.writeSettings();
+    saveIfAsked();
+    if (m_session.script.SaveFailed == 1) {
+        m_host.focusEditor();
+        return false;
+    }
+    return true;
+}
+
+void ExitSequence::askWhatBecomesOfTheText() {
+    ScriptState& script = m_session.script;
+    script.ExitAnswer = 0;
+    if (script.TextChanged == 1 && !script.rtb1.isEmpty()) {
+        m_steps.askToSave();
+    }
+}
+
+void ExitSequence::saveIfAsked() {
+    ScriptState& script = m_session.script;
+    script.SaveFailed = 0;
+    if (script.ExitAnswer == AnswerYes) {
+        script.SaveFailed = 1;
+        script.ExitSaveInProgress = 1;
+        m_steps.saveScript();
+        script.ExitSaveInProgress = 0;
+    }
+}
+
+} // namespace velmora

@@ -1,0 +1,86 @@
+#include "app/launch_environment.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryFile>
+#include <QtGlobal>
+
+namespace velmora {
+
+namespace {
+
+constexpr QSize UnwatchedScreen(1920, 1080);
+
+const char* const ScalingVariables[] = {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS",
+                                        "QT_USE_PHYSICAL_DPI", "QT_FONT_DPI"};
+
+/// By these Qt finds out the desktop and loads its theme with a second toolkit behind it, which
+/// costs a good part of the time to the first window and would restyle the program's own look.
+const char* const DesktopVariables[] = {"XDG_CURRENT_DESKTOP", "KDE_FULL_SESSION",
+                                        "GNOME_DESKTOP_SESSION_ID", "DESKTOP_SESSION"};
+
+bool isSet(const char* name) {
+    return !qEnvironmentVariableIsEmpty(name);
+}
+
+} // namespace
+
+LaunchEnvironment::LaunchEnvironment(Windows windows, QSize screen) {
+    // The program scales everything itself and counts in real pixels.
+    qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+    for (const char* name : ScalingVariables) {
+        qunsetenv(name);
+    }
+    choosePlatform(windows);
+    if (qgetenv("QT_QPA_PLATFORM") == "offscreen" && windows != Windows::OnDesktop) {
+        setOffscreenScreen(screen.isValid() ? screen : UnwatchedScreen);
+    }
+    hideDesktop();
+}
+
+LaunchEnvironment::~LaunchEnvironment() {
+    for (const Hidden& variable : m_hidden) {
+        qputenv(variable.name, variable.value);
+    }
+}
+
+void LaunchEnvironment::choosePlatform(Windows windows) {
+    if (isSet("QT_QPA_PLATFORM")) {
+        return;
+    }
+    const bool desktopAtHand = isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
+    if (windows == Windows::None || (windows == Windows::IfDesktop && !desktopAtHand)) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    } else if (isSet("WAYLAND_DISPLAY") && isSet("DISPLAY")) {
+        // Only under X11 can windows be placed and the pointer be moved.
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    }
+}
+
+void LaunchEnvironment::setOffscreenScreen(QSize screen) {
+    m_screenFile =
+        std::make_unique<QTemporaryFile>(QDir::tempPath() + QStringLiteral("/velmora-XXXXXX.json"));
+    if (!m_screenFile->open()) {
+        return;
+    }
+    m_screenFile->write(QStringLiteral("{\"screens\":[{\"name\":\"display\",\"x\":0,\"y\":0,"
+                                       "\"width\":%1,\"height\":%2,\"logicalDpi\":96,"
+                                       "\"logicalBaseDpi\":96,\"dpr\":1}]}")
+                            .arg(screen.width())
+                            .arg(screen.height())
+                            .toUtf8());
+    m_screenFile->close();
+    qputenv("QT_QPA_PLATFORM",
+            "offscreen:configfile=" + QFile::encodeName(m_screenFile->fileName()));
+}
+
+void LaunchEnvironment::hideDesktop() {
+    for (const char* name : DesktopVariables) {
+        if (qEnvironmentVariableIsSet(name)) {
+            m_hidden.push_back({name, qgetenv(name)});
+            qunsetenv(name);
+        }
+    }
+}
+
+} // namespace velmora

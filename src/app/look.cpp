@@ -1,0 +1,82 @@
+#include "app/look.h"
+
+#include "core/session.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QPalette>
+#include <QString>
+
+#include <algorithm>
+#include <cmath>
+
+namespace velmora {
+
+namespace {
+
+constexpr double ReferenceHeight = 1080;
+constexpr double SmallestUnit = 0.75;
+constexpr double FontUnits = 14;
+
+QPalette darkPalette() {
+    const QColor window(0x2b, 0x2d, 0x31);
+    const QColor base(0x1b, 0x1c, 0x1f);
+    const QColor text(0xe8, 0xe8, 0xe8);
+    const QColor dim(0x80, 0x84, 0x8a);
+    const QColor accent(0x3d, 0x7d, 0xca);
+    QPalette palette;
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, window);
+    palette.setColor(QPalette::ToolTipBase, base);
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::PlaceholderText, dim);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::Button, QColor(0x3b, 0x3e, 0x44));
+    palette.setColor(QPalette::ButtonText, text);
+    palette.setColor(QPalette::BrightText, Qt::white);
+    palette.setColor(QPalette::Link, accent);
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, dim);
+    }
+    return palette;
+}
+
+} // namespace
+
+double controlUnit(const ScreenState& screen) {
+    return std::max(SmallestUnit, screen.ScreenPixelsHigh / ReferenceHeight);
+}
+
+void applyLook(QApplication& application, const ScreenState& screen) {
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setPalette(darkPalette());
+    QFont font = QApplication::font();
+    font.setPixelSize(static_cast<int>(std::lround(FontUnits * controlUnit(screen))));
+    application.setFont(font);
+}
+
+QString mainWindowStyle() {
+    return QStringLiteral(R"(
+        #Form1 { background: #1b1c1f; }
+        #Backpicture { background: #2b2d31; border-bottom: 1px solid #141517; }
+        #BottomStrip { background: #2b2d31; border-top: 1px solid #141517; }
+        QPushButton { background: #3b3e44; color: #e8e8e8; border: 1px solid #4b4f56;
+                      border-radius: 4px; }
+        QPushButton:hover { background: #4a4e56; border-color: #5d626b; }
+        QPushButton:pressed { background: #2f3136; }
+        QPushButton:disabled { background: #303338; color: #7d8187; border-color: #3b3e44; }
+        #StartButton { background: #2c7a4b; border-color: #3c9560; color: white;
+                       font-weight: bold; }
+        #StartButton:hover { background: #338d57; }
+        #StartButton:pressed { background: #23633d; }
+        #StartButton:disabled { background: #2b4435; border-color: #33513f; color: #8fa398; }
+        #NoticeLine { color: #92969d; }
+        #NoticeLine[attention="true"] { color: #f2b84b; }
+    )");
+}
+
+} // namespace velmora

@@ -1,0 +1,429 @@
+#include "app/main_window.h"
+
+#include "app/exit_question.h"
+#include "app/font_name_combo.h"
+#include "app/monitor_help.h"
+#include "core/display_rects.h"
+#include "core/screen_scale.h"
+#include "core/session.h"
+#include "core/two_display_check.h"
+#include "editor/script_conventions.h"
+#include "platform/desktop/message_boxes.h"
+#include "platform/desktop/monitors.h"
+#include "platform/rich_text/rich_text_view.h"
+#include "platform/timing/event_pump.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPushButton>
+#include <QScreen>
+#include <QSlider>
+#include <QUrl>
+
+#include <algorithm>
+#include <array>
+
+namespace velmora {
+
+namespace {
+
+constexpr int SmallestComboSize = 8;
+constexpr int LargestComboSize = 48;
+constexpr int TwoDisplays = 4;
+
+bool isWholeScreen(const QRect& rectangle) {
+    const auto screens = QGuiApplication::screens();
+    return std::any_of(screens.cbegin(), screens.cend(), [&rectangle](const QScreen* screen) {
+        return screen->geometry() == rectangle;
+    });
+}
+
+QString firstLocalFile(const QMimeData& data) {
+    const auto urls = data.urls();
+    for (const QUrl& url : urls) {
+        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile()) {
+            return url.toLocalFile();
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+/// A key of rtb1 and its command; no command: the key is swallowed.
+struct Form1::Key final {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    void (Form1::*command)();
+};
+
+Form1::Form1(Session& session)
+    : m_session(session), m_handOver(session, *this), m_recentFiles(session.AppFolder),
+      m_loader(session, *this, session.keepsFiles ? &m_recentFiles : nullptr),
+      m_saver(session, *this), m_start(session, *this, [this] { m_handOver.RunPrompter(); }),
+      m_exit(session, *this, exitSteps()), m_controls(*this, session) {
+    setObjectName(QStringLiteral("Form1"));
+    setAcceptDrops(true);
+    connectControls();
+}
+
+Form1::~Form1() = default;
+
+void Form1::connectControls() {
+    connect(m_controls.LoadText, &QPushButton::clicked, this, &Form1::LoadText_Click);
+    connect(m_controls.SaveText, &QPushButton::clicked, this, &Form1::SaveText_Click);
+    connect(m_controls.StartButton, &QPushButton::clicked, this, &Form1::StartButton_Click);
+    connect(m_controls.ExitButton, &QPushButton::clicked, this, &Form1::ExitButton_Click);
+    connect(m_controls.Combo1, &QComboBox::activated, this, &Form1::Combo1_Click);
+    connect(m_controls.Combo2, &QComboBox::activated, this, &Form1::Combo2_Click);
+    connect(m_controls.Hscroll1, &QSlider::valueChanged, this, &Form1::Hscroll1_Change);
+    connect(&m_session.script.rtb1, &RichTextBox::Change, this, &Form1::rtb1_Change);
+    m_controls.rtb1->installEventFilter(this);
+    m_controls.rtb1->viewport()->installEventFilter(this);
+}
+
+// --- load step -----------------------------------------------------------------------------------
+
+void Form1::Form_Load() {
+    m_session.show.ShowRunning = 0;
+    m_session.script.TextChanged = 0;
+    measureScreen(m_session.platform.monitors, m_session.screen);
+    placeOnDisplay1();
+    readSettings();
+    for (int points = SmallestComboSize; points <= LargestComboSize; ++points) {
+        m_controls.Combo2->addItem(QString::number(points));
+    }
+    m_controls.Hscroll1->setValue(m_session.settings.ColumnMargin);
+    m_controls.place(m_session.screen, size());
+    Hscroll1_Change();
+    applyEditorLook();
+    updateCaption();
+    showNotice(QString());
+    show();
+    m_session.platform.pump.DoEvents();
+    focusEditor();
+    if (m_session.settings.IgnoreMonitorHelp == 0) {
+        Form11(m_session, this).showHelp();
+    }
+    if (m_session.settings.MirrorMode == TwoDisplays) {
+        checkTwoDisplays();
+    }
+    focusEditor();
+}
+
+void Form1::placeOnDisplay1() {
+    GetDisplayRect(m_session, 1);
+    const DisplayState& displays = m_session.displays;
+    const QRect rectangle(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
+                          displays.DisplayHeight);
+    if (rectangle.isEmpty()) {
+        return;
+    }
+    setGeometry(rectangle);
+    // Display rectangles from the command line need not be a screen; there the window stays as it
+    // is told. On a screen the window manager knows how much room panels leave.
+    if (isWholeScreen(rectangle)) {
+        setWindowState(windowState() | Qt::WindowMaximized);
+    }
+}
+
+void Form1::readSettings() {
+    m_settingsFile.emplace(m_session.AppFolder, m_session.screen.ScreenPixelsHigh);
+    // A file that is missing or damaged gives defaults, without a word.
+    m_settingsFile->load(m_session.settings);
+}
+
+void Form1::applyEditorLook() {
+    const Settings& settings = m_session.settings;
+    applyEditorDefaults(m_session);
+    m_controls.Combo1->showName(settings.ScreenFontName);
+    const QString points = QString::number(settings.ScreenFontSize);
+    if (m_controls.Combo2->findText(points) < 0) {
+        m_controls.Combo2->addItem(points);
+    }
+    m_controls.Combo2->setCurrentIndex(m_controls.Combo2->findText(points));
+}
+
+void Form1::checkTwoDisplays() {
+    const ColumnSlider slider{m_controls.Hscroll1->minimum(), m_controls.Hscroll1->maximum(),
+                              m_controls.Hscroll1->value()};
+    const TwoDisplayCheck check = checkTwoDisplaysAtStart(m_session, slider);
+    if (check.messageDue) {
+        m_session.platform.messages.show(MessageIcon::Critical, displayMissingTitle(),
+                                         displayMissingText(), MessageButtons::Ok);
+    }
+    m_controls.Hscroll1->setMinimum(check.slider.minimum);
+    m_controls.Hscroll1->setValue(check.slider.value);
+}
+
+// --- unload step ---------------------------------------------------------------------------------
+
+void Form1::ExitButton_Click() {
+    close();
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+    bool cancel = false;
+    Form_Unload(cancel);
+    event->setAccepted(!cancel);
+    if (!cancel) {
+        Q_EMIT unloaded();
+    }
+}
+
+void Form1::Form_Unload(bool& cancel) {
+    cancel = true;
+    if (m_session.show.ShowRunning == 1) {
+        m_session.show.ExitRequested = 1;
+    }
+    command([this, &cancel] {
+        if (m_exit.run()) {
+            UnloadAllForms(objectName());
+            m_session.platform.pump.DoEvents();
+            cancel = false;
+        }
+    });
+}
+
+ExitSequence::Steps Form1::exitSteps() {
+    ExitSequence::Steps steps;
+    steps.askToSave = [this] { Form17(m_session, this).ask(); };
+    steps.writeSettings = [this] {
+        if (m_session.keepsFiles && m_settingsFile) {
+            // Leaving is not refused for the settings' sake.
+            static_cast<void>(m_settingsFile->save(m_session.settings));
+        }
+    };
+    steps.saveScript = [this] { m_saver.SaveText(); };
+    return steps;
+}
+
+void Form1::UnloadAllForms(const QString& name) {
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        if (window->objectName() != name && window->isVisible()) {
+            window->close();
+        }
+    }
+}
+
+// --- commands ------------------------------------------------------------------------------------
+
+bool Form1::mustRest() const {
+    return m_busy || m_session.show.ShowRunning == 1;
+}
+
+template<typename Work> void Form1::command(const Work& work) {
+    if (mustRest()) {
+        return;
+    }
+    m_busy = true;
+    work();
+    m_busy = false;
+}
+
+template<typename Load> void Form1::load(const Load& load) {
+    command([&] {
+        const int changesBefore = m_changes;
+        load();
+        if (m_changes != changesBefore) {
+            m_shownFile = m_session.script.ScriptFileName;
+        }
+        updateCaption();
+    });
+}
+
+void Form1::LoadText_Click() {
+    load([this] { m_loader.LoadText(); });
+}
+
+void Form1::openScript(const QString& path) {
+    load([this, &path] { m_loader.loadScript(path); });
+}
+
+void Form1::SaveText_Click() {
+    command([this] {
+        ScriptState& script = m_session.script;
+        script.SaveFailed = 1;
+        m_saver.SaveText();
+        if (script.SaveFailed == 0 && !script.rtb1.isEmpty()) {
+            m_shownFile = script.ScriptFileName;
+        }
+        script.SaveFailed = 0;
+        updateCaption();
+    });
+}
+
+void Form1::StartButton_Click() {
+    command([this] { m_start.StartButton(); });
+}
+
+void Form1::startFromBeginning() {
+    command([this] { m_start.fromBeginning(); });
+}
+
+void Form1::startFromCursor() {
+    command([this] { m_start.fromCursor(); });
+}
+
+bool Form1::rtb1_KeyDown(const QKeyEvent& event) {
+    static constexpr std::array keys = {
+        Key{Qt::Key_F1, Qt::NoModifier, &Form1::startFromBeginning},
+        Key{Qt::Key_F2, Qt::NoModifier, &Form1::startFromCursor},
+        Key{Qt::Key_L, Qt::ControlModifier, &Form1::LoadText_Click},
+        Key{Qt::Key_S, Qt::ControlModifier, &Form1::SaveText_Click},
+    };
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    for (const Key& entry : keys) {
+        if (event.key() == entry.key && modifiers == entry.modifiers) {
+            (this->*entry.command)();
+            return true;
+        }
+    }
+    // The other function keys do nothing in the editor.
+    return event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F12;
+}
+
+void Form1::rtb1_Change() {
+    ++m_changes;
+    if (m_session.show.ShowRunning == 1) {
+        return;
+    }
+    if (!m_session.script.rtb1.isEmpty() && m_session.script.TextChanged == 0) {
+        m_session.script.TextChanged = 1;
+        updateCaption();
+    }
+}
+
+void Form1::Hscroll1_Change() {
+    const int margin = m_controls.Hscroll1->value();
+    m_session.settings.ColumnMargin = margin;
+    m_controls.placeColumn(m_session.screen, size());
+    m_session.script.rtb1.setWrapWidth(wrapWidthForMargin(margin));
+    focusEditor();
+}
+
+void Form1::Combo1_Click() {
+    m_session.script.rtb1.setSelFontName(m_controls.Combo1->currentText());
+    focusEditor();
+}
+
+void Form1::Combo2_Click() {
+    m_session.script.rtb1.setSelFontSize(comboFontSize());
+    sendZoom();
+    focusEditor();
+}
+
+// --- EditorHost ----------------------------------------------------------------------------------
+
+void Form1::sendZoom() {
+    m_session.script.rtb1.setZoom(editorZoom(m_session.screen));
+}
+
+void Form1::focusEditor() {
+    m_controls.rtb1->setFocus();
+}
+
+int Form1::firstVisibleLine() const {
+    return m_controls.rtb1->firstVisibleLine();
+}
+
+void Form1::scrollLineToTop(int line) {
+    m_controls.rtb1->scrollLineToTop(line);
+}
+
+void Form1::setEditorActive(bool active) {
+    m_session.script.rtb1.setRedraw(active);
+    setEnabled(active);
+}
+
+QString Form1::comboFontName() const {
+    return m_controls.Combo1->currentText();
+}
+
+double Form1::comboFontSize() const {
+    return m_controls.Combo2->currentText().toDouble();
+}
+
+void Form1::showProgress(const QString& text) {
+    if (text.isEmpty()) {
+        m_progress.reset();
+        return;
+    }
+    if (!m_progress) {
+        m_progress = std::make_unique<Form31>(this);
+    }
+    m_progress->showText(text);
+}
+
+void Form1::showNotice(const QString& text) {
+    m_controls.showNotice(text);
+}
+
+void Form1::updateCaption() {
+    QString caption = QStringLiteral("Velmora V12.0");
+    if (!m_shownFile.isEmpty()) {
+        caption += QStringLiteral(" - ") + QFileInfo(m_shownFile).fileName();
+    }
+    if (m_session.script.TextChanged == 1 && !m_session.script.rtb1.isEmpty()) {
+        caption += u'*';
+    }
+    setWindowTitle(caption);
+}
+
+// --- window events -------------------------------------------------------------------------------
+
+void Form1::resizeEvent(QResizeEvent*) {
+    m_controls.place(m_session.screen, size());
+}
+
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_controls.rtb1 && event->type() == QEvent::KeyPress) {
+        return rtb1_KeyDown(static_cast<const QKeyEvent&>(*event));
+    }
+    if (watched != m_controls.rtb1->viewport()) {
+        return false;
+    }
+    // A file dropped on the text is a script to load; text is the control's own matter.
+    if (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
+        auto& drag = static_cast<QDragMoveEvent&>(*event);
+        const bool accepted = acceptsFile(*drag.mimeData());
+        if (accepted) {
+            drag.acceptProposedAction();
+        }
+        return accepted;
+    }
+    return event->type() == QEvent::Drop &&
+           dropFile(*static_cast<const QDropEvent&>(*event).mimeData());
+}
+
+void Form1::dragEnterEvent(QDragEnterEvent* event) {
+    if (acceptsFile(*event->mimeData())) {
+        event->acceptProposedAction();
+    }
+}
+
+void Form1::dropEvent(QDropEvent* event) {
+    if (dropFile(*event->mimeData())) {
+        event->acceptProposedAction();
+    }
+}
+
+bool Form1::acceptsFile(const QMimeData& mime) const {
+    return !mustRest() && !firstLocalFile(mime).isEmpty();
+}
+
+bool Form1::dropFile(const QMimeData& mime) {
+    if (!acceptsFile(mime)) {
+        return false;
+    }
+    // Later, since the load may ask a question and the other program waits for the drop's end.
+    QMetaObject::invokeMethod(
+        this, [this, path = firstLocalFile(mime)] { openScript(path); }, Qt::QueuedConnection);
+    return true;
+}
+
+} // namespace velmora

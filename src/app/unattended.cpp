@@ -1,0 +1,82 @@
+#include "app/unattended.h"
+
+#include "app/launch_environment.h"
+#include "app/look.h"
+#include "core/app_folder.h"
+#include "core/command_line.h"
+#include "core/screen_scale.h"
+#include "core/session.h"
+#include "core/settings_file.h"
+#include "display/rehearsal.h"
+#include "editor/convert.h"
+#include "platform/desktop/screens.h"
+#include "platform/desktop/unattended_services.h"
+#include "platform/platform.h"
+#include "platform/timing/machine_clock.h"
+#include "platform/timing/qt_event_pump.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+#include <memory>
+
+namespace velmora {
+
+namespace {
+
+/// A session on default settings with nobody behind it. Needs the application object.
+class UnattendedSession final {
+public:
+    UnattendedSession() {
+        // Nothing is created: the folder only tells the default for scripts.
+        session.AppFolder =
+            appFolderFor(QCoreApplication::applicationDirPath(),
+                         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
+        session.keepsFiles = false;
+        measureScreen(m_monitors, session.screen);
+        session.settings = defaultSettings(session.AppFolder, session.screen.ScreenPixelsHigh);
+    }
+
+private:
+    MachineClock m_clock;
+    QtEventPump m_pump;
+    TerminalMessageBoxes m_messages;
+    NoFileDialogs m_fileDialogs;
+    Screens m_monitors;
+    Platform m_platform{m_clock, m_pump, m_messages, m_fileDialogs, m_monitors};
+
+public:
+    Session session{m_platform};
+};
+
+} // namespace
+
+int runConversion(const CommandLine& line, char** argv) {
+    auto environment = std::make_unique<LaunchEnvironment>(LaunchEnvironment::Windows::None);
+    int argumentCount = 1;
+    const QGuiApplication application(argumentCount, argv);
+    environment.reset();
+    UnattendedSession unattended;
+    return convertScript(unattended.session, line.convertFrom, line.convertTo);
+}
+
+int runUnwatchedShow(const CommandLine& line, char** argv) {
+    const RehearsalArguments& arguments = line.rehearsal;
+    auto environment = std::make_unique<LaunchEnvironment>(LaunchEnvironment::Windows::IfDesktop,
+                                                           arguments.screen.value_or(QSize()));
+    int argumentCount = 1;
+    QApplication application(argumentCount, argv);
+    environment.reset();
+    QApplication::setQuitOnLastWindowClosed(false);
+    UnattendedSession unattended;
+    applyLook(application, unattended.session.screen);
+    applyRehearsal(arguments, unattended.session);
+    RehearsalOptions options;
+    options.script = arguments.script;
+    options.forSeconds = arguments.forSeconds;
+    options.reportPath = arguments.report;
+    options.picturePath = arguments.picture;
+    return runRehearsal(unattended.session, options);
+}
+
+} // namespace velmora
