@@ -90,14 +90,20 @@ install_packages() {
     ${root[*]:+${root[*]} }apt-get update && ${root[*]:+${root[*]} }${command[*]}"
 }
 
-# build PRESET [TARGET...]: configures and builds; all targets if none is named.
+# build PRESET [-DNAME=VALUE...] [TARGET...]: configures, with the values on top of the preset's, and
+# builds; all targets if none is named.
 build() {
-    local preset=$1
+    local preset=$1 values=() log
     shift
+    while [[ ${1:-} == -D* ]]; do
+        values+=("$1")
+        shift
+    done
+    log=$velmora_root/build/configure-$preset.log
     (
         cd "$velmora_root" || exit 1
-        cmake --preset "$preset" >"$velmora_root/build/configure-$preset.log" 2>&1 || {
-            cat "$velmora_root/build/configure-$preset.log" >&2
+        cmake --preset "$preset" "${values[@]}" >"$log" 2>&1 || {
+            cat "$log"
             exit 1
         }
         cmake --build --preset "$preset" ${1:+--target "$@"}

@@ -16,7 +16,7 @@ from pathlib import Path
 
 QUOTED = re.compile(r"`([^`\n]+)`")
 PATH = re.compile(r"[\w.*{},+-]*/[\w.*{},+/-]*")
-FILE = re.compile(r"[\w*{},-]+\.(?:md|cpp|h|py|sh|txt|rtf|cmake|json)")
+FILE = re.compile(r"[\w{},-]+\.(?:md|cpp|h|py|sh|txt|rtf|cmake|json)")
 FENCE = re.compile(r"^```.*?^```", re.MULTILINE | re.DOTALL)
 
 
