@@ -48,11 +48,13 @@ int fittedSize(const QString& fontName, double ratio) {
     while (size <= LargestFit && textWidth(fontName, size) < wanted) {
         size += CoarseStep;
     }
-    size -= CoarseStep;
+    // A display so small that the first size fits already is searched from the bottom: no text may
+    // become wider than its window.
+    size = size == SmallestFit ? 1 : size - CoarseStep;
     while (size <= LargestFit && textWidth(fontName, size) < wanted) {
         ++size;
     }
-    return size - 1;
+    return std::max(1, size - 1);
 }
 
 } // namespace

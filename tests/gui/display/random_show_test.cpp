@@ -1,0 +1,196 @@
+#include "core/screen_scale.h"
+#include "display/display_geometry.h"
+#include "display/show_hand_over.h"
+#include "display/show_observer.h"
+#include "display/text_window.h"
+#include "support/test_session.h"
+#include "tall_picture.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QScrollBar>
+
+#include <random>
+
+using namespace velmora;
+
+namespace {
+
+/// Plays a show with random acts at its keys and scroll bar, and compares the window with the tall
+/// picture of the script at every moment at which a handler can look.
+class RandomShow final : public ShowObserver {
+public:
+    explicit RandomShow(unsigned seed) : m_random(seed) {}
+
+    void play(int acts) {
+        m_actsLeft = acts;
+        writeScript();
+        Settings& settings = t.session.settings;
+        settings.ScrollerTurbo = static_cast<int>(m_random() % 2);
+        settings.ScrollSpeedControl = static_cast<int>(m_random() % 2);
+        settings.AutomaticLooping = m_random() % 4 == 0 ? 1 : 0;
+        settings.LineSpacingIndex = 1 + static_cast<int>(m_random() % 36);
+        settings.ScrollSpeed = static_cast<int>(m_random() % 256);
+        t.session.show.StartFromCursor = static_cast<int>(m_random() % 2);
+        t.session.show.StartPosition = static_cast<double>(m_random() % 20);
+        t.pump.setEveryPump([this] { turn(); });
+        ShowHandOver handOver(t.session, t.host);
+        handOver.setObserver(this);
+        handOver.RunPrompter();
+        EXPECT_EQ(m_actsLeft, 0);
+        EXPECT_GT(m_checks, acts);
+    }
+
+    void showPrepared(const ShowTables& tables, const DisplayGeometry& geometry,
+                      QWidget& window) override {
+        m_window = &window;
+        m_text = window.findChild<TextWindow*>();
+        m_bar = window.findChild<QScrollBar*>();
+        m_tables = &tables;
+        m_rows = geometry.textRows();
+        const RichTextBox& rtb1 = t.session.script.rtb1;
+        m_tall = std::make_unique<TallPicture>(rtb1, tables, geometry.WindowWidth(), rtb1.zoom(),
+                                               rtb1.SelAlignment().value_or(Alignment::Left));
+    }
+    void loopStarted() override {}
+    void stepDone(const StepRecord&) override {}
+    void limitReached() override {}
+    void loopEnded() override { m_text = nullptr; }
+
+    TestSession t;
+
+private:
+    [[nodiscard]] int upTo(int limit) { return static_cast<int>(m_random() % unsigned(limit)); }
+
+    void writeScript() {
+        RichTextBox& rtb1 = t.session.script.rtb1;
+        rtb1.setWrapWidth(wrapWidthForMargin(12 + upTo(300)));
+        rtb1.setBackColor(Black);
+        CharacterFormat format;
+        format.fontName = QStringLiteral("Liberation Sans");
+        format.color = White;
+        rtb1.setDefaultFormat(format);
+        const int lines = 2 + upTo(40);
+        for (int line = 0; line < lines; ++line) {
+            rtb1.setSelFontSize(6 + upTo(30));
+            rtb1.setSelColor(m_random() & 0xFFFFFF);
+            const QString text = upTo(5) == 0 ? QStringLiteral("^----")
+                                 : upTo(4) == 0
+                                     ? QString()
+                                     : QStringLiteral("Line ^%1 of ~the script").arg(line);
+            rtb1.setSelText(text + QStringLiteral("\r\n"));
+        }
+        rtb1.selectAll();
+        rtb1.setSelAlignment(static_cast<Alignment>(upTo(3)));
+        rtb1.setSelStart(0);
+        const QSize screens[] = {{320, 240}, {200, 60}, {400, 300}};
+        t.monitors.rectangles = {QRect(QPoint(0, 0), screens[upTo(3)])};
+    }
+
+    /// One look at the window, and now and then an act.
+    void turn() {
+        if (m_text == nullptr || !m_text->isVisibleTo(m_window)) {
+            return;
+        }
+        check();
+        if (++m_turns % 9 != 0) {
+            return;
+        }
+        if (m_actsLeft == 0) {
+            t.session.show.ExitRequested = 1;
+            return;
+        }
+        --m_actsLeft;
+        act();
+        check();
+    }
+
+    void act() {
+        constexpr int Keys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Left, Qt::Key_Right,
+                                Qt::Key_Up,    Qt::Key_Down,   Qt::Key_Home, Qt::Key_End,
+                                Qt::Key_0,     Qt::Key_1,      Qt::Key_F9,   Qt::Key_F10,
+                                Qt::Key_F12};
+        switch (upTo(6)) {
+        case 0:
+            m_jumped = true;
+            m_bar->setValue(upTo(m_bar->maximum() + 1));
+            break;
+        case 1:
+            t.session.settings.ScrollSpeed = upTo(256);
+            break;
+        case 2:
+            t.session.show.ReverseToBackward = upTo(2);
+            t.session.show.ReverseToForward = 1 - t.session.show.ReverseToBackward;
+            break;
+        case 3:
+            t.session.show.PauseState = 0;
+            break;
+        default: {
+            const int key = Keys[upTo(static_cast<int>(std::size(Keys)))];
+            m_jumped = m_jumped || key == Qt::Key_0 || key == Qt::Key_1;
+            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+            QApplication::sendEvent(m_text, &event);
+        }
+        }
+    }
+
+    void check() {
+        ++m_checks;
+        const std::int64_t top = m_text->surface().top();
+        // Between two looks the window moves by a step at most, unless something jumped.
+        const std::int64_t moved = std::abs(top - m_lastTop);
+        if (!m_jumped && t.session.settings.AutomaticLooping == 0 && m_checks > 1) {
+            ASSERT_LE(moved, t.session.settings.RowStep);
+        }
+        m_jumped = false;
+        m_lastTop = top;
+        ASSERT_EQ(m_text->surface().toImage(), m_tall->window(top, m_rows)) << "top row " << top;
+        if (m_checks % 50 == 0) {
+            checkWindow(top);
+        }
+    }
+
+    /// What is painted: the picture between its margins, or nothing while the screen is blanked.
+    void checkWindow(std::int64_t top) {
+        const QImage painted = m_text->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QImage expected(painted.size(), QImage::Format_RGB32);
+        expected.fill(Qt::black);
+        if (t.session.show.BlankState == 0) {
+            const QImage window = m_tall->window(top, m_rows);
+            for (int row = 0; row < m_rows; ++row) {
+                std::copy_n(window.constScanLine(row), window.width() * 4,
+                            expected.scanLine(row + TextTopMargin));
+            }
+        }
+        ASSERT_EQ(painted, expected);
+    }
+
+    std::mt19937 m_random;
+    QPointer<QWidget> m_window;
+    TextWindow* m_text = nullptr;
+    QScrollBar* m_bar = nullptr;
+    const ShowTables* m_tables = nullptr;
+    std::unique_ptr<TallPicture> m_tall;
+    int m_rows = 0;
+    int m_actsLeft = 0;
+    int m_turns = 0;
+    int m_checks = 0;
+    bool m_jumped = true;
+    std::int64_t m_lastTop = 0;
+};
+
+} // namespace
+
+TEST(RandomShow, WindowIsAlwaysAPartOfTheTallPicture) {
+    for (unsigned seed = 1; seed <= 24; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomShow show(seed);
+        show.play(60);
+        if (::testing::Test::HasFailure()) {
+            return;
+        }
+    }
+}
