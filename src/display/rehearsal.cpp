@@ -1,0 +1,205 @@
+#include "display/rehearsal.h"
+
+#include "controllers/speed_mapping.h"
+#include "core/screen_scale.h"
+#include "core/session.h"
+#include "display/display_geometry.h"
+#include "display/rehearsal_figures.h"
+#include "display/script_preparation.h"
+#include "display/show_hand_over.h"
+#include "display/show_observer.h"
+#include "editor/script_conventions.h"
+#include "editor/script_loader.h"
+#include "editor/unattended_host.h"
+#include "platform/timing/clock.h"
+#include "platform/timing/process_usage.h"
+
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QPixmap>
+#include <QPointer>
+#include <QSaveFile>
+#include <QTimer>
+#include <QWidget>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace velmora {
+
+namespace {
+
+constexpr int ReportedLines = 40;
+/// Samples kept without growing inside the loop: ten minutes at the fastest pace.
+constexpr std::size_t ReservedSamples = 600'000;
+constexpr double MicrosecondsPerSecond = 1e6;
+
+/// Starts the show, measures it, takes the picture half-way and leaves at the end.
+class Rehearsal final : public ShowObserver {
+public:
+    Rehearsal(Session& session, const RehearsalOptions& options)
+        : m_session(session), m_options(options) {
+        m_late.reserve(ReservedSamples);
+        m_compose.reserve(ReservedSamples);
+    }
+
+    void showPrepared(const ShowTables& tables, const DisplayGeometry& geometry,
+                      QWidget& window) override {
+        m_window = &window;
+        const RichTextBox& rtb1 = m_session.script.rtb1;
+        m_figures.lines = static_cast<int>(tables.lineTable.size());
+        m_figures.rows = tables.ScriptPixelHeight;
+        m_figures.lastScrollRow = tables.LastScrollRow;
+        for (const LineEntry& line : tables.lineTable) {
+            if (m_figures.firstLines.size() == ReportedLines) {
+                break;
+            }
+            m_figures.firstLines.append(rtb1.Text().mid(line.index, line.length));
+        }
+        predict(tables, geometry.textRows());
+    }
+
+    void loopStarted() override {
+        m_session.show.PauseState = 0;
+        m_loopStart = m_session.platform.clock.counter();
+        m_usageAtStart = processUsage().cpuSeconds;
+        if (m_options.forSeconds) {
+            const auto wholeMs = static_cast<int>(*m_options.forSeconds * 1000);
+            QTimer::singleShot(wholeMs, Qt::PreciseTimer, &m_timerContext,
+                               [this] { m_session.show.ExitRequested = 1; });
+            QTimer::singleShot(wholeMs / 2, &m_timerContext, [this] { takePicture(); });
+        }
+    }
+
+    void stepDone(const StepRecord& step) override {
+        const std::int64_t now = m_session.platform.clock.counter();
+        if (m_figures.steps == 0) {
+            m_firstStep = now;
+        }
+        m_lastStep = now;
+        ++m_figures.steps;
+        m_figures.paints += step.painted ? 1 : 0;
+        m_late.push_back(inMicroseconds(step.lateTicks));
+        m_compose.push_back(inMicroseconds(step.composeTicks));
+        if (!m_options.forSeconds && m_figures.steps == m_stepsPredicted / 2) {
+            takePicture();
+        }
+    }
+
+    void limitReached() override { m_session.show.ExitRequested = 1; }
+
+    void loopEnded() override {
+        const ProcessUsage usage = processUsage();
+        m_figures.cpuSeconds = usage.cpuSeconds - m_usageAtStart;
+        m_figures.peakRssKb = usage.peakRssKb;
+        m_figures.secondsActual = inMicroseconds(m_lastStep - m_firstStep) / MicrosecondsPerSecond;
+        m_figures.lateMicroseconds = spreadOf(std::move(m_late));
+        m_figures.composeMicroseconds = spreadOf(std::move(m_compose));
+        // A script that never moved has its picture taken where it stands.
+        takePicture();
+    }
+
+    [[nodiscard]] RehearsalFigures figures() const {
+        RehearsalFigures figures = m_figures;
+        const Settings& settings = m_session.settings;
+        figures.script = m_options.script;
+        figures.screenWidth = static_cast<int>(m_session.screen.ScreenPixelsWide);
+        figures.screenHeight = static_cast<int>(m_session.screen.ScreenPixelsHigh);
+        figures.range = settings.ScrollSpeedControl == FullRange ? QStringLiteral("full")
+                                                                 : QStringLiteral("split");
+        figures.speed = settings.ScrollSpeed;
+        figures.turbo = settings.ScrollerTurbo == 1;
+        figures.mirror = settings.MirrorMode;
+        return figures;
+    }
+    [[nodiscard]] const QPixmap& picture() const { return m_picture; }
+
+private:
+    void predict(const ShowTables& tables, int textRows) {
+        const Settings& settings = m_session.settings;
+        const SpeedDelayTable delays =
+            buildSpeedDelayTable(settings.Delay, settings.ScrollSpeedControl);
+        const std::int64_t rowsToMove = tables.scanTable.rowCount() - textRows;
+        m_stepsPredicted = std::max<std::int64_t>(0, rowsToMove / std::max(1, settings.RowStep));
+        m_figures.secondsPredicted =
+            static_cast<double>(std::max<std::int64_t>(0, m_stepsPredicted - 1)) *
+            speedDelayMs(delays, settings.ScrollSpeed) / 1000.0;
+    }
+
+    void takePicture() {
+        if (m_picture.isNull() && m_window && !m_options.picturePath.isEmpty()) {
+            m_picture = m_window->grab();
+        }
+    }
+
+    [[nodiscard]] double inMicroseconds(std::int64_t ticks) const {
+        return static_cast<double>(ticks) * MicrosecondsPerSecond /
+               static_cast<double>(m_session.platform.clock.frequency());
+    }
+
+    Session& m_session;
+    const RehearsalOptions& m_options;
+    RehearsalFigures m_figures;
+    QObject m_timerContext;
+    QPointer<QWidget> m_window;
+    QPixmap m_picture;
+    std::vector<double> m_late;
+    std::vector<double> m_compose;
+    std::int64_t m_stepsPredicted = 0;
+    std::int64_t m_loopStart = 0;
+    std::int64_t m_firstStep = 0;
+    std::int64_t m_lastStep = 0;
+    double m_usageAtStart = 0;
+};
+
+bool complain(const QString& path, const QString& reason) {
+    std::fprintf(stderr, "velmora: could not write %s: %s\n", qPrintable(path), qPrintable(reason));
+    return false;
+}
+
+bool writeReport(const QString& path, const RehearsalFigures& figures) {
+    if (path.isEmpty()) {
+        return true;
+    }
+    QSaveFile file(path);
+    const QByteArray json = QJsonDocument(figures.toJson()).toJson();
+    if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit()) {
+        return complain(path, file.errorString());
+    }
+    return true;
+}
+
+bool writePicture(const QString& path, const QPixmap& picture) {
+    if (path.isEmpty() || picture.save(path, "PNG")) {
+        return true;
+    }
+    return complain(path, QStringLiteral("the picture could not be saved; check the folder"));
+}
+
+} // namespace
+
+int runRehearsal(Session& session, const RehearsalOptions& options) {
+    UnattendedHost host(session);
+    RichTextBox& rtb1 = session.script.rtb1;
+    applyEditorDefaults(session);
+    rtb1.setWrapWidth(wrapWidthForMargin(session.settings.ColumnMargin));
+    const Outcome loaded = ScriptLoader(session, host, nullptr).loadUnattended(options.script);
+    if (!loaded) {
+        std::fprintf(stderr, "velmora: %s\n", qPrintable(loaded.reason()));
+        return EXIT_FAILURE;
+    }
+    session.show.StartFromCursor = 0;
+    session.show.StartPosition = 0;
+    Rehearsal rehearsal(session, options);
+    ShowHandOver handOver(session, host);
+    handOver.setObserver(&rehearsal);
+    handOver.RunPrompter();
+    const RehearsalFigures figures = rehearsal.figures();
+    std::fputs(qPrintable(figures.toTable()), stdout);
+    const bool reported = writeReport(options.reportPath, figures);
+    const bool pictured = writePicture(options.picturePath, rehearsal.picture());
+    return reported && pictured ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace velmora
