@@ -1,0 +1,47 @@
+#include "platform/text_services/text_encoding.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace velmora {
+namespace {
+
+TEST(TextEncoding, RecognisesTheEncodingOfAFile) {
+    const std::pair<QByteArray, QString> cases[] = {
+        {"plain\r\n", QStringLiteral("plain\r\n")},
+        {"\xC3\xA9", QStringLiteral("é")},
+        {"\xEF\xBB\xBF\xC3\xA9", QStringLiteral("é")},
+        {QByteArray("\xFF\xFE\xE9\x00", 4), QStringLiteral("é")},
+        {QByteArray("\xFE\xFF\x00\xE9", 4), QStringLiteral("é")},
+        {"caf\xE9 \x80 \x93", QStringLiteral("café € “")},
+        // A sequence that breaks off is not UTF-8.
+        {"ab\xC3", QStringLiteral("abÃ")},
+        {"\xEF\xBB\xBF", QString()},
+        {QByteArray(), QString()},
+    };
+    for (const auto& [bytes, text] : cases) {
+        EXPECT_EQ(decodeText(bytes), text) << bytes.toHex().toStdString();
+    }
+}
+
+TEST(TextEncoding, WritesTheCodePageWhereItCanAndLosesNoCharacter) {
+    EXPECT_EQ(encodeText(QStringLiteral("café €")), QByteArray("caf\xE9 \x80"));
+    EXPECT_EQ(encodeText(QStringLiteral("żółw")).left(3), QByteArray("\xEF\xBB\xBF"));
+    // The bytes of these in the code page would be taken for UTF-8 or for a mark.
+    for (const char16_t* text : {u"Ã©", u"ÿþab", u"ï»¿", u"þÿ"}) {
+        EXPECT_EQ(decodeText(encodeText(QString::fromUtf16(text))), QString::fromUtf16(text));
+    }
+    std::mt19937 random(1);
+    for (int round = 0; round < 2000; ++round) {
+        QString text;
+        const int highest = round % 2 == 0 ? 0xFF : 0x2FFF;
+        for (int i = 0; i < 12; ++i) {
+            text += QChar(static_cast<char16_t>(random() % static_cast<unsigned>(highest) + 1));
+        }
+        ASSERT_EQ(decodeText(encodeText(text)), text) << text.toStdString();
+    }
+}
+
+} // namespace
+} // namespace velmora
