@@ -1,0 +1,206 @@
+#include "core/screen_scale.h"
+#include "display/display_geometry.h"
+#include "display/script_preparation.h"
+#include "display/show_hand_over.h"
+#include "display/show_observer.h"
+#include "support/test_session.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollBar>
+
+using namespace velmora;
+
+namespace {
+
+/// A show over a script of forty lines, with acts on its window at given moments.
+class HandOver : public ::testing::Test, public ShowObserver {
+protected:
+    void SetUp() override {
+        RichTextBox& rtb1 = t.session.script.rtb1;
+        CharacterFormat format;
+        format.fontName = QStringLiteral("Liberation Sans");
+        format.halfPoints = 52;
+        format.color = White;
+        rtb1.setDefaultFormat(format);
+        rtb1.setWrapWidth(wrapWidthForMargin(12));
+        rtb1.setZoom(6);
+        QStringList lines;
+        for (int line = 0; line < 40; ++line) {
+            lines.append(QStringLiteral("Line %1").arg(line));
+        }
+        rtb1.setText(lines.join(QStringLiteral("\r\n")));
+        t.monitors.rectangles = {QRect(0, 0, 1280, 720)};
+        handOver.setObserver(this);
+    }
+
+    void showPrepared(const ShowTables&, const DisplayGeometry&, QWidget& window) override {
+        display = &window;
+    }
+    void loopStarted() override { ++shows; }
+    void stepDone(const StepRecord&) override {}
+    void limitReached() override {}
+    void loopEnded() override {}
+
+    void press(int key) {
+        QWidget* text = display->focusWidget();
+        ASSERT_NE(text, nullptr);
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(text, &event);
+    }
+    [[nodiscard]] int caretLine() const {
+        return t.session.script.rtb1.GetLineFromChar(t.session.script.rtb1.SelStart());
+    }
+
+    TestSession t;
+    ShowHandOver handOver{t.session, t.host};
+    QPointer<QWidget> display;
+    int shows = 0;
+};
+
+} // namespace
+
+TEST_F(HandOver, CaretReturnsToTheLineThatWasOnTop) {
+    t.session.show.StartFromCursor = 1;
+    t.session.show.StartPosition = 12;
+    t.pump.at(1, [&] {
+        EXPECT_EQ(t.session.show.ShowRunning, 1);
+        EXPECT_FALSE(t.session.script.rtb1.redraw());
+        press(Qt::Key_Escape);
+    });
+    handOver.RunPrompter();
+    EXPECT_EQ(shows, 1);
+    EXPECT_EQ(caretLine(), 12);
+    EXPECT_EQ(t.host.linesToTop, std::vector<int>{12});
+    EXPECT_EQ(t.host.activity, (std::vector<bool>{false, true}));
+    EXPECT_EQ(t.session.show.ShowRunning, 0);
+    EXPECT_EQ(t.session.show.ExitRequested, 0);
+    EXPECT_TRUE(t.session.script.rtb1.redraw());
+    EXPECT_TRUE(display.isNull()) << "the window goes with the show";
+}
+
+TEST_F(HandOver, WindowThatIsClosedByItsFrameLeavesTheShowAndStaysUntilItEnds) {
+    t.session.settings.ScrollSpeed = 0;
+    t.pump.at(0.5, [&] { press(Qt::Key_Space); });
+    t.pump.at(1.5, [&] {
+        QCloseEvent close;
+        QApplication::sendEvent(display, &close);
+        EXPECT_FALSE(close.isAccepted());
+    });
+    handOver.RunPrompter();
+    EXPECT_GT(caretLine(), 2);
+}
+
+TEST_F(HandOver, ExitButtonLeavesTheShow) {
+    t.pump.at(1, [&] { display->findChild<QPushButton*>()->click(); });
+    handOver.RunPrompter();
+    EXPECT_EQ(shows, 1);
+    EXPECT_LT(t.clock.secondsSinceStart(), 1.5);
+}
+
+TEST_F(HandOver, UnknownArrangementShowsNothingAndGivesTheEditorBack) {
+    t.session.settings.MirrorMode = 2;
+    t.session.show.ShowTopLine = 8;
+    handOver.RunPrompter();
+    EXPECT_EQ(shows, 0);
+    EXPECT_EQ(caretLine(), 7);
+    EXPECT_EQ(t.session.show.ShowRunning, 0);
+}
+
+TEST_F(HandOver, MissingSecondDisplayIsToldAndEndsTheShow) {
+    t.session.settings.MirrorMode = 4;
+    handOver.RunPrompter();
+    EXPECT_EQ(shows, 0);
+    ASSERT_EQ(t.messages.boxes.size(), 1u);
+    EXPECT_EQ(t.messages.boxes[0].title, QStringLiteral("Display 2 Not Available"));
+    EXPECT_EQ(t.session.show.ShowRunning, 0);
+}
+
+TEST_F(HandOver, NothingStartsWithAnEmptyScriptOrInsideAShow) {
+    t.pump.at(1, [&] {
+        handOver.RunPrompter();
+        EXPECT_EQ(shows, 1);
+        press(Qt::Key_Escape);
+    });
+    handOver.RunPrompter();
+    t.session.script.rtb1.setText(QString());
+    handOver.RunPrompter();
+    EXPECT_EQ(shows, 1);
+}
+
+TEST_F(HandOver, KeysSteerTheShow) {
+    Settings& settings = t.session.settings;
+    t.pump.at(0.1, [&] {
+        press(Qt::Key_F12);
+        EXPECT_EQ(t.session.show.BlankState, 1);
+        press(Qt::Key_Space);
+        EXPECT_EQ(t.session.show.PauseState, 3) << "dead while blanked";
+        press(Qt::Key_F12);
+        EXPECT_EQ(t.session.show.BlankState, 0);
+        press(Qt::Key_Space);
+        EXPECT_EQ(t.session.show.PauseState, 0);
+        press(Qt::Key_F12);
+        EXPECT_EQ(t.session.show.BlankState, 0) << "not while scrolling";
+        press(Qt::Key_Right);
+        EXPECT_EQ(settings.ScrollSpeed, 58);
+        press(Qt::Key_Down);
+        EXPECT_EQ(settings.ScrollSpeed, 78);
+        const QRect before = display->focusWidget()->geometry();
+        press(Qt::Key_F10);
+        EXPECT_EQ(settings.FullScreenMode, 1);
+        EXPECT_EQ(display->focusWidget()->geometry(), before.translated(10, 20));
+        EXPECT_FALSE(display->findChild<QScrollBar*>()->isVisibleTo(display));
+        press(Qt::Key_F10);
+        EXPECT_EQ(display->focusWidget()->geometry(), before);
+        press(Qt::Key_F9);
+        EXPECT_EQ(settings.ArrowVisible, 0);
+        press(Qt::Key_Escape);
+    });
+    handOver.RunPrompter();
+    EXPECT_EQ(shows, 1);
+}
+
+TEST_F(HandOver, UnattendedLoopingShowIgnoresTheSpeedKeys) {
+    t.session.settings.AutomaticLooping = 1;
+    t.pump.at(5, [&] {
+        press(Qt::Key_Space);
+        EXPECT_EQ(t.session.show.PauseState, 0);
+        press(Qt::Key_Left);
+        EXPECT_EQ(t.session.settings.ScrollSpeed, 60);
+        press(Qt::Key_Escape);
+    });
+    handOver.RunPrompter();
+}
+
+TEST_F(HandOver, ScrollBarRepositionsAsFarAsTheEndAllows) {
+    t.pump.at(0.1, [&] {
+        auto* bar = display->findChild<QScrollBar*>();
+        bar->setValue(5);
+        press(Qt::Key_Escape);
+    });
+    handOver.RunPrompter();
+    EXPECT_EQ(caretLine(), 5);
+    t.pump.in(0.1, [&] {
+        press(Qt::Key_0);
+        press(Qt::Key_Escape);
+    });
+    handOver.RunPrompter();
+    EXPECT_GT(caretLine(), 30);
+    EXPECT_LT(caretLine(), 40);
+}
+
+TEST_F(HandOver, ScriptTooLongForOneShowIsAskedAbout) {
+    t.session.script.rtb1.setText(QStringLiteral("x\r\n").repeated(32770));
+    t.messages.answers.push_back(MessageAnswer::Cancel);
+    handOver.RunPrompter();
+    EXPECT_EQ(shows, 0);
+    ASSERT_EQ(t.messages.boxes.size(), 1u);
+    EXPECT_TRUE(t.messages.boxes[0].text.contains(QStringLiteral("The last 6 lines")))
+        << qPrintable(t.messages.boxes[0].text);
+}

@@ -1,0 +1,117 @@
+#include "display/script_preparation.h"
+
+#include "display/font_scale.h"
+#include "platform/rich_text/rich_text_box.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace velmora;
+
+namespace {
+
+CharacterFormat format26() {
+    CharacterFormat format;
+    format.fontName = QStringLiteral("Liberation Sans");
+    format.halfPoints = 52;
+    return format;
+}
+
+class ScriptPreparation : public ::testing::Test {
+protected:
+    void setText(const QString& text) {
+        box.setDefaultFormat(format26());
+        box.setWrapWidth(298);
+        box.setText(text);
+    }
+    [[nodiscard]] ShowTables prepare(int lineSpacingIndex = 26, double scale = 2) {
+        return prepareScript(box, {box.lineCount(), scale, lineSpacingIndex, 0}, {});
+    }
+
+    RichTextBox box;
+};
+
+} // namespace
+
+TEST_F(ScriptPreparation, EveryLineHasTheRowsBetweenItAndTheNext) {
+    setText(QStringLiteral("one\r\ntwo\r\n\r\nfour"));
+    const ShowTables tables = prepare();
+    ASSERT_EQ(tables.lineTable.size(), 4u);
+    EXPECT_EQ(tables.lineTable[3].index, 12);
+    EXPECT_EQ(tables.lineTable[3].length, 4);
+    for (int line = 0; line < 3; ++line) {
+        const int distance = box.verticalPosition(tables.lineTable[std::size_t(line) + 1].index) -
+                             box.verticalPosition(tables.lineTable[std::size_t(line)].index);
+        EXPECT_EQ(tables.scanTable.firstRowOfLine(line + 1) - tables.scanTable.firstRowOfLine(line),
+                  distance);
+    }
+    EXPECT_EQ(tables.LastScrollRow, tables.ScriptPixelHeight - 1);
+    EXPECT_NEAR(static_cast<double>(tables.scanTable.rowCount()),
+                static_cast<double>(tables.ScriptPixelHeight), 1);
+}
+
+TEST_F(ScriptPreparation, LastLineIsAsHighAsItsTallestFont) {
+    for (const char* last : {"", "x"}) {
+        SCOPED_TRACE(last);
+        setText(QStringLiteral("one\r\n") + QLatin1String(last));
+        const ShowTables tables = prepare();
+        const double expected = std::round((std::round(textHeight(format26())) - 1) * 2);
+        EXPECT_NEAR(static_cast<double>(tables.scanTable.at(tables.LastScrollRow).height), expected,
+                    1);
+        EXPECT_EQ(tables.scanTable.at(tables.LastScrollRow).line, 2);
+    }
+}
+
+TEST_F(ScriptPreparation, SpacingStretchesAndShrinksTheRows) {
+    setText(QStringLiteral("a\r\nb\r\nc\r\nd\r\ne"));
+    const auto rows = [this](int index) {
+        return static_cast<double>(prepare(index).scanTable.firstRowOfLine(4));
+    };
+    const double plain = rows(26);
+    EXPECT_NEAR(rows(36) / plain, 1.6, 0.02);
+    EXPECT_NEAR(rows(31) / plain, 1.3, 0.02);
+    EXPECT_NEAR(rows(1) / plain, 0.75, 0.02);
+}
+
+TEST_F(ScriptPreparation, BookmarksAreSortedLinesAndTheFirstEightSelectiveOnesHaveSlots) {
+    QString text = QStringLiteral("^a ^b\r\n~c ^d\r\nplain\r\n");
+    for (int i = 0; i < 9; ++i) {
+        text += QStringLiteral("~x\r\n");
+    }
+    setText(text);
+    const ShowTables tables = prepare();
+    // Line 0 once for two like marks, line 1 twice for two kinds.
+    const std::vector<int> first(tables.BookmarkLines.begin(), tables.BookmarkLines.begin() + 4);
+    EXPECT_EQ(first, (std::vector<int>{0, 1, 1, 3}));
+    EXPECT_EQ(tables.BookmarkLines.size(), 12u);
+    EXPECT_TRUE(std::is_sorted(tables.BookmarkLines.begin(), tables.BookmarkLines.end()));
+    EXPECT_EQ(tables.SelectiveBookmarkLines[1], 1);
+    EXPECT_EQ(tables.SelectiveBookmarkLines[8], 9);
+    EXPECT_EQ(tables.SelectiveBookmarkLines[9], 0);
+
+    setText(QStringLiteral("no marks"));
+    EXPECT_TRUE(prepare().BookmarkLines.empty());
+}
+
+TEST_F(ScriptPreparation, LongScriptIsCutAtTheLinesAShowCanHold) {
+    setText(QStringLiteral("x\r\n").repeated(200));
+    const ShowTables tables = prepareScript(box, {150, 1.0, 26, 0}, {});
+    EXPECT_EQ(tables.lineTable.size(), 150u);
+    EXPECT_EQ(tables.scanTable.lineCount(), 150);
+}
+
+TEST_F(ScriptPreparation, LinesBreakAlikeAtEveryScale) {
+    setText(QStringLiteral("The quick brown fox jumps over the lazy dog again and again. ")
+                .repeated(40));
+    const ShowTables small = prepare(26, 1.5);
+    const ShowTables large = prepare(26, 12.3);
+    ASSERT_EQ(small.lineTable.size(), large.lineTable.size());
+    for (std::size_t line = 0; line < small.lineTable.size(); ++line) {
+        EXPECT_EQ(small.lineTable[line].index, large.lineTable[line].index);
+    }
+}
+
+TEST(PreparationText, CountsTheLinesInThreeRows) {
+    EXPECT_EQ(preparationText(1234), QStringLiteral("Processing\r\n1,234 Line\r\nScript."));
+}
