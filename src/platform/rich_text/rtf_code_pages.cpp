@@ -1,0 +1,163 @@
+#include "platform/rich_text/rtf_code_pages.h"
+
+#include <QByteArray>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <iterator>
+
+namespace velmora {
+
+namespace {
+
+struct CodePageName final {
+    int number;
+    /// As the converters of the machine's Unicode library know it.
+    const char* converter;
+};
+
+constexpr CodePageName SingleByteNames[] = {
+    {437, "IBM437"},           {708, "ISO-8859-6"},    {720, "IBM720"},
+    {737, "IBM737"},           {775, "IBM775"},        {850, "IBM850"},
+    {852, "IBM852"},           {855, "IBM855"},        {857, "IBM857"},
+    {858, "IBM00858"},         {860, "IBM860"},        {861, "IBM861"},
+    {862, "IBM862"},           {863, "IBM863"},        {864, "IBM864"},
+    {865, "IBM865"},           {866, "IBM866"},        {869, "IBM869"},
+    {874, "windows-874"},      {1250, "windows-1250"}, {1251, "windows-1251"},
+    {1252, "windows-1252"},    {1253, "windows-1253"}, {1254, "windows-1254"},
+    {1255, "windows-1255"},    {1256, "windows-1256"}, {1257, "windows-1257"},
+    {1258, "windows-1258"},    {10000, "macintosh"},   {10006, "x-mac-greek"},
+    {10007, "x-mac-cyrillic"}, {10029, "x-mac-ce"},    {10081, "x-mac-turkish"},
+    {20866, "KOI8-R"},         {21866, "KOI8-U"},      {28591, "ISO-8859-1"},
+    {28592, "ISO-8859-2"},     {28595, "ISO-8859-5"},  {28597, "ISO-8859-7"},
+    {28599, "ISO-8859-9"},     {28605, "ISO-8859-15"},
+};
+
+// The code pages of the older Macintosh systems differ from their neighbours here only in a few
+// signs that no text uses.
+constexpr CodePageName DoubleByteNames[] = {
+    {932, "windows-932"},   {936, "windows-936"},   {949, "windows-949"},   {950, "windows-950"},
+    {10001, "windows-932"}, {10002, "windows-950"}, {10003, "windows-949"}, {10008, "windows-936"},
+};
+
+constexpr int Utf8Number = 65001;
+
+struct CharsetRow final {
+    int charset;
+    int codePage;
+};
+
+constexpr CharsetRow Charsets[] = {
+    {0, 1252},   {77, 10000}, {78, 10001}, {79, 10003}, {80, 10008},  {81, 10002},
+    {85, 10006}, {86, 10081}, {88, 10029}, {89, 10007}, {128, 932},   {129, 949},
+    {134, 936},  {136, 950},  {161, 1253}, {162, 1254}, {163, 1258},  {177, 1255},
+    {178, 1256}, {179, 1256}, {180, 1256}, {181, 1255}, {186, 1257},  {204, 1251},
+    {222, 874},  {238, 1250}, {254, 437},  {255, 850},  {256, 10000},
+};
+
+constexpr std::array<char16_t, 32> Windows1252Upper = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
+};
+
+template<std::size_t Count>
+const char* converterOf(const CodePageName (&names)[Count], int number) {
+    const auto* row = std::find_if(std::begin(names), std::end(names),
+                                   [number](const CodePageName& n) { return n.number == number; });
+    return row != std::end(names) && QStringDecoder(row->converter).isValid() ? row->converter
+                                                                              : nullptr;
+}
+
+/// One character; U+FFFD where the converter knows none. Converters of old code pages use U+001A
+/// for that.
+char16_t convert(const char* converter, QByteArrayView bytes) {
+    QStringDecoder decoder(converter, QStringConverter::Flag::Stateless);
+    const QString text = decoder.decode(bytes);
+    const bool known = text.size() == 1 && text.at(0).unicode() != 0x1A;
+    return known ? text.at(0).unicode() : char16_t(QChar::ReplacementCharacter);
+}
+
+} // namespace
+
+char16_t windows1252(unsigned char byte) {
+    return Windows1252Upper[static_cast<std::size_t>(byte - 0x80)];
+}
+
+CodePage::CodePage(int number) : m_number(number) {
+    if (const char* converter = converterOf(DoubleByteNames, number)) {
+        m_kind = Kind::DoubleByte;
+        m_converter = converter;
+        m_pairs.resize(0x10000);
+    } else if (number == Utf8Number) {
+        m_kind = Kind::Utf8;
+    } else {
+        m_converter = converterOf(SingleByteNames, number);
+    }
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+        const char single = static_cast<char>(byte);
+        if (byte < 0x80) {
+            m_single[byte] = static_cast<char16_t>(byte);
+        } else if (m_kind == Kind::Utf8 || sequenceLength(static_cast<unsigned char>(byte)) > 1) {
+            m_single[byte] = QChar::ReplacementCharacter;
+        } else if (m_converter) {
+            m_single[byte] = convert(m_converter, QByteArrayView(&single, 1));
+        } else {
+            m_single[byte] = byte >= 0xA0 ? static_cast<char16_t>(byte)
+                                          : windows1252(static_cast<unsigned char>(byte));
+        }
+    }
+}
+
+int CodePage::sequenceLength(unsigned char first) const {
+    if (m_kind == Kind::SingleByte || first < 0x80) {
+        return 1;
+    }
+    if (m_kind == Kind::Utf8) {
+        return first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : first >= 0xC0 ? 2 : 1;
+    }
+    const bool japanese = m_number == 932 || m_number == 10001;
+    const bool single =
+        first == 0x80 || first == 0xFF || (japanese && first >= 0xA0 && first < 0xE0);
+    return single ? 1 : 2;
+}
+
+bool CodePage::isTrail(unsigned char byte) const {
+    if (m_kind == Kind::Utf8) {
+        return (byte & 0xC0) == 0x80;
+    }
+    return byte >= 0x40 && byte != 0x7F && byte != 0xFF;
+}
+
+QString CodePage::sequence(std::string_view bytes) {
+    const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    if (m_kind != Kind::DoubleByte || bytes.size() != 2) {
+        return QString::fromUtf8(view);
+    }
+    const auto first = static_cast<unsigned char>(bytes[0]);
+    const auto second = static_cast<unsigned char>(bytes[1]);
+    char16_t& known = m_pairs[static_cast<std::size_t>(first) * 256 + second];
+    if (known == 0) {
+        known = convert(m_converter, view);
+    }
+    return QString(QChar(known));
+}
+
+CodePage* CodePages::page(int number) {
+    // Whatever is not known shares one page, so a file cannot ask for thousands of them.
+    const bool known = number == Utf8Number || converterOf(DoubleByteNames, number) ||
+                       converterOf(SingleByteNames, number);
+    std::unique_ptr<CodePage>& page = m_pages[known ? number : Windows1252];
+    if (!page) {
+        page = std::make_unique<CodePage>(known ? number : Windows1252);
+    }
+    return page.get();
+}
+
+int CodePages::ofCharset(int charset) {
+    const auto* row = std::find_if(std::begin(Charsets), std::end(Charsets),
+                                   [charset](const CharsetRow& r) { return r.charset == charset; });
+    return row != std::end(Charsets) ? row->codePage : 0;
+}
+
+} // namespace velmora

@@ -1,0 +1,249 @@
+// The handlers of the control words: RtfInterpreter's members that its table names.
+
+#include "platform/rich_text/rtf_interpreter.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace velmora {
+
+void RtfInterpreter::character(const RtfToken&, int unit) {
+    put(static_cast<char16_t>(unit));
+}
+
+void RtfInterpreter::unicode(const RtfToken& token, int) {
+    m_unitsToSkip = m_group.unicodeSkip;
+    // Numbers are signed and of 16 bits; some writers give a whole code point.
+    const int value = token.parameter < 0 ? token.parameter + 0x10000 : token.parameter;
+    if (value < 0 || value > 0x10FFFF) {
+        put(QChar::ReplacementCharacter);
+    } else if (value > 0xFFFF) {
+        put(QChar::highSurrogate(static_cast<char32_t>(value)));
+        put(QChar::lowSurrogate(static_cast<char32_t>(value)));
+    } else if (value == QChar::ParagraphSeparator) {
+        lineEnd(token, 0);
+    } else if (value >= 0xF020 && value <= 0xF0FF && inBody()) {
+        refreshFormat();
+        const bool sign = m_run.symbols != SymbolSet::None && m_run.symbols != SymbolSet::Unknown;
+        put(sign ? symbolCharacter(m_run.symbols, static_cast<unsigned char>(value & 0xFF))
+                 : static_cast<char16_t>(value));
+    } else {
+        put(static_cast<char16_t>(value));
+    }
+}
+
+void RtfInterpreter::setUnicodeSkip(const RtfToken& token, int) {
+    const int count = token.hasParameter ? token.parameter : 1;
+    m_group.unicodeSkip = static_cast<std::uint8_t>(std::clamp(count, 0, 255));
+}
+
+void RtfInterpreter::lineEnd(const RtfToken&, int) {
+    if (!inBody() || isHidden()) {
+        return;
+    }
+    dropHalfCharacter();
+    refreshFormat();
+    m_builder.endParagraph(m_group.formats.paragraph);
+}
+
+void RtfInterpreter::breakLine(const RtfToken& token, int) {
+    if (!m_builder.atParagraphStart()) {
+        lineEnd(token, 0);
+    }
+}
+
+void RtfInterpreter::cellEnd(const RtfToken&, int) {
+    if (inBody()) {
+        dropHalfCharacter();
+        m_builder.endCell(m_group.formats.paragraph);
+    }
+}
+
+void RtfInterpreter::rowEnd(const RtfToken&, int) {
+    if (inBody() || m_group.destination == RtfDestination::Silent) {
+        dropHalfCharacter();
+        refreshFormat();
+        m_builder.endRow(m_group.formats.paragraph);
+    }
+}
+
+void RtfInterpreter::endUnderline(const RtfToken&, int) {
+    m_group.formats.character.underline = false;
+    given(PropertyUnderline);
+}
+
+void RtfInterpreter::setDeleted(const RtfToken& token, int) {
+    m_group.formats.character.deleted = isOn(token);
+    m_formatStale = true;
+}
+
+void RtfInterpreter::plain(const RtfToken&, int) {
+    m_group.formats.character = {};
+    m_formatStale = true;
+}
+
+void RtfInterpreter::setFont(const RtfToken& token, int) {
+    if (m_group.destination == RtfDestination::FontTable) {
+        m_fonts.begin(token.parameter);
+        return;
+    }
+    m_group.formats.character.font = m_fonts.find(token.parameter);
+    given(PropertyFont);
+}
+
+void RtfInterpreter::setSize(const RtfToken& token, int) {
+    const int halfPoints = token.parameter > 0 ? token.parameter : RtfCharacter::DefaultHalfPoints;
+    m_group.formats.character.halfPoints =
+        std::clamp(halfPoints, CharacterFormat::MinHalfPoints, CharacterFormat::MaxHalfPoints);
+    given(PropertySize);
+}
+
+void RtfInterpreter::setColor(const RtfToken& token, int) {
+    m_group.formats.character.color = m_colors.color(token.parameter);
+    given(PropertyColor);
+}
+
+void RtfInterpreter::setHighlight(const RtfToken& token, int) {
+    m_group.formats.character.highlight = m_colors.color(token.parameter);
+    given(PropertyHighlight);
+}
+
+void RtfInterpreter::setShading(const RtfToken& token, int) {
+    m_group.formats.character.shading = m_colors.color(token.parameter);
+    given(PropertyShading);
+}
+
+void RtfInterpreter::resetParagraph(const RtfToken&, int) {
+    m_group.formats.paragraph = {};
+}
+
+void RtfInterpreter::align(const RtfToken&, int alignment) {
+    m_group.formats.paragraph.alignment = static_cast<Alignment>(alignment);
+    given(PropertyAlignment);
+}
+
+void RtfInterpreter::setDirection(const RtfToken&, int rightToLeft) {
+    m_group.formats.paragraph.rightToLeft = rightToLeft != 0;
+    given(PropertyDirection);
+}
+
+void RtfInterpreter::setLeftOffset(const RtfToken& token, int) {
+    m_group.formats.paragraph.leftOffsetTwips =
+        std::clamp(token.parameter, -MaxOffsetTwips, MaxOffsetTwips);
+    given(PropertyLeftOffset);
+}
+
+void RtfInterpreter::setFirstLineOffset(const RtfToken& token, int) {
+    m_group.formats.paragraph.firstLineOffsetTwips =
+        std::clamp(token.parameter, -MaxOffsetTwips, MaxOffsetTwips);
+    given(PropertyFirstLineOffset);
+}
+
+void RtfInterpreter::setDocumentCodePage(const RtfToken&, int codePage) {
+    if (!m_ansiCodePageGiven) {
+        m_documentCodePage = codePage;
+        m_run.codePage = nullptr;
+        m_formatStale = true;
+    }
+}
+
+void RtfInterpreter::setAnsiCodePage(const RtfToken& token, int) {
+    if (token.parameter > 0) {
+        m_ansiCodePageGiven = true;
+        m_documentCodePage = token.parameter;
+        m_run.codePage = nullptr;
+        m_formatStale = true;
+    }
+}
+
+void RtfInterpreter::setDefaultFont(const RtfToken& token, int) {
+    m_fonts.setDefault(token.parameter);
+    m_run.codePage = nullptr;
+    m_formatStale = true;
+}
+
+void RtfInterpreter::setFontCharset(const RtfToken& token, int) {
+    if (m_group.destination == RtfDestination::FontTable) {
+        m_fonts.setCharset(token.parameter);
+    }
+}
+
+void RtfInterpreter::setFontCodePage(const RtfToken& token, int) {
+    if (m_group.destination == RtfDestination::FontTable) {
+        m_fonts.setCodePage(token.parameter);
+    }
+}
+
+void RtfInterpreter::setColorComponent(const RtfToken& token, int component) {
+    if (m_group.destination == RtfDestination::ColorTable) {
+        m_colors.setComponent(component, token.parameter);
+    }
+}
+
+void RtfInterpreter::paragraphStyle(const RtfToken& token, int) {
+    if (m_group.destination == RtfDestination::StyleSheet) {
+        m_style.kind = RtfStyleSheet::Kind::Paragraph;
+        m_style.number = token.parameter;
+    } else if (const auto* style =
+                   m_styles.resolved(RtfStyleSheet::Kind::Paragraph, token.parameter)) {
+        m_group.formats.apply(*style);
+        m_formatStale = true;
+    }
+}
+
+void RtfInterpreter::characterStyle(const RtfToken& token, int) {
+    if (m_group.destination == RtfDestination::StyleSheet) {
+        m_style.kind = RtfStyleSheet::Kind::Character;
+        m_style.number = token.parameter;
+    } else if (const auto* style =
+                   m_styles.resolved(RtfStyleSheet::Kind::Character, token.parameter)) {
+        m_group.formats.apply(*style);
+        m_formatStale = true;
+    }
+}
+
+void RtfInterpreter::otherStyle(const RtfToken&, int) {
+    m_style.ofText = false;
+}
+
+void RtfInterpreter::setBasedOn(const RtfToken& token, int) {
+    m_style.basedOn = token.parameter;
+}
+
+void RtfInterpreter::enter(const RtfToken&, int destination) {
+    const auto entered = static_cast<RtfDestination>(destination);
+    m_group.outer = m_group.destination;
+    m_group.destination = entered;
+    m_group.ownsDestination = true;
+    if (entered == RtfDestination::FieldInstruction) {
+        m_instruction.clear();
+    }
+}
+
+void RtfInterpreter::skip(const RtfToken&, int) {
+    m_tokenizer.skipGroup();
+}
+
+void RtfInterpreter::enterUnicodeAlternative(const RtfToken&, int) {
+    if (m_group.destination == RtfDestination::Alternative) {
+        m_group.destination = m_group.outer;
+    }
+}
+
+void RtfInterpreter::enterLabel(const RtfToken& token, int) {
+    if (inBody() && !m_builder.beginLabel()) {
+        skip(token, 0);
+    }
+}
+
+void RtfInterpreter::beginField(const RtfToken&, int) {
+    m_resultReplaced = false;
+}
+
+void RtfInterpreter::enterFieldResult(const RtfToken& token, int) {
+    if (std::exchange(m_resultReplaced, false)) {
+        skip(token, 0);
+    }
+}
+
+} // namespace velmora

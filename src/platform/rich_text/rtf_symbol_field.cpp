@@ -1,0 +1,33 @@
+#include "platform/rich_text/rtf_symbol_field.h"
+
+#include "platform/rich_text/rtf_code_pages.h"
+#include "platform/rich_text/rtf_symbol_fonts.h"
+
+#include <QString>
+
+namespace velmora {
+
+char16_t symbolOfField(std::string_view instruction) {
+    const QString text =
+        QString::fromLatin1(instruction.data(), static_cast<qsizetype>(instruction.size()))
+            .simplified();
+    if (!text.startsWith(QLatin1StringView("SYMBOL "), Qt::CaseInsensitive)) {
+        return 0;
+    }
+    const QString number = text.section(u' ', 1, 1);
+    const bool hexadecimal = number.startsWith(QLatin1StringView("0x"), Qt::CaseInsensitive);
+    const uint code = hexadecimal ? number.mid(2).toUInt(nullptr, 16) : number.toUInt();
+    const bool addressesFont = code >= 0xF020 && code <= 0xF0FF;
+    if (code < 0x20 || (code > 0xFF && !addressesFont)) {
+        return code < 0x20 || code > 0xFFFF ? u'\0' : static_cast<char16_t>(code);
+    }
+    const auto byte = static_cast<unsigned char>(code & 0xFF);
+    const qsizetype quote = text.indexOf(QLatin1StringView("\\f \""));
+    if (quote >= 0) {
+        const QString font = text.mid(quote + 4).section(u'"', 0, 0);
+        return symbolCharacter(symbolSetOfFont(font), byte);
+    }
+    return byte >= 0x80 && byte < 0xA0 ? windows1252(byte) : byte;
+}
+
+} // namespace velmora

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QByteArrayView>
+
+#include <cstdint>
+#include <string_view>
+
+namespace velmora {
+
+enum class RtfTokenKind : std::uint8_t {
+    GroupStart,
+    GroupEnd,
+    /// A control word; RtfToken::text is its name without the backslash.
+    Word,
+    /// A control symbol; RtfToken::byte is the character behind the backslash. An escaped line
+    /// end, whichever of CR, LF and CR LF it is, comes as '\n'; a damaged \'xx as an apostrophe.
+    Symbol,
+    /// A byte of text written as \'xx.
+    Hex,
+    /// Text bytes 0x20 to 0x7F and tabs.
+    Text,
+    /// Text bytes from 0x80 up, as they stand in the file.
+    HighBytes,
+    /// The data of a \bin.
+    Binary,
+    End,
+};
+
+struct RtfToken final {
+    RtfTokenKind kind = RtfTokenKind::End;
+    unsigned char byte = 0;
+    bool hasParameter = false;
+    /// Of a control word, saturated to the range of int; 0 where hasParameter is false.
+    int parameter = 0;
+    /// Points into the tokenizer's input.
+    std::string_view text;
+};
+
+/// Cuts RTF into tokens without copying. Line ends, NUL and other control characters between tokens
+/// are left out, as RTF demands. Every call moves forward, so reading ends whatever the input is.
+class RtfTokenizer final {
+public:
+    /// The input must outlive the tokenizer and its tokens.
+    explicit RtfTokenizer(QByteArrayView input);
+
+    [[nodiscard]] RtfToken next();
+
+    /// Moves in front of the brace that closes the group in which the next token stands, or to the
+    /// end of the input. Data of \bin may hold any braces and is stepped over as a whole.
+    void skipGroup();
+
+    /// How many braces from here to the end close a group that was never opened, when the group in
+    /// which the next token stands is not counted.
+    [[nodiscard]] int unmatchedClosings() const;
+
+private:
+    RtfToken control();
+    RtfToken controlWord();
+    RtfToken hex();
+    RtfToken run(RtfTokenKind kind, std::uint8_t byteClass);
+    void readParameter(RtfToken& word);
+    [[nodiscard]] bool atDigit(qsizetype offset) const;
+
+    const char* m_at;
+    const char* m_end;
+};
+
+} // namespace velmora
