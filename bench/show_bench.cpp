@@ -16,6 +16,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QCoreApplication>
+#include <QWindow>
+
 #include <stdexcept>
 
 using namespace velmora;
@@ -117,6 +120,9 @@ void BM_PresentedFrame(benchmark::State& state) {
     window.resize(show.geometry.Picture1.size());
     window.surface().resize(show.geometry.WindowWidth(), show.geometry.textRows(), 0xff000000);
     window.show();
+    while (!window.windowHandle()->isExposed()) {
+        QCoreApplication::processEvents();
+    }
     for (auto _ : state) {
         window.surface().setTop(window.surface().top() + 1);
         window.repaint();
