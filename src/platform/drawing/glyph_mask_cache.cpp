@@ -1,10 +1,10 @@
 #include "platform/drawing/glyph_mask_cache.h"
 
+#include <QPainter>
 #include <QPainterPath>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <list>
 #include <unordered_map>
 #include <utility>
@@ -29,14 +29,36 @@ bool hasColourGlyphs(const QRawFont& font) {
                        [&font](const char* name) { return !font.fontTable(name).isEmpty(); });
 }
 
-/// Where the mask lies. The bounding box is exact and cheap but for slanted letters of a font
-/// without an italic face, where it is too wide; their outline tells.
-QPoint maskOffset(const QRawFont& font, std::uint32_t glyph, QSize size) {
+/// Fills the glyph's outline.
+GlyphMask outlineMask(const QPainterPath& outline) {
+    GlyphMask mask;
+    const QRect box = outline.boundingRect().toAlignedRect();
+    mask.offset = box.topLeft();
+    mask.coverage = QImage(box.size(), QImage::Format_Alpha8);
+    mask.coverage.fill(Qt::transparent);
+    QPainter painter(&mask.coverage);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-box.topLeft());
+    painter.fillPath(outline, Qt::black);
+    return mask;
+}
+
+/// A null picture's glyph is blank, or cannot be had as a mask.
+GlyphMask glyphMask(const QRawFont& font, std::uint32_t glyph) {
+    GlyphMask mask;
     const QRectF box = font.boundingRect(glyph);
-    const QPointF corner = box.size() == QSizeF(size)
-                               ? box.topLeft()
-                               : font.pathForGlyph(glyph).boundingRect().topLeft();
-    return {static_cast<int>(std::floor(corner.x())), static_cast<int>(std::floor(corner.y()))};
+    mask.offset = box.topLeft().toPoint();
+    mask.coverage = font.alphaMapForGlyph(glyph, QRawFont::PixelAntialiasing)
+                        .convertToFormat(QImage::Format_Alpha8);
+    // The font engine does not tell where its mask lies. The glyph's box does, but for letters that
+    // it slants itself, in want of an italic face: there the box is too wide.
+    if (box.size() == QSizeF(mask.coverage.size()))
+        return mask;
+    const QPainterPath outline = font.pathForGlyph(glyph);
+    if (!outline.isEmpty())
+        return outlineMask(outline);
+    mask.drawable = mask.coverage.isNull();
+    return mask;
 }
 
 } // namespace
@@ -113,23 +135,14 @@ std::size_t GlyphMaskCache::Private::findFace(const QRawFont& font, double pixel
 }
 
 GlyphMask GlyphMaskCache::Private::make(const Face& face, std::uint32_t glyph) const {
-    GlyphMask mask;
     // A font of its own for each mask: a font keeps all masks that it ever made, beside ours.
     QRawFont font = face.font;
     font.setPixelSize(face.pixelSize);
     const QSizeF box = font.boundingRect(glyph).size();
-    const double bytes = box.width() * box.height();
-    mask.drawable =
-        !face.inColours && bytes + EntryBytes <= static_cast<double>(m_limit / LargestShare);
-    if (!mask.drawable)
-        return mask;
-    mask.coverage = font.alphaMapForGlyph(glyph, QRawFont::PixelAntialiasing)
-                        .convertToFormat(QImage::Format_Alpha8);
-    if (mask.coverage.isNull())
-        mask.drawable = font.pathForGlyph(glyph).isEmpty();
-    else
-        mask.offset = maskOffset(font, glyph, mask.coverage.size());
-    return mask;
+    const double bytes = box.width() * box.height() + EntryBytes;
+    GlyphMask mask;
+    mask.drawable = !face.inColours && bytes <= static_cast<double>(m_limit / LargestShare);
+    return mask.drawable ? glyphMask(font, glyph) : mask;
 }
 
 void GlyphMaskCache::Private::makeRoom(std::int64_t bytes) {

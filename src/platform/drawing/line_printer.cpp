@@ -44,8 +44,9 @@ Placement placeLine(const LineShape& shape, const PrintBox& box) {
     else if (box.alignment == Alignment::Right)
         textLeft += box.width - box.rightGap - width;
     place.left = textLeft - shape.textLeft * place.scale;
-    // Rows that are lower than the line lose the room above the capitals first, then feet.
-    const double top = std::max(box.rowHeight - shape.naturalHeight * place.scale,
+    // Rows that are lower than the line lose the leading first, then the room above the capitals,
+    // and only then feet.
+    const double top = std::max(box.rowHeight - shape.height * place.scale,
                                 (shape.capHeight - shape.ascent) * place.scale);
     place.baseline = rounded(top + shape.ascent * place.scale);
     return place;

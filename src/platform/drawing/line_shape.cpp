@@ -129,7 +129,6 @@ LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft) {
     layout.setFormats(shown.ranges);
     layout.beginLayout();
     QTextLine line = layout.createLine();
-    line.setLeadingIncluded(true);
     line.setLineWidth(UnlimitedWidth);
     layout.endLayout();
     for (std::size_t i = 0; i < shown.runOfRange.size(); ++i) {
@@ -147,7 +146,7 @@ LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft) {
     }
     measureText(shape, line, shown.text);
     shape.ascent = line.ascent();
-    shape.naturalHeight = line.height();
+    shape.height = line.ascent() + line.descent();
     return shape;
 }
 

@@ -38,8 +38,9 @@ struct LineShape final {
     /// Of the highest font.
     double ascent = 0;
     double capHeight = 0;
-    /// Ascent, descent and leading: the line's height at a line spacing of 1.
-    double naturalHeight = 0;
+    /// Ascent and descent of the highest letters; without leading, the first to go in a row that
+    /// is lower than the line.
+    double height = 0;
 };
 
 /// Shapes a line without its markers "^" and "~" and without line ends. No text: no stretches.

@@ -100,16 +100,6 @@ TEST_F(SurfaceOperations, StretchesAndMirrorsLikeANaivePicture) {
     }
 }
 
-TEST_F(SurfaceOperations, MirroringTwiceGivesThePictureBack) {
-    const Surface plain = noise(33, 5);
-    Surface mirrored(33, 5);
-    Surface again(33, 5);
-    mirrored.StretchBlt(33, 0, -33, 5, plain, 0, 0, 33, 5);
-    again.StretchBlt(33, 0, -33, 5, mirrored, 0, 0, 33, 5);
-    EXPECT_EQ(mirrored.image(), plain.image().mirrored(true, false));
-    EXPECT_EQ(again.image(), plain.image());
-}
-
 TEST_F(SurfaceOperations, CopiesOfASurfaceAreIndependent) {
     Surface surface = noise(8, 8);
     const Surface before = surface;

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "platform/drawing/surface.h"
+#include "platform/rich_text/print_box.h"
+
+#include <QImage>
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+#include <vector>
+
+namespace velmora {
+
+/// How much light white text on black sheds in a picture, and where it stands.
+struct Ink final {
+    /// In pixels of full coverage.
+    double amount = 0;
+    /// Columns and rows with ink: first and last + 1; empty where there is none.
+    int left = 0;
+    int right = 0;
+    int top = 0;
+    int bottom = 0;
+    /// Its middle.
+    double x = 0;
+    double y = 0;
+    /// Amount in each column of the picture.
+    std::vector<double> columns;
+};
+
+/// How unlike two pictures' columns are, their first ones with ink put upon each other: 0 for the
+/// same, 2 for letters at quite other places.
+inline double unlikeness(const Ink& one, const Ink& other) {
+    const auto column = [](const Ink& ink, int x) {
+        const int at = ink.left + x;
+        return at < ink.right ? ink.columns[static_cast<std::size_t>(at)] : 0;
+    };
+    double difference = 0;
+    for (int x = 0; x < std::max(one.right - one.left, other.right - other.left); ++x)
+        difference += std::abs(column(one, x) - column(other, x));
+    return difference / one.amount;
+}
+
+inline Ink inkOf(const QImage& picture) {
+    Ink ink{0, picture.width(), 0, picture.height(), 0, 0, 0, {}};
+    ink.columns.resize(static_cast<std::size_t>(picture.width()));
+    double sumX = 0;
+    double sumY = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        for (int x = 0; x < picture.width(); ++x) {
+            const int light = qGreen(row[x]);
+            if (light == 0)
+                continue;
+            ink.amount += light / 255.0;
+            ink.columns[static_cast<std::size_t>(x)] += light / 255.0;
+            sumX += (x + 0.5) * light / 255;
+            sumY += (y + 0.5) * light / 255;
+            ink.left = std::min(ink.left, x);
+            ink.right = std::max(ink.right, x + 1);
+            ink.top = std::min(ink.top, y);
+            ink.bottom = std::max(ink.bottom, y + 1);
+        }
+    }
+    if (ink.amount > 0) {
+        ink.x = sumX / ink.amount;
+        ink.y = sumY / ink.amount;
+    }
+    return ink;
+}
+
+/// White text; styles holds any of "b", "i", "u", "s".
+inline StyledText styled(const QString& text, const QString& fontName, int halfPoints,
+                         const char* styles = "") {
+    const std::string_view wanted(styles);
+    const auto has = [&](char style) { return wanted.find(style) != std::string_view::npos; };
+    StyledText run{text, {}};
+    run.format.fontName = fontName;
+    run.format.halfPoints = halfPoints;
+    run.format.color = White;
+    run.format.bold = has('b');
+    run.format.italic = has('i');
+    run.format.underline = has('u');
+    run.format.strikeThrough = has('s');
+    return run;
+}
+
+} // namespace velmora
