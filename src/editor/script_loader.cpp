@@ -221,7 +221,7 @@ QString ScriptLoader::failureText(const QString& reason) const {
             ? QStringLiteral("Please open it in the program that it comes from, and save it from "
                              "there as RTF or text.")
             : QStringLiteral("Please verify that the file exists and that you may read it.");
-    return first + reason + QStringLiteral("\r\n\r\nThe editor's text has not changed. ") + advice;
+    return first + reason + QStringLiteral("\r\n\r\n") + advice;
 }
 
 void ScriptLoader::giveBackEditor() {

@@ -1,0 +1,162 @@
+#include "editor/script_conventions.h"
+
+#include "platform/rich_text/rich_text_box.h"
+#include "support/flat_text.h"
+#include "support/test_session.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace velmora {
+namespace {
+
+constexpr Rgb24 Red = 0x0000FF;
+
+bool isBlackOrWhite(const std::optional<Rgb24>& color) {
+    return color == Black || color == White;
+}
+
+/// The colour rule as it is defined on the control: block by block, and in a mixed block character
+/// by character.
+void walkInBlocks(RichTextBox& box, Rgb24 target, Rgb24 other, int blockSize) {
+    box.selectAll();
+    if (isBlackOrWhite(box.SelColor())) {
+        box.setSelColor(target);
+        return;
+    }
+    for (int block = 0; block <= box.textLength(); block += blockSize) {
+        box.select(block, block + blockSize);
+        if (isBlackOrWhite(box.SelColor())) {
+            box.setSelColor(target);
+            continue;
+        }
+        for (int character = block; character < block + blockSize; ++character) {
+            box.select(character, character + 1);
+            if (box.SelColor() == other) {
+                box.setSelColor(target);
+            }
+        }
+    }
+}
+
+/// The tab rule as it is defined on the control.
+void replaceTabsOneByOne(RichTextBox& box) {
+    int at = 0;
+    while ((at = box.Find(QStringLiteral("\t"), 0)) >= 0) {
+        box.select(at, at + 1);
+        box.setSelText(QStringLiteral(" "));
+    }
+}
+
+/// Paragraphs of runs in these colours, some of them empty but for the last, with tabs and
+/// characters outside the BMP among the text.
+RichTextFragment randomText(std::mt19937& random, const std::vector<Rgb24>& colors) {
+    const auto below = [&random](int limit) {
+        return static_cast<int>(random() % static_cast<unsigned>(limit));
+    };
+    RichTextFragment text;
+    for (const Rgb24 color : colors) {
+        CharacterFormat format;
+        format.fontName = QStringLiteral("Liberation Sans");
+        format.color = color;
+        text.formats.push_back(format);
+    }
+    const int count = 1 + below(12);
+    for (int i = 0; i < count; ++i) {
+        Paragraph paragraph;
+        for (int run = below(4) + (i + 1 == count ? 1 : 0); run > 0; --run) {
+            QString word(1 + below(70), QChar(u'a' + below(26)));
+            word += below(3) == 0 ? QStringLiteral("\t𝄞") : QString();
+            paragraph.runs.push_back(
+                {static_cast<int>(word.size()), below(static_cast<int>(colors.size()))});
+            paragraph.text += word;
+        }
+        paragraph.endFormat = paragraph.runs.empty() ? below(static_cast<int>(colors.size()))
+                                                     : paragraph.runs.back().format;
+        paragraph.format.alignment = static_cast<Alignment>(below(3));
+        paragraph.format.leftOffsetTwips = below(3) * 360;
+        text.paragraphs.push_back(paragraph);
+    }
+    return text;
+}
+
+TEST(ColourRule, GivesWhatTheWalkInBlocksGives) {
+    const std::vector<std::vector<Rgb24>> palettes = {{Black},
+                                                      {White},
+                                                      {Red},
+                                                      {Black, White},
+                                                      {Black, Red},
+                                                      {White, Red},
+                                                      {Black, White, Red, 0x800000}};
+    std::mt19937 random(7);
+    for (int round = 0; round < 60; ++round) {
+        const RichTextFragment text =
+            randomText(random, palettes[static_cast<std::size_t>(round) % palettes.size()]);
+        for (const auto& [target, other, blockSize] :
+             {std::tuple{White, Black, 50}, {Black, White, 30}}) {
+            RichTextBox walked;
+            walked.setFragment(text);
+            walkInBlocks(walked, target, other, blockSize);
+            RichTextFragment exchanged = text;
+            applyColourRule(exchanged, target, other);
+            ASSERT_EQ(flatten(walked.fragment()), flatten(exchanged)) << "round " << round;
+        }
+    }
+}
+
+TEST(ColourRule, DependsOnTheBackground) {
+    struct Case final {
+        Rgb24 background, text, expected;
+    };
+    for (const Case& c :
+         {Case{Black, Black, White}, Case{Black, White, White}, Case{Black, Red, Red},
+          Case{White, White, Black}, Case{White, Black, Black}, Case{0x800000, Black, Black},
+          Case{0x010000, White, White}}) {
+        RichTextFragment text;
+        text.formats.resize(1);
+        text.formats[0].color = c.text;
+        applyColourRuleForBackground(text, c.background);
+        EXPECT_EQ(text.formats[0].color, c.expected) << c.background << ' ' << c.text;
+    }
+}
+
+TEST(TabRule, GivesWhatFindingThemOneByOneGives) {
+    std::mt19937 random(11);
+    for (int round = 0; round < 20; ++round) {
+        RichTextFragment text = randomText(random, {Black, Red});
+        RichTextBox box;
+        box.setFragment(text);
+        replaceTabsOneByOne(box);
+        replaceTabs(text);
+        ASSERT_EQ(flatten(box.fragment()), flatten(text)) << "round " << round;
+    }
+}
+
+TEST(OffsetRule, KeepsTheAlignment) {
+    RichTextFragment text;
+    text.paragraphs.resize(1);
+    text.paragraphs[0].format = {Alignment::Centre, true, 720, -360};
+    clearOffsets(text);
+    EXPECT_EQ(text.paragraphs[0].format, (ParagraphFormat{Alignment::Centre, true, 0, 0}));
+}
+
+TEST(PlainTextLook, CoversEveryCharacterAndEveryEmptyLine) {
+    TestSession test;
+    test.session.settings.ScreenTextColor = 255;
+    const CharacterFormat look = plainTextLook(test.session, QStringLiteral("DejaVu Sans"), 30.5);
+    EXPECT_EQ(look.color, Red);
+    EXPECT_EQ(look.halfPoints, 61);
+    std::mt19937 random(3);
+    RichTextFragment text = randomText(random, {Black, White});
+    const QString before = flatten(text).text;
+    applyPlainTextLook(text, look);
+    const FlatText flat = flatten(text);
+    EXPECT_EQ(flat.text, before);
+    EXPECT_EQ(flat.formats, std::vector(flat.formats.size(), look));
+    EXPECT_EQ(plainTextLook(test.session, QString(), 1e9).halfPoints,
+              CharacterFormat::MaxHalfPoints);
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,94 @@
+#include "editor/script_files.h"
+
+#include "editor/recent_files.h"
+#include "support/test_session.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+TEST(ScriptFiles, TypeFollowsTheEndOfTheName) {
+    const std::pair<const char16_t*, ScriptType> cases[] = {
+        {u"/a/SCRIPT.Rtf", ScriptType::Rtf},     {u"/a/b.txt", ScriptType::PlainText},
+        {u"/a/b.doc", ScriptType::Doc},          {u"/a/b.DOCX", ScriptType::Docx},
+        {u"/a/b.log", ScriptType::PlainText},    {u"/a/noextension", ScriptType::PlainText},
+        {u"/a.rtf/b.md", ScriptType::PlainText}, {u"/a/b.docx.txt", ScriptType::PlainText}};
+    for (const auto& [path, type] : cases) {
+        EXPECT_EQ(scriptTypeOf(QString::fromUtf16(path)), type)
+            << QString::fromUtf16(path).toStdString();
+    }
+}
+
+TEST(ScriptFiles, BaseIsCutAtTheLastDotOfTheName) {
+    const std::pair<const char16_t*, const char16_t*> cases[] = {
+        {u"/a/show.rtf", u"/a/show"},   {u"/john.smith/show.rtf", u"/john.smith/show"},
+        {u"/a.b/show", u"/a.b/show"},   {u"/a/v1.2.rtf", u"/a/v1.2"},
+        {u"/a/.rtf", u"/a/.rtf"},       {u"/a/..rtf", u"/a/."},
+        {u"Untitled.rtf", u"Untitled"}, {u".hidden", u".hidden"}};
+    for (const auto& [path, base] : cases) {
+        EXPECT_EQ(scriptFileBase(QString::fromUtf16(path)), QString::fromUtf16(base));
+    }
+    EXPECT_EQ(folderOfScript(QStringLiteral("/a/b/c.rtf")), u"/a/b/");
+    EXPECT_EQ(folderOfScript(QStringLiteral("/c.rtf")), u"/");
+    EXPECT_EQ(folderOfScript(QStringLiteral("c.rtf")), QString());
+}
+
+QString numbered(int i) {
+    return QStringLiteral("/scripts/%1.rtf").arg(i);
+}
+
+TEST(RecentFiles, KeepTenDifferentPathsNewestFirst) {
+    TestSession test;
+    RecentFileTable recent(test.session.AppFolder);
+    EXPECT_EQ(recent.paths(), QStringList());
+    for (int i = 1; i <= 11; ++i) {
+        recent.add(numbered(i));
+    }
+    recent.add(numbered(5));
+    recent.add(QStringLiteral("/scripts/5.RTF"));
+    EXPECT_EQ(recent.paths(), QStringList({QStringLiteral("/scripts/5.RTF"), numbered(5),
+                                           numbered(11), numbered(10), numbered(9), numbered(8),
+                                           numbered(7), numbered(6), numbered(4), numbered(3)}));
+}
+
+TEST(RecentFiles, FileHoldsTwoLinesARowAndEmptyLinesForEmptyRows) {
+    TestSession test;
+    RecentFileTable recent(test.session.AppFolder);
+    recent.add(QStringLiteral("/a.rtf"));
+    recent.add(QStringLiteral("/é.txt"));
+    ASSERT_TRUE(recent.write(RecentFileTable::EntriesAfterAppend));
+    EXPECT_EQ(test.read(RecentFileTable::fileName()),
+              QByteArray("/\xE9.txt\r\n/\xE9.txt\r\n/a.rtf\r\n/a.rtf\r\n") +
+                  QByteArray("\r\n").repeated(6));
+    ASSERT_TRUE(recent.write(RecentFileTable::EntriesAfterInsert));
+    EXPECT_EQ(test.read(RecentFileTable::fileName()).count('\n'), 20);
+}
+
+TEST(RecentFiles, FirstLoadOfARunKeepsTheListOfTheLastRun) {
+    TestSession test;
+    test.write(RecentFileTable::fileName(),
+               "/old.rtf\r\n/old.rtf\r\n\r\n\r\n/older.rtf\n/older.rtf\n");
+    RecentFileTable recent(test.session.AppFolder);
+    recent.add(QStringLiteral("/new.rtf"));
+    EXPECT_EQ(recent.paths(), QStringList({QStringLiteral("/new.rtf"), QStringLiteral("/old.rtf"),
+                                           QStringLiteral("/older.rtf")}));
+}
+
+TEST(RecentFiles, OddFilesAndPathsDoNoHarm) {
+    for (const QByteArray& bytes : {QByteArray(), QByteArray("/a\r\n"), QByteArray(4 << 20, '\n'),
+                                    QByteArray("\xFF\xFE\x00", 3)}) {
+        TestSession test;
+        test.write(RecentFileTable::fileName(), bytes);
+        RecentFileTable recent(test.session.AppFolder);
+        recent.add(QStringLiteral("/two\nlines.rtf"));
+        recent.add(QString());
+        EXPECT_EQ(recent.paths().filter(QStringLiteral("lines")), QStringList());
+        recent.add(QStringLiteral("/a.rtf"));
+        EXPECT_EQ(recent.paths().value(0), u"/a.rtf");
+    }
+    EXPECT_FALSE(RecentFileTable(QStringLiteral("/no/such/folder/")).write(10));
+}
+
+} // namespace
+} // namespace velmora

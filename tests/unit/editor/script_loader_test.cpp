@@ -1,0 +1,244 @@
+#include "editor/script_loader.h"
+
+#include "editor/recent_files.h"
+#include "editor/script_conventions.h"
+#include "editor/script_saver.h"
+#include "support/flat_text.h"
+#include "support/test_session.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+constexpr Rgb24 Red = 0x0000FF;
+
+class ScriptLoaderTest : public ::testing::Test {
+protected:
+    ScriptLoaderTest() { applyEditorDefaults(session); }
+
+    void loadFile(const QString& name, const QByteArray& bytes) {
+        loader.loadScript(test.write(name, bytes));
+    }
+    void loadFileWithAnswer(MessageAnswer answer, const QString& name, const QByteArray& bytes) {
+        test.messages.answers.push_back(answer);
+        loadFile(name, bytes);
+    }
+    [[nodiscard]] CharacterFormat formatAt(int position) {
+        rtb1.select(position, position + 1);
+        CharacterFormat format;
+        format.fontName = rtb1.SelFontName().value_or(QString());
+        format.halfPoints = static_cast<int>(rtb1.SelFontSize().value_or(0) * 2);
+        format.color = rtb1.SelColor().value_or(0xBAD);
+        format.bold = rtb1.SelBold().value_or(false);
+        return format;
+    }
+    /// What holds after every load, however it ended.
+    void expectAllPutAway() const {
+        EXPECT_FALSE(test.host.progressIsUp());
+        EXPECT_TRUE(session.script.rtb2.isEmpty());
+        EXPECT_FALSE(session.script.fileInProgress);
+    }
+
+    TestSession test;
+    Session& session = test.session;
+    RichTextBox& rtb1 = session.script.rtb1;
+    RecentFileTable recent{session.AppFolder};
+    ScriptLoader loader{session, test.host, &recent};
+    const QString txt = QStringLiteral("a.txt");
+    const QString rtf = QStringLiteral("a.rtf");
+};
+
+TEST_F(ScriptLoaderTest, PlainTextArrivesInTheCurrentLookWithBlanksForTabs) {
+    test.host.fontName = QStringLiteral("DejaVu Sans");
+    test.host.fontSize = 31;
+    session.settings.ScreenTextColor = 255;
+    loadFile(txt, "one\ttwo\r\nthree\nfour");
+    EXPECT_EQ(rtb1.Text(), u"one two\r\nthree\r\nfour");
+    EXPECT_EQ(rtb1.SelStart(), 0);
+    EXPECT_TRUE(test.messages.boxes.empty());
+    const CharacterFormat format = formatAt(5);
+    EXPECT_EQ(format.fontName, u"DejaVu Sans");
+    EXPECT_EQ(format.halfPoints, 62);
+    EXPECT_EQ(format.color, Red);
+    EXPECT_EQ(test.host.progress, QStringList({QStringLiteral("Loading File."), QString()}));
+    EXPECT_EQ(session.script.ScriptFileType, 1);
+    EXPECT_EQ(session.settings.LastScriptFolder, session.AppFolder);
+    expectAllPutAway();
+}
+
+TEST_F(ScriptLoaderTest, RtfKeepsItsLookButForBlackOnBlackAndOffsets) {
+    const QByteArray bytes =
+        "{\\rtf1\\ansi{\\fonttbl{\\f0 DejaVu Serif;}}{\\colortbl;\\red255\\green0\\blue0;}"
+        "\\pard\\qc\\li720\\fi-360\\f0\\fs40 black\\tab\\cf1\\b red\\par}";
+    loadFile(rtf, bytes);
+    EXPECT_TRUE(rtb1.Text().startsWith(u"black red"));
+    EXPECT_EQ(formatAt(1).color, White);
+    EXPECT_EQ(formatAt(1).fontName, u"DejaVu Serif");
+    EXPECT_EQ(formatAt(1).halfPoints, 40);
+    EXPECT_EQ(formatAt(7).color, Red);
+    EXPECT_TRUE(formatAt(7).bold);
+    rtb1.select(0, 3);
+    EXPECT_EQ(rtb1.SelAlignment(), Alignment::Centre);
+    EXPECT_FALSE(rtb1.SelHasOffset());
+    rtb1.setText(QString());
+    rtb1.setBackColor(0x800000);
+    loadFile(rtf, bytes);
+    EXPECT_EQ(formatAt(1).color, Black);
+}
+
+TEST_F(ScriptLoaderTest, NoPutsTheTextAtTheCaretAndReplacesNothing) {
+    rtb1.setText(QStringLiteral("Hello world"));
+    rtb1.select(5, 8);
+    loadFileWithAnswer(MessageAnswer::No, txt, ", my\r\nsmall");
+    EXPECT_EQ(rtb1.Text(), u"Hello, my\r\nsmall world");
+    EXPECT_EQ(rtb1.SelStart(), 5);
+    EXPECT_EQ(rtb1.SelLength(), 0);
+    ASSERT_EQ(test.messages.boxes.size(), 1U);
+    EXPECT_EQ(test.messages.boxes[0].text, u"Append New Text To The End Of Existing Text?");
+    EXPECT_EQ(session.script.ExitAnswer, 7);
+    EXPECT_EQ(test.read(RecentFileTable::fileName()).count('\n'), 20);
+}
+
+TEST_F(ScriptLoaderTest, YesAppendsAStoryOfItsOwn) {
+    rtb1.setText(QStringLiteral("first"));
+    loadFileWithAnswer(MessageAnswer::Yes, txt, "second");
+    EXPECT_EQ(rtb1.Text(), u"first~\r\n^----\r\nsecond");
+    EXPECT_EQ(rtb1.SelStart(), 5);
+    EXPECT_EQ(formatAt(6).color, White);
+    EXPECT_EQ(test.read(RecentFileTable::fileName()).count('\n'), 10);
+    loadFileWithAnswer(MessageAnswer::Yes, rtf, "{\\rtf1\\ansi third\\par}");
+    EXPECT_TRUE(rtb1.Text().startsWith(u"first~\r\n^----\r\nsecond~\r\n^----\r\nthird"));
+    expectAllPutAway();
+}
+
+TEST_F(ScriptLoaderTest, CancelChangesNothingButTheFilesName) {
+    rtb1.setText(QStringLiteral("text"));
+    rtb1.setSelStart(2);
+    loadFileWithAnswer(MessageAnswer::Cancel, txt, "other");
+    EXPECT_EQ(rtb1.Text(), u"text");
+    EXPECT_EQ(rtb1.SelStart(), 2);
+    EXPECT_EQ(session.script.ScriptFileName, test.path(txt));
+    EXPECT_EQ(test.host.zoomsSent, 1);
+    EXPECT_TRUE(test.read(RecentFileTable::fileName()).isNull());
+    expectAllPutAway();
+}
+
+TEST_F(ScriptLoaderTest, DialogOpensInTheLastFolderAndMayBeCancelled) {
+    session.settings.LastScriptFolder = QStringLiteral("/elsewhere/");
+    loader.LoadText();
+    ASSERT_EQ(test.dialogs.openRequests.size(), 1U);
+    EXPECT_EQ(test.dialogs.openRequests[0].folder, u"/elsewhere/");
+    EXPECT_EQ(session.settings.LastScriptFolder, u"/elsewhere/");
+    EXPECT_EQ(test.host.focusGiven, 1);
+    test.dialogs.choose(test.write(txt, "chosen"));
+    loader.LoadText();
+    EXPECT_EQ(rtb1.Text(), u"chosen");
+    expectAllPutAway();
+}
+
+TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
+    struct Case final {
+        QString name;
+        std::optional<QByteArray> bytes;
+        QString said;
+    };
+    const Case cases[] = {
+        {QStringLiteral("missing.rtf"), std::nullopt,
+         QStringLiteral("verify that the file exists")},
+        {QStringLiteral("binary.rtf"), QByteArray("MZ\x90\x00\x03", 5),
+         QStringLiteral("save it from there as RTF")},
+        {QStringLiteral("old.doc"), QByteArray("\xD0\xCF\x11\xE0"),
+         QStringLiteral("Word is correctly installed.")},
+        {QStringLiteral("new.DOCX"), QByteArray("PK"),
+         QStringLiteral("Word is correctly installed.")},
+    };
+    for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+        for (const Case& c : cases) {
+            test.messages.boxes.clear();
+            rtb1.setText(QStringLiteral("the show"));
+            const FlatText before = flatten(rtb1.fragment());
+            if (c.bytes) {
+                test.write(c.name, *c.bytes);
+            }
+            test.messages.answers.push_back(answer);
+            loader.loadScript(test.path(c.name));
+            ASSERT_EQ(test.messages.boxes.size(), 2U) << c.name.toStdString();
+            const FakeMessageBoxes::Box& box = test.messages.boxes[1];
+            EXPECT_EQ(box.title, u"Could Not Load File");
+            EXPECT_EQ(box.icon, MessageIcon::Critical);
+            EXPECT_TRUE(box.text.startsWith(
+                QStringLiteral("I could not load %1.\r\n\r\n").arg(test.path(c.name))));
+            EXPECT_TRUE(box.text.contains(c.said)) << box.text.toStdString();
+            EXPECT_EQ(flatten(rtb1.fragment()), before);
+            EXPECT_EQ(session.script.ScriptFileName, test.path(c.name));
+            expectAllPutAway();
+        }
+    }
+    EXPECT_TRUE(test.read(RecentFileTable::fileName()).isNull());
+    EXPECT_TRUE(test.host.progress.contains(QStringLiteral("Converting Word File.")));
+}
+
+TEST_F(ScriptLoaderTest, NeitherLoadNorSaveStartsInsideAnother) {
+    ScriptSaver saver(session, test.host);
+    const QString other = test.write(QStringLiteral("other.txt"), "other");
+    int tries = 0;
+    const auto tryAll = [&] {
+        ++tries;
+        loader.loadScript(other);
+        loader.LoadText();
+        saver.SaveText();
+    };
+    test.dialogs.whileOpen = tryAll;
+    test.messages.whileOpen = tryAll;
+    test.host.onProgress = [&](const QString&) { tryAll(); };
+    test.pump.setEveryPump(tryAll);
+    rtb1.setText(QStringLiteral("a"));
+    test.dialogs.choose(test.write(txt, "b"));
+    test.messages.answers.push_back(MessageAnswer::Yes);
+    loader.LoadText();
+    EXPECT_EQ(rtb1.Text(), u"a~\r\n^----\r\nb");
+    const int triesOfLoad = tries;
+    EXPECT_GE(triesOfLoad, 8);
+    test.dialogs.choose(test.path(QStringLiteral("saved.txt")));
+    saver.SaveText();
+    EXPECT_GT(tries, triesOfLoad);
+    EXPECT_EQ(test.read(QStringLiteral("saved.txt")), "a~\r\n^----\r\nb");
+    EXPECT_EQ(test.dialogs.openRequests.size() + test.dialogs.saveRequests.size(), 2U);
+    session.show.ShowRunning = 1;
+    loader.loadScript(other);
+    EXPECT_EQ(rtb1.Text(), u"a~\r\n^----\r\nb");
+}
+
+TEST_F(ScriptLoaderTest, FontsThatAreNotInstalledAreNamedUntilTheNextLoad) {
+    loadFile(rtf, "{\\rtf1\\ansi{\\fonttbl{\\f0 Nosuch Grotesk;}}\\f0 text}");
+    ASSERT_EQ(test.host.notices.size(), 1);
+    EXPECT_TRUE(test.host.notices[0].contains(u"Nosuch Grotesk (shown as "))
+        << test.host.notices[0].toStdString();
+    rtb1.setText(QString());
+    loadFile(txt, "text");
+    EXPECT_EQ(test.host.notices.value(1), QString());
+}
+
+TEST_F(ScriptLoaderTest, UnattendedRunsWriteNoRecentFiles) {
+    session.keepsFiles = false;
+    loadFile(txt, "text");
+    EXPECT_EQ(rtb1.Text(), u"text");
+    EXPECT_TRUE(test.read(RecentFileTable::fileName()).isNull());
+}
+
+TEST_F(ScriptLoaderTest, AHundredThousandTabsAreDoneInOneSweep) {
+    loadFile(txt, QByteArray("word\t").repeated(100'000));
+    EXPECT_EQ(rtb1.textLength(), 500'000);
+    EXPECT_FALSE(rtb1.Text().contains(u'\t'));
+}
+
+TEST_F(ScriptLoaderTest, TheEditorChangesOnceForALoad) {
+    int changes = 0;
+    QObject::connect(&rtb1, &RichTextBox::Change, &rtb1, [&] { ++changes; });
+    loadFile(rtf, "{\\rtf1\\ansi one\\par two\\tab three\\par}");
+    EXPECT_EQ(changes, 1);
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,182 @@
+#include "editor/script_saver.h"
+
+#include "editor/convert.h"
+#include "editor/script_conventions.h"
+#include "editor/script_loader.h"
+#include "support/flat_text.h"
+#include "support/test_session.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace velmora {
+namespace {
+
+constexpr int TextFilter = 1;
+constexpr int RichTextFilter = 2;
+
+class ScriptSaverTest : public ::testing::Test {
+protected:
+    ScriptSaverTest() {
+        applyEditorDefaults(session);
+        session.script.rtb1.setText(QStringLiteral("white text"));
+        session.script.TextChanged = 1;
+    }
+    void saveAs(const QString& path, int filter) {
+        test.dialogs.choose(path, filter);
+        saver.SaveText();
+    }
+    /// What holds after every save, however it ended.
+    void expectAllPutAway() const {
+        EXPECT_FALSE(test.host.progressIsUp());
+        EXPECT_TRUE(session.script.rtb2.isEmpty());
+        EXPECT_EQ(session.script.ExitSaveInProgress, 0);
+        EXPECT_FALSE(session.script.fileInProgress);
+    }
+
+    TestSession test;
+    Session& session = test.session;
+    ScriptSaver saver{session, test.host};
+};
+
+TEST_F(ScriptSaverTest, RtfOnDiskIsBlackAndTheEditorStaysWhite) {
+    saveAs(test.path(QStringLiteral("a.rtf")), RichTextFilter);
+    RichTextBox file;
+    ASSERT_TRUE(file.LoadFile(test.path(QStringLiteral("a.rtf")), FileFormat::Rtf));
+    EXPECT_EQ(file.Text(), u"white text");
+    file.selectAll();
+    EXPECT_EQ(file.SelColor(), Black);
+    session.script.rtb1.selectAll();
+    EXPECT_EQ(session.script.rtb1.SelColor(), White);
+    EXPECT_EQ(session.script.TextChanged, 0);
+    EXPECT_EQ(session.script.ScriptFileType, 0);
+    EXPECT_EQ(session.settings.LastScriptFolder, session.AppFolder);
+    EXPECT_EQ(test.host.progress, QStringList({QStringLiteral("Saving Document"), QString()}));
+    EXPECT_EQ(test.host.focusGiven, 1);
+    expectAllPutAway();
+}
+
+TEST_F(ScriptSaverTest, FilterDecidesTheNameAndTheFormat) {
+    struct Case final {
+        const char16_t* typed;
+        int filter;
+        const char16_t* written;
+    };
+    QDir(session.AppFolder).mkpath(QStringLiteral("my.scripts"));
+    for (const Case& c :
+         {Case{u"a.rtf", TextFilter, u"a.txt"}, Case{u"b.txt", RichTextFilter, u"b.rtf"},
+          Case{u"my.scripts/show.rtf", RichTextFilter, u"my.scripts/show.rtf"},
+          Case{u"v1.2.rtf", RichTextFilter, u"v1.2.rtf"}}) {
+        saveAs(test.path(QString::fromUtf16(c.typed)), c.filter);
+        const QString written = QString::fromUtf16(c.written);
+        EXPECT_EQ(session.script.ScriptFileName, test.path(written));
+        EXPECT_EQ(test.read(written).startsWith("{\\rtf1"), c.filter == RichTextFilter)
+            << written.toStdString();
+        // The dialog's question about replacing a file must be about the one that is written.
+        const FileDialogRequest& request = test.dialogs.saveRequests.back();
+        ASSERT_TRUE(request.writtenPath);
+        EXPECT_EQ(request.writtenPath({test.path(QString::fromUtf16(c.typed)), c.filter}),
+                  test.path(written));
+    }
+    EXPECT_EQ(test.read(QStringLiteral("a.txt")), "white text");
+}
+
+TEST_F(ScriptSaverTest, OffersTheCurrentNameAndItsFilter) {
+    saver.SaveText();
+    EXPECT_EQ(test.dialogs.saveRequests.back().fileName, u"Untitled.rtf");
+    EXPECT_EQ(test.dialogs.saveRequests.back().filterIndex, RichTextFilter);
+    EXPECT_EQ(session.script.TextChanged, 1);
+    saveAs(test.path(QStringLiteral("a.TXT")), TextFilter);
+    saver.SaveText();
+    EXPECT_EQ(test.dialogs.saveRequests.back().fileName, test.path(QStringLiteral("a.txt")));
+    EXPECT_EQ(test.dialogs.saveRequests.back().filterIndex, TextFilter);
+}
+
+TEST_F(ScriptSaverTest, OnlyTheScriptsOwnFileIsReplacedWithoutAQuestion) {
+    ScriptLoader loader(session, test.host, nullptr);
+    const QString first = test.write(QStringLiteral("first.txt"), "first");
+    const QString second = test.write(QStringLiteral("second.txt"), "second");
+    session.script.rtb1.setText(QString());
+    loader.loadScript(first);
+    test.messages.answers.push_back(MessageAnswer::Yes);
+    loader.loadScript(second);
+    // The name offered is the appended file's: to save there must not go unasked.
+    saver.SaveText();
+    EXPECT_EQ(test.dialogs.saveRequests.back().fileName, second);
+    EXPECT_EQ(test.dialogs.saveRequests.back().ownFile, first);
+    saveAs(test.path(QStringLiteral("both.rtf")), RichTextFilter);
+    EXPECT_EQ(session.script.ownFile, test.path(QStringLiteral("both.rtf")));
+}
+
+TEST_F(ScriptSaverTest, EmptyScriptIsNeverSaved) {
+    session.script.rtb1.setText(QString());
+    session.script.ExitSaveInProgress = 1;
+    saver.SaveText();
+    EXPECT_EQ(session.script.TextChanged, 0);
+    EXPECT_TRUE(test.dialogs.saveRequests.empty());
+    expectAllPutAway();
+}
+
+TEST_F(ScriptSaverTest, FailureKeepsTheOldFileAndSaysWhy) {
+    const QString path = test.path(QStringLiteral("folder.rtf"));
+    QDir().mkpath(path);
+    session.script.ExitSaveInProgress = 1;
+    session.script.SaveFailed = 1;
+    saveAs(path, RichTextFilter);
+    ASSERT_EQ(test.messages.boxes.size(), 1U);
+    EXPECT_EQ(test.messages.boxes[0].title, u"Could Not Save File");
+    EXPECT_TRUE(test.messages.boxes[0].text.contains(path));
+    EXPECT_TRUE(QFileInfo(path).isDir());
+    EXPECT_EQ(session.script.TextChanged, 1);
+    EXPECT_EQ(session.script.SaveFailed, 1);
+    EXPECT_EQ(test.host.focusGiven, 1);
+    expectAllPutAway();
+}
+
+TEST_F(ScriptSaverTest, ExitLearnsWhetherTheScriptWasWritten) {
+    session.script.SaveFailed = 1;
+    session.script.ExitSaveInProgress = 1;
+    saver.SaveText();
+    EXPECT_EQ(session.script.SaveFailed, 1);
+    expectAllPutAway();
+    const int focusAfterCancel = test.host.focusGiven;
+    session.script.ExitSaveInProgress = 1;
+    saveAs(test.path(QStringLiteral("a.txt")), TextFilter);
+    EXPECT_EQ(session.script.SaveFailed, 0);
+    // The window is on its way out.
+    EXPECT_EQ(test.host.focusGiven, focusAfterCancel);
+    expectAllPutAway();
+}
+
+TEST_F(ScriptSaverTest, WhiteScriptComesBackWhite) {
+    saveAs(test.path(QStringLiteral("a.rtf")), RichTextFilter);
+    const FlatText before = flatten(session.script.rtb1.fragment());
+    session.script.rtb1.setText(QString());
+    ScriptLoader(session, test.host, nullptr).loadScript(test.path(QStringLiteral("a.rtf")));
+    EXPECT_EQ(flatten(session.script.rtb1.fragment()), before);
+}
+
+TEST(Convert, WritesTheOtherFormatAndNothingOnFailure) {
+    TestSession test;
+    const QString in = test.write(QStringLiteral("in.txt"), "caf\xE9\tau lait\nsecond line");
+    const QString out = test.path(QStringLiteral("out.rtf"));
+    const QString back = test.path(QStringLiteral("back.txt"));
+    EXPECT_EQ(convertScript(test.session, in, out), 0);
+    TestSession second;
+    EXPECT_EQ(convertScript(second.session, out, back), 0);
+    EXPECT_EQ(test.read(QStringLiteral("back.txt")), "caf\xE9 au lait\r\nsecond line");
+    TestSession third;
+    const QString never = test.path(QStringLiteral("never.rtf"));
+    EXPECT_EQ(convertScript(third.session, test.path(QStringLiteral("missing.rtf")), never), 1);
+    EXPECT_EQ(convertScript(third.session, test.write(QStringLiteral("bad.rtf"), "no rtf"), never),
+              1);
+    EXPECT_FALSE(QFileInfo::exists(never));
+    EXPECT_EQ(convertScript(third.session, in, QStringLiteral("/no/such/folder/x.rtf")), 1);
+    EXPECT_TRUE(third.messages.boxes.empty());
+    EXPECT_TRUE(test.read(QStringLiteral("files.ini")).isNull());
+}
+
+} // namespace
+} // namespace velmora
