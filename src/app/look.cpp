@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
+#include <QRegularExpression>
 #include <QString>
 
 #include <algorithm>
@@ -53,19 +54,26 @@ double controlUnit(const ScreenState& screen) {
 
 void applyLook(QApplication& application, const ScreenState& screen) {
     QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication::setPalette(darkPalette());
+    const QPalette palette = darkPalette();
+    QApplication::setPalette(palette);
+    // Fusion draws a check box's outline darker than the window, where nobody would see it.
+    QPalette checkBox = palette;
+    checkBox.setColor(QPalette::Base, QColor(0x50, 0x54, 0x5c));
+    QApplication::setPalette(checkBox, "QCheckBox");
     QFont font = QApplication::font();
     font.setPixelSize(static_cast<int>(std::lround(FontUnits * controlUnit(screen))));
     application.setFont(font);
 }
 
-QString mainWindowStyle() {
-    return QStringLiteral(R"(
+QString mainWindowStyle(const ScreenState& screen) {
+    QString style = QStringLiteral(R"(
         #Form1 { background: #1b1c1f; }
         #Backpicture { background: #2b2d31; border-bottom: 1px solid #141517; }
         #BottomStrip { background: #2b2d31; border-top: 1px solid #141517; }
         QPushButton { background: #3b3e44; color: #e8e8e8; border: 1px solid #4b4f56;
                       border-radius: 4px; }
+        QDialog QPushButton { padding: @5px @14px; }
+        QPushButton:focus { border-color: #8b929c; }
         QPushButton:hover { background: #4a4e56; border-color: #5d626b; }
         QPushButton:pressed { background: #2f3136; }
         QPushButton:disabled { background: #303338; color: #7d8187; border-color: #3b3e44; }
@@ -74,9 +82,23 @@ QString mainWindowStyle() {
         #StartButton:hover { background: #338d57; }
         #StartButton:pressed { background: #23633d; }
         #StartButton:disabled { background: #2b4435; border-color: #33513f; color: #8fa398; }
-        #NoticeLine { color: #92969d; }
+        QSlider::groove:horizontal { background: #17181a; border: 1px solid #45494f;
+                                     border-radius: 2px; height: @4px; }
+        QSlider::handle:horizontal { background: #a9afb8; border-radius: 3px; width: @12px;
+                                     margin: -@7px 0; }
+        QSlider::handle:horizontal:hover { background: #c9ced6; }
+        #Label4, #Label5 { color: #a4a8ae; }
+        #NoticeLine { color: #8c9098; }
         #NoticeLine[attention="true"] { color: #f2b84b; }
     )");
+    // "@5px": so many units of this screen.
+    static const QRegularExpression units(QStringLiteral("@(\\d+)px"));
+    for (auto match = units.match(style); match.hasMatch(); match = units.match(style)) {
+        const auto pixels = std::lround(match.capturedView(1).toInt() * controlUnit(screen));
+        style.replace(match.capturedStart(), match.capturedLength(),
+                      QStringLiteral("%1px").arg(pixels));
+    }
+    return style;
 }
 
 } // namespace velmora

@@ -15,7 +15,7 @@ struct ScreenState;
 /// real pixels. Bright colours are left to the script and to what needs attention.
 void applyLook(QApplication& application, const ScreenState& screen);
 
-/// Style sheet of the main window's strips and their buttons.
-[[nodiscard]] QString mainWindowStyle();
+/// Style sheet of the main window and of the dialogs that it opens.
+[[nodiscard]] QString mainWindowStyle(const ScreenState& screen);
 
 } // namespace velmora

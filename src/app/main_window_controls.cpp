@@ -24,7 +24,7 @@ QString howToBegin() {
 } // namespace
 
 MainWindowControls::MainWindowControls(QWidget& window, Session& session) : m_window(window) {
-    window.setStyleSheet(mainWindowStyle());
+    window.setStyleSheet(mainWindowStyle(session.screen));
     // The strips come first: what is made later lies above.
     Backpicture = addStrip(QStringLiteral("Backpicture"));
     m_bottomStrip = addStrip(QStringLiteral("BottomStrip"));

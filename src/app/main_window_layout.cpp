@@ -20,8 +20,8 @@ constexpr double ButtonHeight = 32;
 constexpr double FontNameWidth = 200;
 constexpr double FontSizeWidth = 66;
 constexpr double StartWidth = 150;
-constexpr double CaptionWidth = 170;
-constexpr double LimitWidth = 34;
+constexpr double CaptionWidth = 184;
+constexpr double LimitWidth = 36;
 constexpr double NoticeHeight = 22;
 /// Of the window's width, for the slider.
 constexpr double SliderShare = 0.28;

@@ -39,7 +39,7 @@ Form11::Form11(Session& session, QWidget* parent) : QDialog(parent), m_session(s
     auto* label = new QLabel(helpText(), this);
     label->setObjectName(QStringLiteral("Label1"));
     label->setWordWrap(true);
-    label->setMinimumWidth(32 * em);
+    label->setFixedWidth(32 * em);
     rows->addWidget(label);
 
     auto* bottom = new QHBoxLayout;
@@ -55,6 +55,7 @@ Form11::Form11(Session& session, QWidget* parent) : QDialog(parent), m_session(s
     ok->setFocus();
     connect(ok, &QPushButton::clicked, this, &Form11::OK_Click);
     bottom->addWidget(ok);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void Form11::showHelp() {

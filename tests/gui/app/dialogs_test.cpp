@@ -1,0 +1,81 @@
+#include "app/exit_question.h"
+#include "app/monitor_help.h"
+#include "support/modal_action.h"
+#include "support/test_session.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QTest>
+
+#include <functional>
+
+namespace velmora {
+namespace {
+
+using Act = std::function<void(QWidget&)>;
+
+const Act closeByFrame = [](QWidget& window) { window.close(); };
+const Act pressEscape = [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); };
+
+Act press(const char16_t* caption) {
+    return [caption](QWidget& window) { clickButton(window, caption); };
+}
+
+TEST(Form17, AnswersAsPressedAndTheFrameIsCancel) {
+    struct Row final {
+        const char* what;
+        Act act;
+        int answer;
+    };
+    const Row rows[] = {
+        {"Yes", press(u"Yes"), 6},
+        {"No", press(u"No"), 7},
+        {"Cancel", press(u"Cancel"), 2},
+        {"Escape", pressEscape, 2},
+        {"frame", closeByFrame, 2},
+        {"Enter", [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); }, 6},
+    };
+    for (const Row& row : rows) {
+        TestSession test;
+        test.session.script.DialogClosing = 1;
+        const ModalAction user([&](QWidget& window) {
+            EXPECT_EQ(test.session.script.DialogClosing, 0) << row.what;
+            row.act(window);
+        });
+        Form17(test.session, nullptr).ask();
+        EXPECT_EQ(test.session.script.ExitAnswer, row.answer) << row.what;
+        EXPECT_EQ(test.session.script.DialogClosing, 1) << row.what;
+        EXPECT_FALSE(user.expired()) << row.what;
+    }
+}
+
+TEST(Form11, OnlyOkTakesTheTickAndEveryWayOutClosesTheHelp) {
+    struct Row final {
+        const char* what;
+        bool ticked;
+        Act act;
+        int IgnoreMonitorHelp;
+    };
+    const Row rows[] = {
+        {"OK", false, press(u"OK"), 0},
+        {"OK with the tick", true, press(u"OK"), 1},
+        {"Escape with the tick", true, pressEscape, 0},
+        {"frame with the tick", true, closeByFrame, 0},
+    };
+    for (const Row& row : rows) {
+        TestSession test;
+        const ModalAction user([&](QWidget& window) {
+            EXPECT_EQ(window.windowTitle(), QStringLiteral("Multiple Monitors"));
+            window.findChild<QCheckBox*>(QStringLiteral("Check1"))->setChecked(row.ticked);
+            row.act(window);
+        });
+        Form11(test.session, nullptr).showHelp();
+        EXPECT_EQ(test.session.settings.IgnoreMonitorHelp, row.IgnoreMonitorHelp) << row.what;
+        EXPECT_EQ(test.session.script.MonitorHelpClosed, 1) << row.what;
+        EXPECT_FALSE(user.expired()) << row.what;
+    }
+}
+
+} // namespace
+} // namespace velmora

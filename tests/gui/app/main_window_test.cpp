@@ -1,0 +1,269 @@
+#include "app/main_window.h"
+#include "core/screen_scale.h"
+#include "core/settings_file.h"
+#include "platform/rich_text/rich_text_view.h"
+#include "support/modal_action.h"
+#include "support/test_session.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QTest>
+#include <QUrl>
+
+#include <functional>
+#include <optional>
+
+namespace velmora {
+namespace {
+
+/// No window: a show is handed over and comes back at once.
+constexpr int NoDisplayWindow = 2;
+
+/// A main window on fakes, loaded with the settings that a test has set.
+class Form1Test : public ::testing::Test {
+protected:
+    Form1Test() {
+        settings = defaultSettings(test.session.AppFolder, 1080);
+        settings.IgnoreMonitorHelp = 1;
+        settings.ScreenFontName = test.host.fontName;
+    }
+    void load() {
+        ASSERT_TRUE(SettingsFile(test.session.AppFolder, 1080).save(settings));
+        form.emplace(test.session);
+        form->Form_Load();
+    }
+    template<typename Control> Control* control(const char16_t* name) {
+        return form->findChild<Control*>(QString::fromUtf16(name));
+    }
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(control<RichTextView>(u"rtb1"), static_cast<Qt::Key>(key), modifiers);
+    }
+    [[nodiscard]] RichTextBox& rtb1() { return test.session.script.rtb1; }
+    [[nodiscard]] QList<QByteArray> savedSettings() const {
+        return test.read(SettingsFile::fileName()).split('\n');
+    }
+
+    TestSession test;
+    Settings settings;
+    std::optional<Form1> form;
+};
+
+TEST_F(Form1Test, TheLoadStepBringsTheSettingsIntoTheEditor) {
+    settings.ColumnMargin = 160;
+    settings.ScreenFontSize = 52;
+    settings.ScreenTextColor = 0x00ffff;
+    settings.ScreenBackColor = 0x800000;
+    settings.MirrorMode = 1;
+    load();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0"));
+    EXPECT_EQ(rtb1().zoom(), 6.0);
+    EXPECT_EQ(rtb1().wrapWidth(), wrapWidthForMargin(160));
+    EXPECT_EQ(rtb1().BackColor(), Rgb24{0x800000});
+    EXPECT_EQ(rtb1().SelColor(), Rgb24{0x00ffff});
+    EXPECT_EQ(rtb1().SelFontSize(), 52);
+    EXPECT_EQ(rtb1().SelFontName(), test.host.fontName);
+    EXPECT_EQ(form->comboFontName(), test.host.fontName);
+    EXPECT_EQ(form->comboFontSize(), 52) << "a size beyond the list is shown all the same";
+    EXPECT_EQ(control<QSlider>(u"Hscroll1")->value(), 160);
+    EXPECT_EQ(control<RichTextView>(u"rtb1")->x(), 240);
+    EXPECT_EQ(test.session.script.TextChanged, 0);
+    EXPECT_TRUE(test.messages.boxes.empty());
+}
+
+TEST_F(Form1Test, TheHelpOnMonitorsOpensUnlessItIsIgnoredAndThenTheDisplaysAreChecked) {
+    settings.IgnoreMonitorHelp = 0;
+    settings.MirrorMode = 4;
+    const ModalAction user([this](QWidget& window) {
+        EXPECT_EQ(window.objectName(), QStringLiteral("Form11"));
+        EXPECT_TRUE(test.messages.boxes.empty()) << "the check comes after the help";
+        clickButton(window, u"OK");
+    });
+    load();
+    EXPECT_TRUE(user.done());
+    ASSERT_EQ(test.messages.boxes.size(), 1U);
+    EXPECT_EQ(test.messages.boxes.front().title, QStringLiteral("Display 2 Not Available"));
+    EXPECT_EQ(control<QSlider>(u"Hscroll1")->minimum(), 12);
+}
+
+TEST_F(Form1Test, ANarrowerSecondDisplayRaisesTheSlidersMinimum) {
+    settings.MirrorMode = 4;
+    test.monitors.rectangles.push_back(QRect(1920, 0, 1280, 720));
+    load();
+    // The first margin with 1920 - 3 * margin not above 1280 - 53.
+    EXPECT_EQ(control<QSlider>(u"Hscroll1")->minimum(), 231);
+    EXPECT_EQ(test.session.settings.ColumnMargin, 231);
+    EXPECT_TRUE(test.messages.boxes.empty());
+}
+
+TEST_F(Form1Test, TheSliderMovesTheColumnAndWrapsTheScriptAnew) {
+    load();
+    rtb1().setText(QStringLiteral("some words that fill more than one line ").repeated(5));
+    const int linesBefore = rtb1().lineCount();
+    control<QSlider>(u"Hscroll1")->setValue(320);
+    const QRect column = control<RichTextView>(u"rtb1")->geometry();
+    EXPECT_EQ(column.left(), 480);
+    EXPECT_EQ(test.session.settings.ColumnMargin, 320);
+    EXPECT_GT(rtb1().lineCount(), linesBefore);
+}
+
+TEST_F(Form1Test, KeysAndButtonsStartAShowWhereTheySay) {
+    settings.MirrorMode = NoDisplayWindow;
+    settings.FirstDisplayLine = 1;
+    load();
+    rtb1().setText(QStringLiteral("word\r\n").repeated(10));
+    struct Row final {
+        const char* what;
+        std::function<void()> act;
+        int StartFromCursor;
+        double StartPosition;
+    };
+    const Row rows[] = {
+        {"F1", [this] { press(Qt::Key_F1); }, 0, 0},
+        {"F2", [this] { press(Qt::Key_F2); }, 1, 4},
+        {"button", [this] { control<QPushButton>(u"StartButton")->click(); }, 1, 4},
+    };
+    for (const Row& row : rows) {
+        test.session.show.StartFromCursor = 9;
+        rtb1().setSelStart(rtb1().lineIndex(4));
+        // The editor is given back with this line on top.
+        test.session.show.ShowTopLine = 3;
+        row.act();
+        EXPECT_EQ(test.session.show.StartFromCursor, row.StartFromCursor) << row.what;
+        EXPECT_EQ(test.session.show.StartPosition, row.StartPosition) << row.what;
+        EXPECT_EQ(test.session.show.ShowRunning, 0) << row.what;
+        EXPECT_TRUE(form->isEnabled()) << row.what;
+        EXPECT_EQ(rtb1().GetLineFromChar(rtb1().SelStart()), 2) << row.what;
+    }
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("word\r\n").repeated(10)) << "no key reached the text";
+}
+
+TEST_F(Form1Test, LoadAndSaveByKeysKeepTheCaptionTrue) {
+    load();
+    const QString script = test.write(QStringLiteral("news.txt"), "first\r\nsecond");
+    test.dialogs.choose(script);
+    press(Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("first\r\nsecond"));
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0 - news.txt*"));
+
+    // A load that fails changes nothing, the caption included.
+    test.messages.answers = {MessageAnswer::Yes};
+    test.dialogs.choose(test.path(QStringLiteral("missing.rtf")));
+    control<QPushButton>(u"LoadText")->click();
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("first\r\nsecond"));
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0 - news.txt*"));
+
+    test.dialogs.choose(test.path(QStringLiteral("kept.txt")), 1);
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(test.read(QStringLiteral("kept.txt")), "first\r\nsecond");
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0 - kept.txt"));
+
+    rtb1().setSelText(QStringLiteral("x"));
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0 - kept.txt*"));
+    EXPECT_EQ(test.session.script.TextChanged, 1);
+}
+
+TEST_F(Form1Test, LeavingWritesTheSettingsAndAsksAboutChangedTextOnly) {
+    struct Row final {
+        const char* what;
+        bool typed;
+        /// Button of the question; null: the question is closed by its frame.
+        const char16_t* answer;
+        /// File name given to the save dialog; null: cancelled.
+        const char16_t* savedAs;
+        bool asks;
+        bool leaves;
+        bool settingsWritten;
+    };
+    const Row rows[] = {
+        {"empty editor", false, nullptr, nullptr, false, true, true},
+        {"No", true, u"No", nullptr, true, true, true},
+        {"Cancel", true, u"Cancel", nullptr, true, false, false},
+        {"frame", true, nullptr, nullptr, true, false, false},
+        {"Yes, saved", true, u"Yes", u"out.rtf", true, true, true},
+        {"Yes, save cancelled", true, u"Yes", nullptr, true, false, true},
+        {"Yes, folder gone", true, u"Yes", u"gone/out.rtf", true, false, true},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        load();
+        rtb1().setText(row.typed ? QStringLiteral("typed") : QString());
+        test.session.script.TextChanged = 1;
+        test.session.settings.TimedDisplaySeconds = 77;
+        test.dialogs.choices.clear();
+        if (row.savedAs != nullptr) {
+            test.dialogs.choose(test.path(QString::fromUtf16(row.savedAs)), 2);
+        }
+        const ModalAction user([&row](QWidget& window) {
+            EXPECT_EQ(window.objectName(), QStringLiteral("Form17"));
+            row.answer != nullptr ? clickButton(window, row.answer)
+                                  : static_cast<void>(window.close());
+        });
+        const QSignalSpy unloaded(&*form, &Form1::unloaded);
+        EXPECT_EQ(form->close(), row.leaves);
+        EXPECT_EQ(unloaded.count(), row.leaves ? 1 : 0);
+        EXPECT_EQ(user.done(), row.asks);
+        const auto lines = savedSettings();
+        ASSERT_EQ(lines.size(), 47) << "46 values, each ended by a line end";
+        EXPECT_EQ(lines.at(25).trimmed(), row.settingsWritten ? "77" : "30");
+        EXPECT_EQ(test.session.script.ExitSaveInProgress, 0);
+        form.reset();
+    }
+    EXPECT_FALSE(test.read(QStringLiteral("out.rtf")).isEmpty());
+}
+
+TEST_F(Form1Test, DuringAShowCommandsRestAndClosingEndsTheShowInstead) {
+    load();
+    rtb1().setText(QStringLiteral("text"));
+    test.session.script.TextChanged = 0;
+    test.session.show.ShowRunning = 1;
+    rtb1().setText(QStringLiteral("walked over by the show"));
+    EXPECT_EQ(test.session.script.TextChanged, 0);
+    test.dialogs.choose(test.write(QStringLiteral("other.txt"), "other"));
+    press(Qt::Key_L, Qt::ControlModifier);
+    control<QPushButton>(u"StartButton")->click();
+    EXPECT_TRUE(test.dialogs.openRequests.empty());
+    EXPECT_FALSE(form->close());
+    EXPECT_EQ(test.session.show.ExitRequested, 1);
+    EXPECT_TRUE(form->isVisible());
+    test.session.show.ShowRunning = 0;
+}
+
+TEST_F(Form1Test, WhileADialogIsOpenNeitherACommandNorTheCloseGetsIn) {
+    load();
+    int opened = 0;
+    test.dialogs.whileOpen = [&] {
+        ++opened;
+        press(Qt::Key_L, Qt::ControlModifier);
+        press(Qt::Key_F1);
+        EXPECT_FALSE(form->close());
+    };
+    press(Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(opened, 1);
+    EXPECT_TRUE(form->close());
+}
+
+TEST_F(Form1Test, AScriptFileDroppedOnTheTextIsLoaded) {
+    load();
+    QWidget* viewport = control<RichTextView>(u"rtb1")->viewport();
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(test.write(QStringLiteral("news.txt"), "dropped file"))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(viewport, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(viewport, &drop);
+    EXPECT_TRUE(rtb1().isEmpty()) << "not inside the drop, which another program waits for";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("dropped file"));
+    EXPECT_TRUE(form->windowTitle().contains(QStringLiteral("news.txt")));
+}
+
+} // namespace
+} // namespace velmora

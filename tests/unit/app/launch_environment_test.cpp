@@ -1,0 +1,120 @@
+#include "app/launch_environment.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QScopeGuard>
+
+#include <map>
+#include <optional>
+
+namespace velmora {
+namespace {
+
+using Windows = LaunchEnvironment::Windows;
+using Variables = std::map<const char*, std::optional<QByteArray>>;
+
+/// Sets variables, and puts the former ones back at the end.
+class ScopedVariables final {
+public:
+    explicit ScopedVariables(const Variables& variables) {
+        for (const auto& [name, value] : variables) {
+            m_former[name] = qEnvironmentVariableIsSet(name)
+                                 ? std::optional<QByteArray>(qgetenv(name))
+                                 : std::nullopt;
+            set(name, value);
+        }
+    }
+    ~ScopedVariables() {
+        for (const auto& [name, value] : m_former) {
+            set(name, value);
+        }
+    }
+    ScopedVariables(const ScopedVariables&) = delete;
+    ScopedVariables& operator=(const ScopedVariables&) = delete;
+
+private:
+    static void set(const char* name, const std::optional<QByteArray>& value) {
+        if (value) {
+            qputenv(name, *value);
+        } else {
+            qunsetenv(name);
+        }
+    }
+
+    Variables m_former;
+};
+
+TEST(LaunchEnvironment, ChoosesThePlatformByWhatIsAtHandAndNeverAgainstTheUser) {
+    struct Row final {
+        const char* what;
+        Windows windows;
+        const char* chosen;
+        const char* display;
+        const char* wayland;
+        const char* platform;
+    };
+    const Row rows[] = {
+        {"X11 desktop: Qt's own choice", Windows::OnDesktop, "", ":0", "", ""},
+        {"Wayland with an X server: X11", Windows::OnDesktop, "", ":0", "wayland-0", "xcb"},
+        {"Wayland alone: Qt's own choice", Windows::OnDesktop, "", "", "wayland-0", ""},
+        {"the user's choice stands", Windows::OnDesktop, "wayland", ":0", "wayland-0", "wayland"},
+        {"a conversion needs no desktop", Windows::None, "", ":0", "", "offscreen:configfile="},
+        {"a rehearsal on a desktop", Windows::IfDesktop, "", ":0", "", ""},
+        {"a rehearsal without one", Windows::IfDesktop, "", "", "", "offscreen:configfile="},
+    };
+    for (const Row& row : rows) {
+        const ScopedVariables scope({{"QT_QPA_PLATFORM", QByteArray(row.chosen)},
+                                     {"DISPLAY", QByteArray(row.display)},
+                                     {"WAYLAND_DISPLAY", QByteArray(row.wayland)}});
+        const LaunchEnvironment environment(row.windows);
+        const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+        if (QByteArray(row.platform).endsWith('=')) {
+            EXPECT_TRUE(platform.startsWith(row.platform)) << row.what << platform.constData();
+        } else {
+            EXPECT_EQ(platform, QByteArray(row.platform)) << row.what;
+        }
+    }
+}
+
+TEST(LaunchEnvironment, SwitchesQtsScalingOffAndHidesTheDesktopOnlyWhileItLives) {
+    const ScopedVariables scope({{"QT_QPA_PLATFORM", QByteArray("offscreen")},
+                                 {"QT_ENABLE_HIGHDPI_SCALING", QByteArray("1")},
+                                 {"QT_SCALE_FACTOR", QByteArray("2")},
+                                 {"QT_SCREEN_SCALE_FACTORS", QByteArray("2;2")},
+                                 {"XDG_CURRENT_DESKTOP", QByteArray("Any")},
+                                 {"DESKTOP_SESSION", std::nullopt}});
+    {
+        const LaunchEnvironment environment(Windows::OnDesktop);
+        EXPECT_EQ(qgetenv("QT_ENABLE_HIGHDPI_SCALING"), "0");
+        EXPECT_FALSE(qEnvironmentVariableIsSet("QT_SCALE_FACTOR"));
+        EXPECT_FALSE(qEnvironmentVariableIsSet("QT_SCREEN_SCALE_FACTORS"));
+        EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_CURRENT_DESKTOP"));
+    }
+    EXPECT_EQ(qgetenv("XDG_CURRENT_DESKTOP"), "Any");
+    EXPECT_FALSE(qEnvironmentVariableIsSet("DESKTOP_SESSION"));
+}
+
+TEST(LaunchEnvironment, AnUnwatchedScreenHasTheSizeAskedForAndItsFileGoesAway) {
+    const ScopedVariables scope({{"QT_QPA_PLATFORM", QByteArray("offscreen")}});
+    QString fileName;
+    {
+        const LaunchEnvironment environment(Windows::IfDesktop, QSize(1366, 768));
+        const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+        fileName = QFile::decodeName(platform.mid(platform.indexOf('=') + 1));
+        QFile file(fileName);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << platform.constData();
+        const auto screens =
+            QJsonDocument::fromJson(file.readAll()).object().value(u"screens").toArray();
+        ASSERT_EQ(screens.size(), 1);
+        EXPECT_EQ(screens.first().toObject().value(u"width").toInt(), 1366);
+        EXPECT_EQ(screens.first().toObject().value(u"height").toInt(), 768);
+    }
+    EXPECT_FALSE(QFile::exists(fileName));
+}
+
+} // namespace
+} // namespace velmora
