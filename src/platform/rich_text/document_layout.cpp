@@ -1,6 +1,7 @@
 #include "platform/rich_text/document_layout.h"
 
 #include "platform/rich_text/fragment_document.h"
+#include "platform/rich_text/long_words.h"
 
 #include <QPainter>
 #include <QTextDocument>
@@ -14,6 +15,10 @@ namespace {
 
 constexpr double Marked = -1;
 constexpr double UnitsPerTwip = 0.4;
+constexpr QTextOption::WrapMode WrapMode = QTextOption::WrapAtWordBoundaryOrAnywhere;
+/// QTextLine keeps its place in 26.6 fixed point numbers. Lines of one paragraph that would stand
+/// lower (a paragraph of 2 MB at 26 points does) share this place; following paragraphs are right.
+constexpr double MaxLineTop = 33'000'000;
 
 /// Lines must keep room: offsets take at most half of the width.
 double offsetUnits(int twips, double wrapWidth) {
@@ -35,7 +40,7 @@ Qt::Alignment qtAlignment(Alignment alignment) {
 QTextOption optionFor(const ParagraphFormat& format) {
     QTextOption option(qtAlignment(format.alignment));
     option.setTextDirection(format.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setWrapMode(WrapMode);
     option.setUseDesignMetrics(true);
     option.setTabStopDistance(DocumentLayout::TabDistanceUnits);
     return option;
@@ -104,33 +109,40 @@ void DocumentLayout::ensureLaidOut() const {
     for (int number = first; number <= last && block.isValid(); ++number, block = block.next()) {
         double& height = m_heights[static_cast<size_t>(number)];
         if (height == Marked) {
-            layOutBlock(block);
-            const QTextLayout* layout = block.layout();
-            const QTextLine bottom = layout->lineAt(layout->lineCount() - 1);
-            height = bottom.y() + bottom.height();
+            height = layOutBlock(block);
         }
     }
 }
 
-void DocumentLayout::layOutBlock(QTextBlock block) const {
+double DocumentLayout::layOutBlock(QTextBlock block) const {
     const ParagraphFormat format = fromBlockFormat(block.blockFormat());
+    const int indent = format.leftOffsetTwips + format.firstLineOffsetTwips;
+    const bool mayHoldLongWords = block.length() > LongWords::MaxWordLength;
+    LongWords longWords(mayHoldLongWords ? block.text() : QString());
     QTextLayout* layout = block.layout();
-    layout->setTextOption(optionFor(format));
+    QTextOption option = optionFor(format);
+    layout->setTextOption(option);
     layout->beginLayout();
     double y = 0;
+    int begin = 0;
     for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
-        const int twips =
-            format.leftOffsetTwips + (line.lineNumber() == 0 ? format.firstLineOffsetTwips : 0);
-        const double offset = offsetUnits(twips, m_wrapWidth);
+        if (mayHoldLongWords) {
+            option.setWrapMode(longWords.holds(begin) ? QTextOption::WrapAnywhere : WrapMode);
+            layout->setTextOption(option);
+        }
+        const double offset =
+            offsetUnits(line.lineNumber() == 0 ? indent : format.leftOffsetTwips, m_wrapWidth);
         line.setLeadingIncluded(true);
         line.setLineWidth(m_wrapWidth - offset);
-        line.setPosition(QPointF(format.rightToLeft ? 0 : offset, y));
+        line.setPosition(QPointF(format.rightToLeft ? 0 : offset, std::min(y, MaxLineTop)));
         y += line.height();
+        begin = line.textStart() + line.textLength();
     }
     layout->endLayout();
     if (block.lineCount() != layout->lineCount()) {
         block.setLineCount(layout->lineCount());
     }
+    return y;
 }
 
 int DocumentLayout::lineCount() const {

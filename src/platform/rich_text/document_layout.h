@@ -84,7 +84,8 @@ protected:
 
 private:
     void markAll();
-    void layOutBlock(QTextBlock block) const;
+    /// Returns the paragraph's height.
+    double layOutBlock(QTextBlock block) const;
 
     double m_wrapWidth = 1920;
     /// Heights of all paragraphs; below 0 stands for a marked one.

@@ -243,7 +243,7 @@ bool setContents(QTextDocument& document, const RichTextFragment& fragment,
     if (common.atBegin == oldCount && oldCount == newCount) {
         return false;
     }
-    if (common.atBegin + common.atEnd < newCount / 2) {
+    if (common.atBegin + common.atEnd < std::max(oldCount, newCount) / 2) {
         fillFromScratch(document, fragment);
         return true;
     }

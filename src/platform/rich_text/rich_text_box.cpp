@@ -34,7 +34,6 @@ RichTextBox::Private::Private(RichTextBox& owner) : q(owner) {
     layout = new DocumentLayout(&document);
     document.setDocumentLayout(layout);
     layout->setWrapWidth(DefaultWrapPixels * DocumentLayout::UnitsPerPixel);
-    selection = QTextCursor(&document);
     setContents(document, {}, defaultFormat);
 }
 
@@ -44,14 +43,20 @@ RichTextBox::~RichTextBox() = default;
 
 // --- changes
 
-void RichTextBox::Private::notify(bool changed, int oldAnchor, int oldCaret) {
-    const bool moved = selection.anchor() != oldAnchor || selection.position() != oldCaret;
+void RichTextBox::Private::notify(bool changed, std::pair<int, int> oldSelection) {
+    const bool moved = selection() != oldSelection;
     if (changed) {
         Q_EMIT q.Change();
     }
     if (moved) {
         Q_EMIT q.SelChange();
     }
+}
+
+void RichTextBox::Private::putCaret(int position) {
+    anchor = position;
+    caret = position;
+    typingFormat.reset();
 }
 
 void RichTextBox::Private::patchText(int controlBegin, int controlEnd,
@@ -67,8 +72,7 @@ void RichTextBox::Private::patchText(int controlBegin, int controlEnd,
 }
 
 void RichTextBox::Private::replaceSelection(const RichTextFragment& fragment) {
-    const int oldAnchor = selection.anchor();
-    const int oldCaret = selection.position();
+    const std::pair<int, int> oldSelection = selection();
     const DocumentRange range = selected();
     const bool differs =
         range.isEmpty() ? !textOfFragment(fragment).isEmpty()
@@ -80,21 +84,18 @@ void RichTextBox::Private::replaceSelection(const RichTextFragment& fragment) {
         behind = replaceRange(document, range.begin, range.end, fragment);
         patchText(controlBegin, controlEnd, fragment);
     }
-    selection.setPosition(behind);
-    typingFormat.reset();
-    notify(differs, oldAnchor, oldCaret);
+    putCaret(behind);
+    notify(differs, oldSelection);
 }
 
 void RichTextBox::Private::replaceAll(const RichTextFragment& fragment) {
-    const int oldAnchor = selection.anchor();
-    const int oldCaret = selection.position();
+    const std::pair<int, int> oldSelection = selection();
     const bool differs = setContents(document, fragment, defaultFormat);
     if (differs) {
         text.reset();
     }
-    selection.setPosition(0);
-    typingFormat.reset();
-    notify(differs, oldAnchor, oldCaret);
+    putCaret(0);
+    notify(differs, oldSelection);
 }
 
 // --- contents

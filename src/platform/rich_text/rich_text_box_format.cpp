@@ -1,6 +1,8 @@
 #include "platform/rich_text/fragment_document.h"
 #include "platform/rich_text/rich_text_box_private.h"
 
+#include <QTextCursor>
+
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
@@ -99,27 +101,41 @@ private:
     std::vector<Stretch> m_stretches;
 };
 
+void setEndFormat(QTextDocument& document, int position, const QTextCharFormat& format) {
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    cursor.setPosition(position);
+    cursor.setBlockCharFormat(format);
+    cursor.endEditBlock();
+}
+
 } // namespace
 
-CharacterFormat RichTextBox::Private::typedFormat() const {
-    if (typingFormat) {
-        return *typingFormat;
+CharacterFormat RichTextBox::Private::formatAtCaret(int position) const {
+    const QTextBlock block = document.findBlock(position);
+    if (block.length() == 1) {
+        return fromTextFormat(block.charFormat());
     }
-    QTextCursor caret(selection);
-    caret.setPosition(selection.position());
-    return fromTextFormat(caret.charFormat());
+    const int character = std::max(block.position(), position - 1);
+    auto part = block.begin();
+    while (!part.atEnd() && !part.fragment().contains(character)) {
+        ++part;
+    }
+    return fromTextFormat(part.atEnd() ? block.charFormat() : part.fragment().charFormat());
+}
+
+CharacterFormat RichTextBox::Private::typedFormat() const {
+    return typingFormat ? *typingFormat : formatAtCaret(caret);
 }
 
 CharacterFormat RichTextBox::Private::replacingFormat() const {
     const DocumentRange range = selected();
-    const QTextBlock block = document.findBlock(range.begin);
-    QTextCursor caret(selection);
     if (range.isEmpty()) {
         return typedFormat();
     }
+    const QTextBlock block = document.findBlock(range.begin);
     const bool beginsWithText = range.begin < block.position() + block.length() - 1;
-    caret.setPosition(beginsWithText ? range.begin + 1 : range.begin);
-    return fromTextFormat(caret.charFormat());
+    return formatAtCaret(beginsWithText ? range.begin + 1 : range.begin);
 }
 
 template<typename Value>
@@ -153,32 +169,20 @@ std::optional<Value> RichTextBox::Private::shared(Value CharacterFormat::*member
 }
 
 void RichTextBox::Private::changeFormat(const FormatChange& change) {
-    DocumentRange range = selected();
-    if (range.isEmpty()) {
-        const QTextBlock block = document.findBlock(range.begin);
-        if (block.length() > 1) {
-            CharacterFormat format = typedFormat();
-            change(format);
-            typingFormat = format;
-            return;
-        }
+    const DocumentRange range = selected();
+    if (!range.isEmpty()) {
+        notify(FormatPlan(document, range, change).apply(document), selection());
+        return;
     }
-    const bool isEmptyParagraph = range.isEmpty();
-    bool differs = false;
-    if (isEmptyParagraph) {
-        QTextCursor caret(&document);
-        caret.setPosition(range.begin);
-        const CharacterFormat before = fromTextFormat(caret.blockCharFormat());
-        CharacterFormat after = before;
-        change(after);
-        differs = after != before;
-        if (differs) {
-            caret.setBlockCharFormat(toTextFormat(after));
-        }
-    } else {
-        differs = FormatPlan(document, range, change).apply(document);
+    const CharacterFormat before = typedFormat();
+    CharacterFormat after = before;
+    change(after);
+    if (document.findBlock(caret).length() > 1) {
+        typingFormat = after;
+    } else if (after != before) {
+        setEndFormat(document, caret, toTextFormat(after));
+        notify(true, selection());
     }
-    notify(differs, selection.anchor(), selection.position());
 }
 
 std::pair<QTextBlock, QTextBlock> RichTextBox::Private::selectedParagraphs() const {
@@ -211,7 +215,7 @@ void RichTextBox::Private::changeParagraphs(const ParagraphChange& change) {
         }
     }
     cursor.endEditBlock();
-    notify(differs, selection.anchor(), selection.position());
+    notify(differs, selection());
 }
 
 // --- character formats

@@ -3,9 +3,8 @@
 #include "platform/rich_text/format_cells.h"
 #include "platform/rich_text/rich_text_box.h"
 
-#include <QTextCursor>
-
 #include <functional>
+#include <utility>
 
 namespace velmora {
 
@@ -31,19 +30,26 @@ public:
     [[nodiscard]] int fromDocument(int position) const;
     [[nodiscard]] DocumentRange selected() const;
     [[nodiscard]] DocumentRange rangeOf(int controlPosition, int length) const;
-    void setSelection(int anchor, int caret);
+    void setSelection(int newAnchor, int newCaret);
 
     // --- changes (rich_text_box.cpp)
     /// Replaces the selection, keeps the cached text in step, puts the caret behind, and signals.
     void replaceSelection(const RichTextFragment& fragment);
     /// Replaces everything and puts the caret at the beginning.
     void replaceAll(const RichTextFragment& fragment);
-    void notify(bool changed, int oldAnchor, int oldCaret);
+    /// Signals a change of the contents, and of the selection where it is no longer the old one.
+    void notify(bool changed, std::pair<int, int> oldSelection);
+    [[nodiscard]] std::pair<int, int> selection() const { return {anchor, caret}; }
+    /// Moves the caret without a signal; the selection becomes empty.
+    void putCaret(int position);
     void patchText(int controlBegin, int controlEnd, const RichTextFragment& fragment);
 
     // --- formats (rich_text_box_format.cpp)
     using FormatChange = std::function<void(CharacterFormat&)>;
     using ParagraphChange = std::function<void(ParagraphFormat&)>;
+    /// The format of the character in front of a position; of the one behind it at the beginning of
+    /// a paragraph, of the paragraph's end where that is empty.
+    [[nodiscard]] CharacterFormat formatAtCaret(int position) const;
     /// What is typed next at the caret.
     [[nodiscard]] CharacterFormat typedFormat() const;
     /// What text that replaces the selection looks like: its first character.
@@ -61,7 +67,10 @@ public:
     QTextDocument document;
     /// Owned by the document.
     DocumentLayout* layout = nullptr;
-    QTextCursor selection;
+    /// Where the selection began, and its caret. Plain numbers: a QTextCursor would shape the line
+    /// of the caret at each movement.
+    int anchor = 0;
+    int caret = 0;
     CharacterFormat defaultFormat;
     /// Set by a setter at an empty selection, dropped by the next movement of the caret.
     std::optional<CharacterFormat> typingFormat;

@@ -42,7 +42,7 @@ int RichTextBox::Private::fromDocument(int position) const {
 }
 
 DocumentRange RichTextBox::Private::selected() const {
-    return {selection.selectionStart(), selection.selectionEnd()};
+    return {std::min(anchor, caret), std::max(anchor, caret)};
 }
 
 /// Both ends snap downwards; but half a line end or half a surrogate pair alone is taken whole, so
@@ -57,15 +57,15 @@ DocumentRange RichTextBox::Private::rangeOf(int controlPosition, int length) con
     return {begin.position, end.position == begin.position ? end.behindUnit : end.position};
 }
 
-void RichTextBox::Private::setSelection(int anchor, int caret) {
-    const int oldAnchor = selection.anchor();
-    const int oldCaret = selection.position();
-    selection.setPosition(anchor);
-    selection.setPosition(caret, QTextCursor::KeepAnchor);
-    if (anchor != oldAnchor || caret != oldCaret) {
-        typingFormat.reset();
+void RichTextBox::Private::setSelection(int newAnchor, int newCaret) {
+    const std::pair<int, int> oldSelection = selection();
+    if (oldSelection == std::pair(newAnchor, newCaret)) {
+        return;
     }
-    notify(false, oldAnchor, oldCaret);
+    anchor = newAnchor;
+    caret = newCaret;
+    typingFormat.reset();
+    notify(false, oldSelection);
 }
 
 int RichTextBox::toDocument(int position) const {
@@ -79,7 +79,7 @@ int RichTextBox::fromDocument(int position) const {
 // --- selection
 
 int RichTextBox::SelStart() const {
-    return d->fromDocument(d->selection.selectionStart());
+    return d->fromDocument(d->selected().begin);
 }
 
 void RichTextBox::setSelStart(int position) {
@@ -88,7 +88,7 @@ void RichTextBox::setSelStart(int position) {
 }
 
 int RichTextBox::SelLength() const {
-    return d->fromDocument(d->selection.selectionEnd()) - SelStart();
+    return d->fromDocument(d->selected().end) - SelStart();
 }
 
 void RichTextBox::setSelLength(int length) {
@@ -109,7 +109,7 @@ void RichTextBox::selectAll() {
 }
 
 int RichTextBox::caretPosition() const {
-    return d->fromDocument(d->selection.position());
+    return d->fromDocument(d->caret);
 }
 
 } // namespace velmora
