@@ -24,8 +24,9 @@ Form17::Form17(Session& session, QWidget* parent) : QDialog(parent), m_session(s
 
     auto* buttons = new QHBoxLayout;
     rows->addLayout(buttons);
-    const auto addButton = [&](const QString& name, void (Form17::*handler)()) {
+    const auto addButton = [&](const QString& name, Qt::Key key, void (Form17::*handler)()) {
         auto* button = new QPushButton(name, this);
+        button->setShortcut(key);
         button->setObjectName(name);
         button->setMinimumWidth(6 * em);
         button->setAutoDefault(true);
@@ -33,9 +34,9 @@ Form17::Form17(Session& session, QWidget* parent) : QDialog(parent), m_session(s
         buttons->addWidget(button);
         return button;
     };
-    addButton(QStringLiteral("Yes"), &Form17::Yes_Click)->setDefault(true);
-    addButton(QStringLiteral("No"), &Form17::No_Click);
-    addButton(QStringLiteral("Cancel"), &Form17::Cancel_Click);
+    addButton(QStringLiteral("Yes"), Qt::Key_Y, &Form17::Yes_Click)->setDefault(true);
+    addButton(QStringLiteral("No"), Qt::Key_N, &Form17::No_Click);
+    addButton(QStringLiteral("Cancel"), Qt::Key_C, &Form17::Cancel_Click);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 

@@ -12,7 +12,7 @@ namespace {
 constexpr QSize UnwatchedScreen(1920, 1080);
 
 const char* const ScalingVariables[] = {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS",
-                                        "QT_USE_PHYSICAL_DPI", "QT_FONT_DPI"};
+                                        "QT_USE_PHYSICAL_DPI"};
 
 /// By these Qt finds out the desktop and loads its theme with a second toolkit behind it, which
 /// costs a good part of the time to the first window and would restyle the program's own look.
@@ -28,6 +28,7 @@ bool isSet(const char* name) {
 LaunchEnvironment::LaunchEnvironment(Windows windows, QSize screen) {
     // The program scales everything itself and counts in real pixels.
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+    qputenv("QT_FONT_DPI", "96");
     for (const char* name : ScalingVariables) {
         qunsetenv(name);
     }

@@ -16,7 +16,10 @@ namespace {
 using Act = std::function<void(QWidget&)>;
 
 const Act closeByFrame = [](QWidget& window) { window.close(); };
-const Act pressEscape = [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); };
+
+Act pressKey(Qt::Key key) {
+    return [key](QWidget& window) { QTest::keyClick(&window, key); };
+}
 
 Act press(const char16_t* caption) {
     return [caption](QWidget& window) { clickButton(window, caption); };
@@ -29,12 +32,10 @@ TEST(Form17, AnswersAsPressedAndTheFrameIsCancel) {
         int answer;
     };
     const Row rows[] = {
-        {"Yes", press(u"Yes"), 6},
-        {"No", press(u"No"), 7},
-        {"Cancel", press(u"Cancel"), 2},
-        {"Escape", pressEscape, 2},
-        {"frame", closeByFrame, 2},
-        {"Enter", [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); }, 6},
+        {"Yes", press(u"Yes"), 6},       {"No", press(u"No"), 7},
+        {"Cancel", press(u"Cancel"), 2}, {"Escape", pressKey(Qt::Key_Escape), 2},
+        {"frame", closeByFrame, 2},      {"Enter", pressKey(Qt::Key_Return), 6},
+        {"Y", pressKey(Qt::Key_Y), 6},   {"N", pressKey(Qt::Key_N), 7},
     };
     for (const Row& row : rows) {
         TestSession test;
@@ -60,7 +61,7 @@ TEST(Form11, OnlyOkTakesTheTickAndEveryWayOutClosesTheHelp) {
     const Row rows[] = {
         {"OK", false, press(u"OK"), 0},
         {"OK with the tick", true, press(u"OK"), 1},
-        {"Escape with the tick", true, pressEscape, 0},
+        {"Escape with the tick", true, pressKey(Qt::Key_Escape), 0},
         {"frame with the tick", true, closeByFrame, 0},
     };
     for (const Row& row : rows) {

@@ -83,6 +83,7 @@ TEST(LaunchEnvironment, ChoosesThePlatformByWhatIsAtHandAndNeverAgainstTheUser) 
 TEST(LaunchEnvironment, SwitchesQtsScalingOffAndHidesTheDesktopOnlyWhileItLives) {
     const ScopedVariables scope({{"QT_QPA_PLATFORM", QByteArray("offscreen")},
                                  {"QT_ENABLE_HIGHDPI_SCALING", QByteArray("1")},
+                                 {"QT_FONT_DPI", QByteArray("192")},
                                  {"QT_SCALE_FACTOR", QByteArray("2")},
                                  {"QT_SCREEN_SCALE_FACTORS", QByteArray("2;2")},
                                  {"XDG_CURRENT_DESKTOP", QByteArray("Any")},
@@ -90,6 +91,7 @@ TEST(LaunchEnvironment, SwitchesQtsScalingOffAndHidesTheDesktopOnlyWhileItLives)
     {
         const LaunchEnvironment environment(Windows::OnDesktop);
         EXPECT_EQ(qgetenv("QT_ENABLE_HIGHDPI_SCALING"), "0");
+        EXPECT_EQ(qgetenv("QT_FONT_DPI"), "96");
         EXPECT_FALSE(qEnvironmentVariableIsSet("QT_SCALE_FACTOR"));
         EXPECT_FALSE(qEnvironmentVariableIsSet("QT_SCREEN_SCALE_FACTORS"));
         EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_CURRENT_DESKTOP"));
