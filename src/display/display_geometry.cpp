@@ -45,6 +45,7 @@ DisplayGeometry layOutDisplay(const GeometryInput& input) {
     geometry.Vscroll2 = QRect(0, baseY + 445, 18, 32);
     geometry.Command3 = QRect(input.screenWidth - 68, baseY + 445, 68, 33);
 
+    geometry.LineHeightFactor = input.screenHeight <= ReferenceHeight ? 1.68 : 2.05;
     geometry.SideMargin = sideMargin(input);
     const int width = static_cast<int>(freeWidth(input.screenWidth)) - 2 * geometry.SideMargin;
     QRect picture(geometry.SideMargin + ArrowStripWidth, 0, std::max(1, width),
