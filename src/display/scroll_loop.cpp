@@ -93,6 +93,7 @@ void ScrollLoop::fillWindow(double startLine) {
 
 void ScrollLoop::startTiming() {
     m_framePhase = -1;
+    m_lateTicks = 0;
     m_cycleStart = m_session.platform.clock.counter();
 }
 
@@ -160,6 +161,7 @@ bool ScrollLoop::pausedTurn() {
         showElapsed();
     }
     m_cycleStart = m_session.platform.clock.counter();
+    m_lateTicks = 0;
     return !exitRequested();
 }
 
@@ -254,14 +256,18 @@ void ScrollLoop::waitForNextStep() {
     const std::int64_t composeTicks = stepStart - m_blitStamp;
     const auto waitTicks =
         static_cast<std::int64_t>(waitMs() / 1000.0 * static_cast<double>(clock.frequency()));
-    // Painting lies inside the wait, so it does not slow the script down.
+    // Painting lies inside the wait, so it does not slow the script down. What the machine was late
+    // by at the last step is taken off this wait, or the pace would depend on how busy it is; a long
+    // stall is not made up for, because the text would visibly race.
     StepRecord record;
     record.painted = m_parts.presenter.stepDone(waitTicks + composeTicks);
-    const Pacer::Wait wait = m_pacer.wait(stepStart, waitMs);
+    const std::int64_t owed = std::min(m_lateTicks, waitTicks);
+    const Pacer::Wait wait = m_pacer.wait(stepStart - owed, waitMs);
+    m_lateTicks = wait.end - wait.due;
     clock.spinUntil(m_blitStamp + LeastStepTicks);
     if (m_parts.observer != nullptr) {
         record.composeTicks = composeTicks;
-        record.lateTicks = wait.end - wait.due;
+        record.lateTicks = m_lateTicks;
         m_parts.observer->stepDone(record);
     }
 }

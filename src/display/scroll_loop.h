@@ -84,6 +84,8 @@ private:
     int m_framePhase = -1;
     std::int64_t m_cycleStart = 0;
     std::int64_t m_blitStamp = 0;
+    /// What the last step's wait ended behind its due moment.
+    std::int64_t m_lateTicks = 0;
     /// Measured seconds a step; 0 until the first cycle of forward Split Range has ended.
     double m_secondsPerStep = 0;
 };
