@@ -33,6 +33,9 @@ QString anyCase(const QString& pattern) {
 #endif
 }
 
+/// Of the window beneath, so that names are readable on any screen.
+constexpr double ShareOfWindow = 0.55;
+
 QString existingFolder(const QString& wanted) {
     if (!wanted.isEmpty() && QFileInfo(wanted).isDir()) {
         return wanted;
@@ -45,6 +48,9 @@ void prepare(QFileDialog& dialog, const FileDialogRequest& request) {
 #ifdef Q_OS_LINUX
     dialog.setOption(QFileDialog::DontUseNativeDialog);
 #endif
+    if (const QWidget* window = dialog.parentWidget()) {
+        dialog.resize(dialog.sizeHint().expandedTo(window->size() * ShareOfWindow));
+    }
     // The label names the patterns already; without this the bracketed ones would be shown.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     if (!request.title.isEmpty()) {
