@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSlider>
+#include <QStyle>
 #include <QUrl>
 
 #include <algorithm>
@@ -122,12 +123,16 @@ void Form1::placeOnDisplay1() {
     if (rectangle.isEmpty()) {
         return;
     }
-    setGeometry(rectangle);
-    // Display rectangles from the command line need not be a screen; there the window stays as it
-    // is told. On a screen the window manager knows how much room panels leave.
+    // On a screen the window manager knows how much room panels leave.
     if (isWholeScreen(rectangle)) {
+        setGeometry(rectangle);
         setWindowState(windowState() | Qt::WindowMaximized);
+        return;
     }
+    // Display rectangles from the command line need not be a screen. The frame comes on top of the
+    // window and belongs inside too, or its title would lie beyond the edge.
+    move(rectangle.topLeft());
+    resize(rectangle.width(), rectangle.height() - style()->pixelMetric(QStyle::PM_TitleBarHeight));
 }
 
 void Form1::readSettings() {
