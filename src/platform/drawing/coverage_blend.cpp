@@ -23,21 +23,22 @@ inline QRgb mix(QRgb below, QRgb color, std::uint32_t coverage) {
     return 0xff000000 | redBlue | green;
 }
 
-/// Eight pixels at once where they are all outside or all inside of the letter, which at the sizes
-/// of a show most are.
+/// Eight pixels at once; at the sizes of a show most blocks lie all outside or all inside of the
+/// letter.
 void blendRow(QRgb* target, const uchar* coverage, int length, QRgb color) {
-    constexpr int Block = 8;
+    constexpr int BlockPixels = 8;
     int x = 0;
-    for (; x + Block <= length; x += Block) {
+    for (; x + BlockPixels <= length; x += BlockPixels) {
         std::uint64_t block = 0;
-        std::memcpy(&block, coverage + x, Block);
+        static_assert(sizeof(block) == BlockPixels);
+        std::memcpy(&block, coverage + x, sizeof(block));
         if (block == 0)
             continue;
         if (block == ~std::uint64_t{0}) {
-            std::fill_n(target + x, Block, color);
+            std::fill_n(target + x, BlockPixels, color);
             continue;
         }
-        for (int i = x; i < x + Block; ++i)
+        for (int i = x; i < x + BlockPixels; ++i)
             target[i] = mix(target[i], color, coverage[i]);
     }
     for (; x < length; ++x)
@@ -51,10 +52,15 @@ void blendCoverage(Surface& target, const QRect& clip, const QImage& coverage, Q
     const QRect visible = QRect(place, coverage.size())
                               .intersected(clip)
                               .intersected(QRect(0, 0, target.width(), target.height()));
+    if (visible.isEmpty())
+        return;
+    const uchar* from =
+        coverage.constScanLine(visible.top() - place.y()) + visible.left() - place.x();
+    uchar* to = reinterpret_cast<uchar*>(target.row(visible.top()) + visible.left());
     for (int y = visible.top(); y <= visible.bottom(); ++y) {
-        blendRow(target.row(y) + visible.left(),
-                 coverage.constScanLine(y - place.y()) + visible.left() - place.x(),
-                 visible.width(), color);
+        blendRow(reinterpret_cast<QRgb*>(to), from, visible.width(), color);
+        from += coverage.bytesPerLine();
+        to += target.image().bytesPerLine();
     }
 }
 

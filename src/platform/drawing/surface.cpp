@@ -36,19 +36,21 @@ struct PixelMap final {
 };
 
 /// Pixel i of size shows the source pixel under its middle; mirrored, the last one is i = 0.
-/// Pixels outside the target are left out, those without a source pixel are -1.
+/// Pixels outside the target and those without a source pixel are left out.
 PixelMap mapPixels(std::int64_t begin, std::int64_t size, bool mirrored, int targetSize, int from,
                    int sourceLength, int sourceSize) {
     PixelMap map;
     const std::int64_t first = std::clamp<std::int64_t>(begin, 0, targetSize);
     const std::int64_t end = std::clamp<std::int64_t>(begin + size, first, targetSize);
-    map.first = static_cast<int>(first);
     map.source.reserve(static_cast<std::size_t>(end - first));
     for (std::int64_t pixel = first; pixel < end; ++pixel) {
         const std::int64_t index = mirrored ? begin + size - 1 - pixel : pixel - begin;
         const std::int64_t source = from + (2 * index + 1) * sourceLength / (2 * size);
-        const bool inside = source >= 0 && source < sourceSize;
-        map.source.push_back(inside ? static_cast<int>(source) : -1);
+        if (source < 0 || source >= sourceSize)
+            continue;
+        if (map.source.empty())
+            map.first = static_cast<int>(pixel);
+        map.source.push_back(static_cast<int>(source));
     }
     return map;
 }
@@ -56,15 +58,15 @@ PixelMap mapPixels(std::int64_t begin, std::int64_t size, bool mirrored, int tar
 } // namespace
 
 Surface::Surface(int width, int height) {
-    if (width > 0 && height > 0)
-        m_image = QImage(width, height, QImage::Format_RGB32);
-    if (!m_image.isNull())
-        m_image.fill(0xff000000u);
+    resize(width, height);
+    fill(0xff000000u);
 }
 
 void Surface::resize(int width, int height) {
-    if (width != m_image.width() || height != m_image.height())
-        *this = Surface(width, height);
+    if (width < 1 || height < 1)
+        m_image = QImage();
+    else if (width != m_image.width() || height != m_image.height())
+        m_image = QImage(width, height, QImage::Format_RGB32);
 }
 
 void Surface::fill(QRgb color) {
@@ -74,10 +76,14 @@ void Surface::fill(QRgb color) {
 void Surface::fillRect(int x, int y, int width, int height, QRgb color) {
     const Span columns = clipSpan(x, 0, width, this->width(), width);
     const Span rows = clipSpan(y, 0, height, this->height(), height);
-    if (columns.length == 0)
+    if (columns.length == 0 || rows.length == 0)
         return;
-    for (int line = rows.target; line < rows.target + rows.length; ++line)
-        std::fill_n(row(line) + columns.target, columns.length, color);
+    // The first row is filled, the others are copies of it: up to twice as fast.
+    QRgb* const first = row(rows.target) + columns.target;
+    std::fill_n(first, columns.length, color);
+    for (int line = rows.target + 1; line < rows.target + rows.length; ++line)
+        std::memcpy(row(line) + columns.target, first,
+                    static_cast<std::size_t>(columns.length) * sizeof(QRgb));
 }
 
 void Surface::BitBlt(int x, int y, int width, int height, const Surface& source, int sourceX,
@@ -116,15 +122,17 @@ void Surface::StretchBlt(int x, int y, int width, int height, const Surface& sou
                                        sourceX, sourceWidth, source.width());
     const PixelMap rows =
         mapPixels(y, height, false, this->height(), sourceY, sourceHeight, source.height());
+    if (columns.source.empty())
+        return;
     for (std::size_t line = 0; line < rows.source.size(); ++line) {
-        if (rows.source[line] < 0)
-            continue;
         const QRgb* const from = source.row(rows.source[line]);
         QRgb* const to = row(rows.first + static_cast<int>(line)) + columns.first;
-        for (std::size_t column = 0; column < columns.source.size(); ++column) {
-            if (columns.source[column] >= 0)
-                to[column] = from[columns.source[column]];
+        if (mirrored && sourceWidth == size) {
+            std::reverse_copy(from + columns.source.back(), from + columns.source.front() + 1, to);
+            continue;
         }
+        for (std::size_t column = 0; column < columns.source.size(); ++column)
+            to[column] = from[columns.source[column]];
     }
 }
 

@@ -11,12 +11,13 @@ namespace velmora {
 class Surface final {
 public:
     Surface() = default;
-    /// Sizes below 1 make an empty surface.
+    /// A black picture. Sizes below 1 make an empty surface.
     Surface(int width, int height);
 
     [[nodiscard]] int width() const { return m_image.width(); }
     [[nodiscard]] int height() const { return m_image.height(); }
-    /// Keeps nothing of the picture; does nothing when the size is the same.
+    /// Keeps nothing of the picture: its pixels are undefined until they are filled. Does nothing
+    /// when the size is the same.
     void resize(int width, int height);
 
     /// color as 0xffRRGGBB.
