@@ -124,6 +124,9 @@ void DisplayWindow::load() {
     const DisplayState& displays = m_session.displays;
     m_display = QRect(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
                       displays.DisplayHeight);
+    if (m_display.isEmpty()) {
+        m_display = QRect(QPoint(0, 0), m_session.platform.monitors.primarySize());
+    }
     prepare();
     connectControls();
     const ScrollLoopParts parts{m_session,     *this,        m_tables,  m_composer,

@@ -1,8 +1,6 @@
 #include "display/scroll_loop.h"
 
-#include "core/number_format.h"
 #include "core/session.h"
-#include "display/show_clocks.h"
 #include "display/show_navigation.h"
 #include "platform/timing/clock.h"
 #include "platform/timing/event_pump.h"
@@ -17,19 +15,15 @@ namespace {
 /// A waiting state looks at its variables so often when nothing happens; input wakes it at once.
 constexpr int IdleWaitMs = 20;
 constexpr double LoopingWaitSeconds = 4;
-constexpr double NoticeSeconds = 2;
 /// Floor of a step in counter ticks, for very small delays.
 constexpr std::int64_t LeastStepTicks = 100;
-/// Last housekeeping phase: one more in forward Split Range, which alone measures the cycle.
-constexpr int LastPhaseMeasured = 90;
-constexpr int LastPhase = 89;
-constexpr int StepsPerCycle = 91;
 
 } // namespace
 
 ScrollLoop::ScrollLoop(const ScrollLoopParts& parts, int textRows)
     : m_parts(parts), m_session(parts.session),
-      m_pacer(parts.session.platform.clock, parts.session.platform.pump), m_textRows(textRows) {}
+      m_pacer(parts.session.platform.clock, parts.session.platform.pump),
+      m_housekeeping(parts.session, parts.screen, parts.tables), m_textRows(textRows) {}
 
 void ScrollLoop::run() {
     double startLine = m_session.show.StartFromCursor == 0 ? 0 : m_session.show.StartPosition;
@@ -92,9 +86,8 @@ void ScrollLoop::fillWindow(double startLine) {
 }
 
 void ScrollLoop::startTiming() {
-    m_framePhase = -1;
     m_lateTicks = 0;
-    m_cycleStart = m_session.platform.clock.counter();
+    m_housekeeping.restart();
 }
 
 bool ScrollLoop::waitFourSeconds() {
@@ -132,7 +125,7 @@ ScrollLoop::PassEnd ScrollLoop::runTurns() {
                     return limit == LimitEnd::Again ? PassEnd::Again : PassEnd::Leave;
                 }
             } else if (end == StepEnd::Skipped) {
-                m_cycleStart = m_session.platform.clock.counter();
+                m_housekeeping.restartCycle();
                 continue;
             }
         }
@@ -152,15 +145,15 @@ bool ScrollLoop::pausedTurn() {
         waitIdly();
         return !exitRequested();
     }
-    checkNotice();
+    m_housekeeping.checkNotice();
     if (show.PauseState == 3) {
         show.ElapsedStart = m_session.platform.clock.Timer();
     }
     waitIdly();
     if (show.PauseState != 3) {
-        showElapsed();
+        m_housekeeping.showElapsed();
     }
-    m_cycleStart = m_session.platform.clock.counter();
+    m_housekeeping.restartCycle();
     m_lateTicks = 0;
     return !exitRequested();
 }
@@ -168,8 +161,8 @@ bool ScrollLoop::pausedTurn() {
 /// The dead band of Split Range and the stop zone of Full Range: nothing moves, the clock goes on.
 void ScrollLoop::idleTurn() {
     m_parts.presenter.settle();
-    showElapsed();
-    checkNotice();
+    m_housekeeping.showElapsed();
+    m_housekeeping.checkNotice();
     waitIdly();
 }
 
@@ -187,66 +180,18 @@ ScrollLoop::StepEnd ScrollLoop::step() {
         }
         return inside ? StepEnd::Skipped : StepEnd::Limit;
     }
-    advanceFramePhase();
+    m_housekeeping.advanceFramePhase();
     m_blitStamp = m_session.platform.clock.counter();
     m_parts.composer.showTop(m_parts.navigation.topRow());
     if (m_session.settings.FullScreenMode == 0) {
-        housekeeping();
+        m_housekeeping.updateControls();
     }
     waitForNextStep();
     if (m_session.settings.ScrollSpeedControl == FullRange) {
-        checkNotice();
+        m_housekeeping.checkNotice();
         m_session.platform.pump.DoEvents();
     }
     return StepEnd::Taken;
-}
-
-void ScrollLoop::advanceFramePhase() {
-    const bool measured =
-        m_session.settings.ScrollSpeedControl != FullRange && m_session.show.ScrollDirection > 0;
-    if (++m_framePhase > (measured ? LastPhaseMeasured : LastPhase)) {
-        m_framePhase = 0;
-    }
-}
-
-/// Control updates are spread over the steps, so that none pays for more than one.
-void ScrollLoop::housekeeping() {
-    ShowState& show = m_session.show;
-    switch (m_framePhase) {
-    case 0:
-        m_parts.screen.setRemainingText(show.CaptionBuffer);
-        break;
-    case 15:
-        m_parts.screen.setScrollValue(m_parts.tables.scanTable.at(show.ScrollRow).line - 1);
-        break;
-    case 30:
-        guardMidnight();
-        show.CaptionBuffer = elapsedNow();
-        break;
-    case 45:
-        m_parts.screen.setElapsedText(show.CaptionBuffer);
-        break;
-    case 60:
-        checkNotice();
-        break;
-    case 75:
-        show.CaptionBuffer =
-            remainingText(m_parts.tables.LastScrollRow - show.ScrollRow, m_secondsPerStep);
-        break;
-    case LastPhaseMeasured:
-        measureCycle();
-        break;
-    default:
-        break;
-    }
-}
-
-void ScrollLoop::measureCycle() {
-    const Clock& clock = m_session.platform.clock;
-    const std::int64_t now = clock.counter();
-    const double cycleTicks = static_cast<double>(now - m_cycleStart);
-    m_cycleStart = now;
-    m_secondsPerStep = cycleTicks / StepsPerCycle / static_cast<double>(clock.frequency());
 }
 
 void ScrollLoop::waitForNextStep() {
@@ -257,8 +202,8 @@ void ScrollLoop::waitForNextStep() {
     const auto waitTicks =
         static_cast<std::int64_t>(waitMs() / 1000.0 * static_cast<double>(clock.frequency()));
     // Painting lies inside the wait, so it does not slow the script down. What the machine was late
-    // by at the last step is taken off this wait, or the pace would depend on how busy it is; a long
-    // stall is not made up for, because the text would visibly race.
+    // by at the last step is taken off this wait, or the pace would depend on how busy it is; a
+    // long stall is not made up for, because the text would visibly race.
     StepRecord record;
     record.painted = m_parts.presenter.stepDone(waitTicks + composeTicks);
     const std::int64_t owed = std::min(m_lateTicks, waitTicks);
@@ -333,14 +278,14 @@ ScrollLoop::LimitEnd ScrollLoop::waitAtLimit() {
     bool jumped = false;
     while (!turning && !jumped) {
         if (show.BlankState == 0) {
-            checkNotice();
+            m_housekeeping.checkNotice();
         }
         waitIdly();
         if (exitRequested()) {
             return LimitEnd::Leave;
         }
         if (show.BlankState == 0) {
-            showElapsed();
+            m_housekeeping.showElapsed();
             jumped = m_parts.navigation.repositions() != repositions;
             turning = limitWaitEnds();
         }
@@ -374,34 +319,8 @@ void ScrollLoop::turn(int direction) {
     m_parts.screen.showDirection(direction);
 }
 
-void ScrollLoop::showElapsed() {
-    guardMidnight();
-    m_parts.screen.setElapsedText(elapsedNow());
-}
-
-void ScrollLoop::guardMidnight() {
-    const double now = m_session.platform.clock.Timer();
-    if (m_session.show.ElapsedStart > now) {
-        m_session.show.ElapsedStart = now;
-    }
-}
-
-void ScrollLoop::checkNotice() {
-    ShowState& show = m_session.show;
-    const double now = m_session.platform.clock.Timer();
-    const bool over = now - show.MessageShownAt > NoticeSeconds || show.MessageShownAt > now;
-    if (show.MessageShownAt != 0 && over) {
-        m_parts.screen.hideNotice();
-        show.MessageShownAt = 0;
-    }
-}
-
 void ScrollLoop::waitIdly() {
     m_session.platform.pump.waitForEvents(IdleWaitMs);
-}
-
-QString ScrollLoop::elapsedNow() const {
-    return clockText(m_session.platform.clock.Timer() - m_session.show.ElapsedStart);
 }
 
 bool ScrollLoop::exitRequested() const {

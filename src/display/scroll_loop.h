@@ -2,6 +2,7 @@
 
 #include "controllers/speed_mapping.h"
 #include "display/frame_composer.h"
+#include "display/loop_housekeeping.h"
 #include "display/show_observer.h"
 #include "display/show_screen.h"
 #include "platform/timing/pacer.h"
@@ -55,9 +56,6 @@ private:
     bool pausedTurn();
     void idleTurn();
     StepEnd step();
-    void housekeeping();
-    void advanceFramePhase();
-    void measureCycle();
     void waitForNextStep();
     void applySplitDirection();
     void serveRequests();
@@ -68,26 +66,18 @@ private:
     /// Changes the direction without moving the picture.
     void turn(int direction);
 
-    void showElapsed();
-    void guardMidnight();
-    void checkNotice();
     void waitIdly();
-    [[nodiscard]] QString elapsedNow() const;
     [[nodiscard]] bool exitRequested() const;
 
     ScrollLoopParts m_parts;
     Session& m_session;
     Pacer m_pacer;
+    LoopHousekeeping m_housekeeping;
     SpeedDelayTable m_delays{};
     int m_textRows;
-    /// Housekeeping counter of the steps, -1 before the first.
-    int m_framePhase = -1;
-    std::int64_t m_cycleStart = 0;
     std::int64_t m_blitStamp = 0;
     /// What the last step's wait ended behind its due moment.
     std::int64_t m_lateTicks = 0;
-    /// Measured seconds a step; 0 until the first cycle of forward Split Range has ended.
-    double m_secondsPerStep = 0;
 };
 
 } // namespace velmora

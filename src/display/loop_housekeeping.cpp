@@ -1,0 +1,109 @@
+#include "display/loop_housekeeping.h"
+
+#include "controllers/speed_mapping.h"
+#include "core/number_format.h"
+#include "core/session.h"
+#include "display/script_preparation.h"
+#include "display/show_clocks.h"
+#include "display/show_screen.h"
+#include "platform/timing/clock.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr double NoticeSeconds = 2;
+/// Last housekeeping phase: one more in forward Split Range, which alone measures the cycle.
+constexpr int LastPhaseMeasured = 90;
+constexpr int LastPhase = 89;
+constexpr int StepsPerCycle = 91;
+
+} // namespace
+
+LoopHousekeeping::LoopHousekeeping(Session& session, ShowScreen& screen, const ShowTables& tables)
+    : m_session(session), m_screen(screen), m_tables(tables) {}
+
+void LoopHousekeeping::restart() {
+    m_framePhase = -1;
+    restartCycle();
+}
+
+void LoopHousekeeping::restartCycle() {
+    m_cycleStart = m_session.platform.clock.counter();
+}
+
+void LoopHousekeeping::advanceFramePhase() {
+    const bool measured =
+        m_session.settings.ScrollSpeedControl != FullRange && m_session.show.ScrollDirection > 0;
+    if (++m_framePhase > (measured ? LastPhaseMeasured : LastPhase)) {
+        m_framePhase = 0;
+    }
+}
+
+/// Control updates are spread over the steps, so that none pays for more than one.
+void LoopHousekeeping::updateControls() {
+    ShowState& show = m_session.show;
+    switch (m_framePhase) {
+    case 0:
+        m_screen.setRemainingText(show.CaptionBuffer);
+        break;
+    case 15:
+        m_screen.setScrollValue(m_tables.scanTable.at(show.ScrollRow).line - 1);
+        break;
+    case 30:
+        guardMidnight();
+        show.CaptionBuffer = elapsedNow();
+        break;
+    case 45:
+        m_screen.setElapsedText(show.CaptionBuffer);
+        break;
+    case 60:
+        checkNotice();
+        break;
+    case 75:
+        show.CaptionBuffer =
+            remainingText(m_tables.LastScrollRow - show.ScrollRow, m_secondsPerStep);
+        break;
+    case LastPhaseMeasured:
+        measureCycle();
+        break;
+    default:
+        break;
+    }
+}
+
+void LoopHousekeeping::measureCycle() {
+    const Clock& clock = m_session.platform.clock;
+    const std::int64_t now = clock.counter();
+    const double cycleTicks = static_cast<double>(now - m_cycleStart);
+    m_cycleStart = now;
+    m_secondsPerStep = cycleTicks / StepsPerCycle / static_cast<double>(clock.frequency());
+}
+
+void LoopHousekeeping::showElapsed() {
+    guardMidnight();
+    m_screen.setElapsedText(elapsedNow());
+}
+
+void LoopHousekeeping::guardMidnight() {
+    const double now = m_session.platform.clock.Timer();
+    if (m_session.show.ElapsedStart > now) {
+        m_session.show.ElapsedStart = now;
+    }
+}
+
+void LoopHousekeeping::checkNotice() {
+    ShowState& show = m_session.show;
+    const double now = m_session.platform.clock.Timer();
+    const bool over = now - show.MessageShownAt > NoticeSeconds || show.MessageShownAt > now;
+    if (show.MessageShownAt != 0 && over) {
+        m_screen.hideNotice();
+        show.MessageShownAt = 0;
+    }
+}
+
+QString LoopHousekeeping::elapsedNow() const {
+    return clockText(m_session.platform.clock.Timer() - m_session.show.ElapsedStart);
+}
+
+} // namespace velmora

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+namespace velmora {
+
+class Session;
+class ShowScreen;
+struct ShowTables;
+
+/// The clocks, the notice and the scroll bar of a running show. Control updates are spread over the
+/// steps, so that none pays for more than one. Owned by the scroll loop.
+class LoopHousekeeping final {
+public:
+    LoopHousekeeping(Session& session, ShowScreen& screen, const ShowTables& tables);
+
+    /// Begins anew with the first phase: at a pass start and after a turn at a limit.
+    void restart();
+    /// Begins measuring the cycle anew: time that was not scrolled must not count.
+    void restartCycle();
+
+    /// Counts a step.
+    void advanceFramePhase();
+    /// Does the work of the current phase, at most one control.
+    void updateControls();
+
+    /// Label1 shows the time since the start.
+    void showElapsed();
+    /// Takes a notice away after its two seconds.
+    void checkNotice();
+
+private:
+    void measureCycle();
+    /// The elapsed clock restarts when midnight has passed.
+    void guardMidnight();
+    [[nodiscard]] QString elapsedNow() const;
+
+    Session& m_session;
+    ShowScreen& m_screen;
+    const ShowTables& m_tables;
+    /// Counts 0 to 90 in forward Split Range, else to 89; -1 before the first step.
+    int m_framePhase = -1;
+    std::int64_t m_cycleStart = 0;
+    /// Measured seconds a step; 0 until the first cycle of forward Split Range has ended.
+    double m_secondsPerStep = 0;
+};
+
+} // namespace velmora
