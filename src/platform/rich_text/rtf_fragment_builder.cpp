@@ -128,6 +128,7 @@ void RtfFragmentBuilder::endParagraph(const ParagraphFormat& format) {
         return;
     }
     closeParagraph(format);
+    m_inRow = false; // the row's next line takes the format of the next cell
 }
 
 void RtfFragmentBuilder::endCell(const ParagraphFormat& format) {
@@ -142,7 +143,6 @@ void RtfFragmentBuilder::endCell(const ParagraphFormat& format) {
 void RtfFragmentBuilder::endRow(const ParagraphFormat& format) {
     m_waitingTabs = 0;
     endParagraph(m_inRow ? m_rowFormat : format);
-    m_inRow = false;
 }
 
 void RtfFragmentBuilder::closeParagraph(const ParagraphFormat& format) {

@@ -38,6 +38,7 @@ void RtfInterpreter::setUnicodeSkip(const RtfToken& token, int) {
 }
 
 void RtfInterpreter::lineEnd(const RtfToken&, int) {
+    leaveUnclosedTable(true);
     if (!inBody() || isHidden()) {
         return;
     }
@@ -114,6 +115,7 @@ void RtfInterpreter::setShading(const RtfToken& token, int) {
 }
 
 void RtfInterpreter::resetParagraph(const RtfToken&, int) {
+    leaveUnclosedTable(false);
     m_group.formats.paragraph = {};
 }
 
@@ -184,6 +186,7 @@ void RtfInterpreter::paragraphStyle(const RtfToken& token, int) {
     if (m_group.destination == RtfDestination::StyleSheet) {
         m_style.kind = RtfStyleSheet::Kind::Paragraph;
         m_style.number = token.parameter;
+        m_style.numbered = true;
     } else if (const auto* style =
                    m_styles.resolved(RtfStyleSheet::Kind::Paragraph, token.parameter)) {
         m_group.formats.apply(*style);
@@ -195,6 +198,7 @@ void RtfInterpreter::characterStyle(const RtfToken& token, int) {
     if (m_group.destination == RtfDestination::StyleSheet) {
         m_style.kind = RtfStyleSheet::Kind::Character;
         m_style.number = token.parameter;
+        m_style.numbered = true;
     } else if (const auto* style =
                    m_styles.resolved(RtfStyleSheet::Kind::Character, token.parameter)) {
         m_group.formats.apply(*style);

@@ -184,7 +184,8 @@ void RtfInterpreter::endDestination(const RtfGroup& closed) {
 }
 
 void RtfInterpreter::endStyle(const RtfGroup& closed) {
-    if (m_style.ofText) {
+    // A row without a number is style 0; one that was passed over gives nothing and is none.
+    if (m_style.ofText && (m_style.numbered || closed.formats.given != 0)) {
         m_styles.insert(m_style.kind, m_style.number, {closed.formats, m_style.basedOn});
     }
 }
@@ -195,6 +196,28 @@ void RtfInterpreter::endFieldInstruction() {
         put(sign);
         m_resultReplaced = true;
     }
+}
+
+void RtfInterpreter::leaveUnclosedTable(bool evenStyleSheet) {
+    const auto isTable = [evenStyleSheet](const RtfGroup& group) {
+        return group.destination == RtfDestination::FontTable ||
+               group.destination == RtfDestination::ColorTable ||
+               (evenStyleSheet && group.destination == RtfDestination::StyleSheet);
+    };
+    if (!isTable(m_group)) {
+        return;
+    }
+    m_group.destination = RtfDestination::Body;
+    m_group.ownsDestination = false;
+    for (auto group = m_outerGroups.rbegin(); group != m_outerGroups.rend() && isTable(*group);
+         ++group) {
+        group->destination = RtfDestination::Body;
+        group->ownsDestination = false;
+    }
+    m_fonts.finish();
+    m_styles.resolve();
+    m_run.codePage = nullptr;
+    m_formatStale = true;
 }
 
 void RtfInterpreter::word(const RtfToken& token) {

@@ -102,6 +102,10 @@ private:
     void endStyle(const RtfGroup& closed);
     void endFieldInstruction();
 
+    /// Paragraphs in a table of the header mean that its closing brace is missing: without this,
+    /// one lost brace would swallow the whole script.
+    void leaveUnclosedTable(bool evenStyleSheet);
+
     void word(const RtfToken& token);
     void symbol(unsigned char byte);
     void asciiText(std::string_view text);
@@ -156,6 +160,7 @@ private:
         RtfStyleSheet::Kind kind = RtfStyleSheet::Kind::Paragraph;
         int number = 0;
         int basedOn = RtfStyleSheet::NoStyle;
+        bool numbered = false;
         bool ofText = true;
     };
     StyleRow m_style;

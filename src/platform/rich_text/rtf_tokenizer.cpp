@@ -16,6 +16,7 @@ constexpr std::array<std::uint8_t, 256> byteClasses() {
         classes[byte] = byte >= 0x80 ? High : byte >= 0x20 ? Plain : Dropped;
     }
     classes['\t'] = Plain;
+    classes[0x7F] = Dropped;
     classes['\\'] = classes['{'] = classes['}'] = Structural;
     return classes;
 }

@@ -17,7 +17,7 @@ enum class RtfTokenKind : std::uint8_t {
     Symbol,
     /// A byte of text written as \'xx.
     Hex,
-    /// Text bytes 0x20 to 0x7F and tabs.
+    /// Text bytes 0x20 to 0x7E and tabs.
     Text,
     /// Text bytes from 0x80 up, as they stand in the file.
     HighBytes,

@@ -1,0 +1,220 @@
+#include "platform/rich_text/rtf_reader.h"
+
+#include "platform/rich_text/rtf_interpreter.h"
+#include "support/fragment_description.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+
+namespace velmora {
+namespace {
+
+using test::describeRtf;
+using test::faultOf;
+
+struct Row final {
+    QByteArray rtf;
+    QString reading;
+};
+
+void expectReadings(std::initializer_list<Row> rows) {
+    for (const Row& row : rows) {
+        EXPECT_EQ(describeRtf(row.rtf).toStdString(), row.reading.toStdString())
+            << row.rtf.constData();
+    }
+}
+
+TEST(RtfReader, LineEndsAreCountedStrictly) {
+    expectReadings({
+        {"", u""_qs},
+        {"a", u"a"_qs},
+        {"a\\par", u"a|"_qs},
+        {"\\par\\par", u"||"_qs},
+        {"a\\\nb\\\r\nc", u"a|b|c"_qs},
+        {"a\\u8233?b\\u8232?c", u"a|b/c"_qs},
+        {"a\\page\\page b", u"a|b"_qs},
+        {"\\page a", u"a"_qs},
+    });
+}
+
+TEST(RtfReader, SymbolsAndEscapes) {
+    expectReadings({
+        {"\\{a\\}\\\\", u"{a}\\"_qs},
+        {"a\\~b\\-c\\_d", u"a\u00a0b\u00adc\u2011d"_qs},
+        {"a\\:b\\|c", u"abc"_qs},
+        {"\\u-10180?\\u-8251?", u"\U0001F3C5"_qs},
+        {"\\u55356?\\u57285?", u"\U0001F3C5"_qs},
+        {"\\u127941?", u"\U0001F3C5"_qs},
+        {"\\u-10180?a\\u-8251?", u"\ufffda\ufffd"_qs},
+        {"a\\u-10180?\\par b", u"a\ufffd|b"_qs},
+        {"a\\u0?\\u7?\\u65535?\\u64976?\\u-4?b", u"ab"_qs},
+        {"\\u1114112?", u"\ufffd"_qs},
+    });
+}
+
+TEST(RtfReader, ReplacementsOfUnicodeCharactersAreLeftOut) {
+    expectReadings({
+        {"\\u233ea", u"\u00e9a"_qs},
+        {"\\uc0\\u233ea", u"\u00e9ea"_qs},
+        {"\\uc2\\u233\\'81\\'5ca", u"\u00e9a"_qs},
+        {"\\uc3\\u233 ab\\'63d", u"\u00e9d"_qs},
+        {"\\u8211\\endash a", u"\u2013a"_qs},
+        {"\\u8226\\~a", u"\u2022a"_qs},
+        {"\\u233\\b ?a", u"\u00e9{b:a}"_qs},
+        // The replacement never goes beyond its group, and one that is missing costs nothing.
+        {"{\\u233}a", u"\u00e9a"_qs},
+        {"\\u233\\par a", u"\u00e9|a"_qs},
+        {"\\u233\\tab a", u"\u00e9\ta"_qs},
+        {"\\u233\\u232?", u"\u00e9\u00e8"_qs},
+        {"\\uc9\\u233{a}b", u"\u00e9ab"_qs},
+    });
+}
+
+TEST(RtfReader, FormatsKeepToTheirGroups) {
+    const QByteArray header = "{\\fonttbl{\\f0 A;}}{\\colortbl;\\red255\\green255\\blue255;"
+                              "\\red255\\green255\\blue0;}";
+    expectReadings({
+        {"{\\b a{\\i b}c}d", u"{b:a}{b i:b}{b:c}d"_qs},
+        {"{\\qc a\\par}b", u"[centre]a|b"_qs},
+        {"\\fs0 a\\fs-5 b\\fs1 c\\fs99999 d", u"ab{2:c}{2000:d}"_qs},
+        {"\\li99999\\fi-99999 a", u"[li31680 fi-31680]a"_qs},
+        {"\\rtlpar\\qr a", u"[right rtl]a"_qs},
+        {header + "\\cf1\\highlight2 a\\cf9\\highlight0 b", u"{c=ffffff h=ffff00 'A':a}{'A':b}"_qs},
+        {header + "\\chcbpat1\\highlight2 a\\highlight0 b", u"{h=ffff00 'A':a}{h=ffffff 'A':b}"_qs},
+        {header + "\\f7 a", u"{'A':a}"_qs},
+        {"\\ul a\\uldb b\\ul0 c", u"{u:ab}c"_qs},
+        {"\\strike\\striked a\\striked0 b\\strike0 c", u"{s:ab}c"_qs},
+    });
+}
+
+TEST(RtfReader, EndFormatIsWhatHoldsAtTheLineEnd) {
+    const RtfReadResult result = readRtf("{\\rtf1{\\b\\fs40 a\\par}\\fs60\\par\\fs80 b}");
+    ASSERT_EQ(result.fragment.paragraphs.size(), 3u);
+    const auto endOf = [&result](std::size_t paragraph) {
+        const int index = result.fragment.paragraphs[paragraph].endFormat;
+        return result.fragment.formats[static_cast<std::size_t>(index)].halfPoints;
+    };
+    EXPECT_EQ(endOf(0), 40);
+    EXPECT_EQ(endOf(1), 60);
+    EXPECT_EQ(endOf(2), 80);
+}
+
+TEST(RtfReader, FontTablesInEveryForm) {
+    expectReadings({
+        {"{\\fonttbl\\f0\\fswiss\\fcharset0 Helvetica;\\f1\\fnil B;}\\f1 a", u"{'B':a}"_qs},
+        {"{\\fonttbl{\\f0{\\*\\panose 020206}Times{\\*\\falt Roman};}}a", u"{'Times':a}"_qs},
+        {"{\\fonttbl{\\f0 Arial}{\\f1 B}}\\f1 a", u"{'B':a}"_qs},
+        {"{\\upr{\\fonttbl{\\f0 ?;}}{\\*\\ud{\\fonttbl{\\f0 \\u233?;}}}}a", u"{'\u00e9':a}"_qs},
+        {"\\deff3{\\fonttbl{\\f3 C;}{\\f1 B;}}a", u"{'C':a}"_qs},
+        {"{\\fonttbl{\\f5 C;}{\\f1 B;}}a", u"{'C':a}"_qs},
+        {"{\\fonttbl}a", u"a"_qs},
+    });
+}
+
+TEST(RtfReader, StylesAreAppliedWithWhatTheyAreBasedOn) {
+    const QByteArray styles = "{\\stylesheet{\\qc\\fs20 Normal;}{\\s1\\b\\sbasedon0 H;}"
+                              "{\\s2\\b0\\i\\sbasedon1 C;}{\\*\\cs9\\additive\\ul U;}"
+                              "{\\s4\\b\\sbasedon5 R;}{\\s5\\i\\sbasedon4 S;}"
+                              "{\\s6\\b\\sbasedon222 T;}{\\*\\unheardof\\s0\\qr X;}}";
+    expectReadings({
+        {styles + "a", u"a"_qs},
+        {styles + "\\s0 a", u"[centre]{20:a}"_qs},
+        {styles + "\\s1 a", u"[centre]{b 20:a}"_qs},
+        {styles + "\\s2 a", u"[centre]{i 20:a}"_qs},
+        {styles + "\\s1\\fs50 a{\\cs9 b}", u"[centre]{b 50:a}{b u 50:b}"_qs},
+        {styles + "\\s4 a", u"{b i:a}"_qs},
+        {styles + "\\s6 a", u"{b:a}"_qs},
+        {styles + "\\s77 a", u"a"_qs},
+    });
+}
+
+TEST(RtfReader, TablesBecomeLinesWithTabs) {
+    expectReadings({
+        {"\\trowd\\intbl a\\cell b\\cell\\row\\pard c\\par", u"a\tb|c|"_qs},
+        {"a\\cell\\cell\\cell\\row b", u"a|b"_qs},
+        {"\\cell\\cell a\\cell\\row", u"\t\ta|"_qs},
+        {"a\\par b\\cell c\\cell\\row", u"a|b\tc|"_qs},
+        {"\\qc a\\cell\\qr b\\cell\\pard\\row c", u"[centre]a\tb|c"_qs},
+        {"a\\nestcell b\\nestcell{\\*\\nesttableprops\\trowd\\nestrow}{\\nonesttables\\par}c\\cell"
+         "\\row",
+         u"a\tb|c|"_qs},
+    });
+}
+
+TEST(RtfReader, FieldsObjectsAndLabels) {
+    expectReadings({
+        {"a {\\field{\\*\\fldinst{HYPERLINK \"http://x\"}}{\\fldrslt{\\ul b}}} c", u"a {u:b} c"_qs},
+        {"{\\field{\\*\\fldinst A}{\\fldrslt{\\field{\\*\\fldinst B}{\\fldrslt 42}}}}", u"42"_qs},
+        {"{\\field{\\*\\fldinst IF {\\field{\\*\\fldinst B}{\\fldrslt x}}}{\\fldrslt y}}", u"y"_qs},
+        {"a{\\object{\\*\\objdata 0102}{\\result{\\pict 0102}b}}c", u"abc"_qs},
+        {"a{\\pict\\pngblip\\bin5 }}{{\\ 0102}b", u"ab"_qs},
+        {"a{\\*\\shppict{\\pict 01}}{\\nonshppict{\\pict 02}}b", u"ab"_qs},
+        {"{\\shp{\\*\\shpinst{\\sp{\\sn a}{\\sv b}}{\\shptxt c}}}d", u"d"_qs},
+        {"a{\\super{\\footnote\\pard b\\par}}c", u"ac"_qs},
+        {"a{\\*\\atnid x}{\\*\\annotation b}c", u"ac"_qs},
+        {"{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt{\\pntxtb\\'B7}}a", u"\u00b7\ta"_qs},
+        {"{\\listtext 1.\\tab}{\\pntext 1.\\tab}a\\par{\\listtext 2.\\tab}b", u"1.\ta|2.\tb"_qs},
+        {"{\\*\\htmltag <b>}\\htmlrtf {\\b\\htmlrtf0 a\\htmlrtf}\\htmlrtf0", u"{b:a}"_qs},
+        {"{\\*\\unheardof a}{\\unheardof b}", u"b"_qs},
+    });
+}
+
+TEST(RtfReader, ADamagedFileGivesWhatCanBeRead) {
+    expectReadings({
+        {"{\\rtf1 a{\\b b", u"a{b:b}"_qs},
+        {"{\\rtf1 a}b", u"a"_qs},
+        {"{\\rtf1 a}\r\n\\par }b", u"a|"_qs},
+        {"{\\rtf1{\\fonttbl{\\f0 A;{\\f1 B;}}\\pard\\f1 a\\par}", u"{'B':a}|"_qs},
+        {"{\\rtf1{\\stylesheet{\\s0 N;{\\s1 H;}}\\pard a\\par b}", u"|b"_qs},
+        {"{\\rtf1 a\\bin99 b", u"a"_qs},
+        {"{\\rtf1 a\\", u"a"_qs},
+        {"{\\rtf1 a{\\info{\\title b}", u"a"_qs},
+    });
+    EXPECT_TRUE(readRtf("\xEF\xBB\xBF\r\n {\\rtf a}").outcome);
+    for (const char* none :
+         {"", "a", "{", "{\\rt", "{\\rtfx a}", "{a\\rtf1}", "\\rtf1 a", "}{\\rtf1 a}"}) {
+        const RtfReadResult result = readRtf(none);
+        EXPECT_FALSE(result.outcome) << none;
+        EXPECT_FALSE(result.outcome.reason().isEmpty());
+        EXPECT_TRUE(result.fragment.paragraphs.empty());
+    }
+}
+
+TEST(RtfReader, HostileSizesAreBounded) {
+    QElapsedTimer timer;
+    timer.start();
+    const qsizetype depth = static_cast<qsizetype>(RtfInterpreter::MaxDepth);
+    struct Hostile final {
+        QByteArray rtf;
+        qsizetype textLength;
+    };
+    const Hostile files[] = {
+        {"{\\rtf1 " + QByteArray(3 * depth, '{') + "a" + QByteArray(3 * depth, '}') + "b}", 1},
+        {"{\\rtf1 " + QByteArray("{\\b ").repeated(depth / 2) + "a", 1},
+        {"{\\rtf1 " + QByteArray("}a").repeated(500'000), 500'000 - 1},
+        {"{\\rtf1 " + QByteArray("\\cell ").repeated(500'000) + "a}", 257},
+        {"{\\rtf1{\\fonttbl" + QByteArray("{\\f1\\cpg77 ;}").repeated(100'000) + "}a}", 1},
+        {"{\\rtf1" + QByteArray("{\\stylesheet{\\s1\\b ;}}\\s1").repeated(100'000) + " a}", 1},
+        {"{\\rtf1{\\colortbl" + QByteArray(500'000, ';') + "}\\cf499999 a}", 1},
+        {"{\\rtf1{\\fonttbl{\\f0 " + QByteArray(500'000, 'x') + ";}}a}", 1},
+        {"{\\rtf1{\\field{\\*\\fldinst " + QByteArray(500'000, 'x') + "}}a}", 1},
+        {"{\\rtf1\\" + QByteArray(500'000, 'x') + " a}", 1},
+        {"{\\rtf1\\uc999999\\u233 " + QByteArray(300, 'x') + "}", 46},
+    };
+    for (const Hostile& file : files) {
+        const RtfReadResult result = readRtf(file.rtf);
+        ASSERT_TRUE(result.outcome) << file.rtf.first(40).constData();
+        EXPECT_EQ(faultOf(result.fragment).toStdString(), "");
+        ASSERT_FALSE(result.fragment.paragraphs.empty());
+        EXPECT_EQ(result.fragment.paragraphs.back().text.size(), file.textLength)
+            << file.rtf.first(40).constData();
+    }
+    const QByteArray paragraphs = QByteArray("\\par").repeated(RtfFragmentBuilder::MaxParagraphs);
+    EXPECT_FALSE(readRtf("{\\rtf1" + paragraphs + "}").outcome);
+    EXPECT_TRUE(readRtf("{\\rtf1" + paragraphs.chopped(4) + "}").outcome);
+    EXPECT_LT(timer.elapsed(), 60'000);
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,89 @@
+#include "platform/rich_text/rtf_writer.h"
+
+#include "platform/rich_text/rtf_reader.h"
+#include "support/fragment_description.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+using test::describeAll;
+using test::faultOf;
+using test::randomFragment;
+
+TEST(RtfWriter, WhatIsWrittenIsReadBackWhole) {
+    for (unsigned seed = 1; seed <= 400; ++seed) {
+        const RichTextFragment fragment = randomFragment(seed);
+        ASSERT_EQ(faultOf(fragment).toStdString(), "");
+        const QByteArray first = writeRtf(fragment);
+        const RtfReadResult read = readRtf(first);
+        ASSERT_TRUE(read.outcome) << "seed " << seed;
+        ASSERT_EQ(faultOf(read.fragment).toStdString(), "") << "seed " << seed;
+        ASSERT_EQ(describeAll(read.fragment).toStdString(), describeAll(fragment).toStdString())
+            << "seed " << seed;
+        ASSERT_EQ(writeRtf(read.fragment), first) << "seed " << seed;
+    }
+}
+
+TEST(RtfWriter, EveryRunNamesItsSizeAndTheFontTableHasItsClosingMark) {
+    for (unsigned seed = 1; seed <= 50; ++seed) {
+        const RichTextFragment fragment = randomFragment(seed);
+        const QByteArray rtf = writeRtf(fragment);
+        const qsizetype table = rtf.indexOf("{\\fonttbl{\\f0\\fnil ");
+        ASSERT_GT(table, 0);
+        ASSERT_GT(rtf.indexOf(";}}", table), table);
+        ASSERT_EQ(rtf.count("\\plain\\f"), rtf.count("\\fs")) << rtf.constData();
+        ASSERT_EQ(rtf.count("\\pard"), static_cast<qsizetype>(fragment.paragraphs.size()));
+        ASSERT_EQ(rtf.count("\\par\r\n"), static_cast<qsizetype>(fragment.paragraphs.size()) - 1);
+        ASSERT_TRUE(std::all_of(rtf.begin(), rtf.end(), [](char byte) {
+            return (byte >= 0x20 && byte < 0x7F) || byte == '\r' || byte == '\n';
+        }));
+    }
+}
+
+TEST(RtfWriter, FormatsThatLookTheSameAreOne) {
+    RichTextFragment fragment;
+    CharacterFormat format;
+    format.fontName = QStringLiteral("Arial");
+    format.halfPoints = 52;
+    fragment.formats = {format, format};
+    Paragraph paragraph;
+    paragraph.text = QStringLiteral("ab\u2028c");
+    paragraph.runs = {{1, 0}, {3, 1}};
+    paragraph.endFormat = 1;
+    fragment.paragraphs = {paragraph, {}};
+    fragment.paragraphs[1].format.alignment = Alignment::Centre;
+    EXPECT_EQ(writeRtf(fragment).toStdString(),
+              "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil Arial;}}\r\n"
+              "{\\colortbl ;}\r\n\\viewkind4\r\n"
+              "\\pard\\plain\\f0\\fs52 ab\\line c\\par\r\n\\pard\\qc\\plain\\f0\\fs52 }\r\n");
+}
+
+TEST(RtfWriter, WhatAFileCannotHoldIsLeftOutOnce) {
+    RichTextFragment fragment;
+    CharacterFormat format;
+    format.fontName = QStringLiteral("A;B\n}");
+    format.halfPoints = 100'000;
+    format.color = 0xFF000001;
+    fragment.formats = {format};
+    Paragraph paragraph;
+    paragraph.text = QStringLiteral("a\u0001\n\uFFFC\uFFFF") + QChar(0xD800) + u'b';
+    paragraph.runs = {{static_cast<int>(paragraph.text.size()), 0}};
+    paragraph.format.leftOffsetTwips = 1'000'000;
+    fragment.paragraphs = {paragraph};
+    const RtfReadResult read = readRtf(writeRtf(fragment));
+    ASSERT_TRUE(read.outcome);
+    EXPECT_EQ(faultOf(read.fragment).toStdString(), "");
+    EXPECT_EQ(describeAll(read.fragment),
+              u"[li31680]{2000 c=010000 'AB }':a\ufffdb}<2000 c=010000 'AB }'>"_qs);
+    const QByteArray second = writeRtf(read.fragment);
+    EXPECT_EQ(writeRtf(readRtf(second).fragment), second);
+
+    const RtfReadResult empty = readRtf(writeRtf({}));
+    ASSERT_TRUE(empty.outcome);
+    EXPECT_EQ(describeAll(empty.fragment), u"<>"_qs);
+}
+
+} // namespace
+} // namespace velmora
