@@ -63,7 +63,7 @@ std::vector<std::vector<StyledText>> paragraphs() {
          styled(u"gypsy quilt of jf"_qs, serif, 36, "bi")},
         {styled(u"Été à l'Île, Ñandú; ärger über Öl "_qs, serif, 28),
          styled(u"and plain words in small print that go on to fill the line"_qs, sans, 17)},
-        {styled(u"abc \u05e9\u05dc\u05d5\u05dd 12 \u05d0\u05d1 def \ue000\u4e2d"_qs,
+        {styled(u"abc \u05e9\u05dc\u05d5\u05dd 12 \u05d0\u05d1 def T\u0301 \ue000\u4e2d"_qs,
                 QStringLiteral("DejaVu Sans"), 30),
          styled(u" mono fi\t|"_qs, QStringLiteral("DejaVu Sans Mono"), 24, "i")},
     };
@@ -212,6 +212,7 @@ TEST_P(LinePrinterInk, EqualsTheTextEnginesAndStaysInsideTheWindow) {
                         continue;
                     EXPECT_NEAR(ink.x - ink.left, expected.x - expected.left, 1);
                     EXPECT_NEAR(box.rowHeight - ink.y, line.bottom - expected.y, 1);
+                    EXPECT_NEAR(ink.bottom - ink.top, expected.bottom - expected.top, 1.5);
                     EXPECT_LT(unlikeness(expected, ink), 0.3);
                 }
             }
