@@ -22,7 +22,7 @@ int failed(const QString& text) {
 } // namespace
 
 int convertScript(Session& session, const QString& from, const QString& to) {
-    UnattendedHost host(session);
+    UnattendedHost host(session, UnattendedHost::Notices::Nowhere);
     applyEditorDefaults(session);
     const Outcome loaded = ScriptLoader(session, host, nullptr).loadUnattended(from);
     if (!loaded) {

@@ -20,7 +20,7 @@ double UnattendedHost::comboFontSize() const {
 }
 
 void UnattendedHost::showNotice(const QString& text) {
-    if (!text.isEmpty()) {
+    if (!text.isEmpty() && m_notices == Notices::ToTerminal) {
         QTextStream(stderr) << "velmora: " << text << '\n';
     }
 }

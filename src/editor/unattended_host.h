@@ -7,10 +7,13 @@ namespace velmora {
 class Session;
 
 /// The main window's stand-in where there is none: unattended runs. Its font is that of the
-/// settings; notices go to stderr.
+/// settings; notices go to stderr, or nowhere where nothing is shown that they could be about.
 class UnattendedHost final : public EditorHost {
 public:
-    explicit UnattendedHost(Session& session) : m_session(session) {}
+    enum class Notices { ToTerminal, Nowhere };
+
+    explicit UnattendedHost(Session& session, Notices notices = Notices::ToTerminal)
+        : m_session(session), m_notices(notices) {}
 
     void sendZoom() override;
     void focusEditor() override {}
@@ -24,6 +27,7 @@ public:
 
 private:
     Session& m_session;
+    Notices m_notices;
     int m_firstLine = 0;
 };
 
