@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <utility>
@@ -226,8 +227,8 @@ SettingsFile::LoadResult SettingsFile::load(Settings& settings) {
     }
     settings = Settings();
     QFile file(path());
-    m_damaged =
-        !file.open(QIODevice::ReadOnly) || !readFields(decodeText(file.read(MaxBytes)), settings);
+    m_damaged = !file.open(QIODevice::ReadOnly) ||
+                !readFields(decodeText(file.read(std::min(file.size(), MaxBytes))), settings);
     if (m_damaged) {
         resetAfterDamage(settings, std::move(defaults));
     }

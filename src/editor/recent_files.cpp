@@ -25,7 +25,7 @@ void RecentFileTable::read() {
     if (!file.open(QIODevice::ReadOnly)) {
         return;
     }
-    QString text = decodeText(file.read(MaxBytes));
+    QString text = decodeText(file.read(std::min(file.size(), MaxBytes)));
     const QStringList lines =
         text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split(u'\n');
     for (qsizetype i = 0; i + 1 < lines.size() && i / 2 < Rows; i += 2) {

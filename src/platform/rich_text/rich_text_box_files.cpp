@@ -41,7 +41,8 @@ Outcome readFile(const QString& path, qint64 limit, QByteArray& bytes) {
         return Outcome::failure(
             QStringLiteral("The file cannot be read: %1.").arg(file.errorString()));
     }
-    bytes = file.read(limit);
+    // Not read(limit): that would reserve the limit for every file.
+    bytes = file.read(info.size());
     if (file.error() != QFileDevice::NoError) {
         return Outcome::failure(
             QStringLiteral("The file cannot be read: %1.").arg(file.errorString()));
