@@ -112,6 +112,7 @@ void FrameComposer::renderLine(int line, int height) {
         box.rowHeight = height;
         box.zoom = m_source.FontScale;
         box.alignment = m_source.TextAlignment;
+        box.rightToLeft = m_source.rtb2->isRightToLeft(entry.index);
         // A centred line that ends in text with a background carries it on to the window's edge.
         box.extendBackground =
             box.alignment == Alignment::Centre && runs.back().format.backColor != 0;

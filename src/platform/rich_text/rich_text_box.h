@@ -160,6 +160,8 @@ public:
     // ----------------------------------------------------------------------------------
     /// The runs of a range, which must lie inside one paragraph.
     [[nodiscard]] std::vector<StyledText> styledText(int position, int length) const;
+    /// Reading order of the paragraph that holds a position.
+    [[nodiscard]] bool isRightToLeft(int position) const;
     /// Draws the selection, one line of it, into a surface; "^" and "~" are left out. Glyph masks
     /// come from the cache, which must be of the same fonts for the life of the process.
     void SelPrint(Surface& target, const PrintBox& box, GlyphMaskCache& cache) const;

@@ -46,6 +46,11 @@ std::vector<StyledText> RichTextBox::styledText(int position, int length) const 
     return styledRuns(d->document, d->rangeOf(position, length));
 }
 
+bool RichTextBox::isRightToLeft(int position) const {
+    const QTextBlock block = d->document.findBlock(toDocument(position));
+    return fromBlockFormat(block.blockFormat()).rightToLeft;
+}
+
 void RichTextBox::SelPrint(Surface& target, const PrintBox& box, GlyphMaskCache& cache) const {
     const DocumentRange range = d->selected();
     const QTextBlock block = d->document.findBlock(range.begin);
