@@ -1,0 +1,73 @@
+#include "platform/rich_text/rich_text_view_clipboard.h"
+
+#include "platform/rich_text/rich_text_box.h"
+
+#include <QMimeData>
+#include <QUrl>
+
+#include <algorithm>
+#include <array>
+
+namespace velmora {
+
+namespace {
+
+/// The names under which programs offer RTF, the usual one first. Some word processors put RTF
+/// under the name of an older format, so the contents are looked at too.
+constexpr std::array RtfNames = {"text/rtf", "application/rtf", "text/richtext",
+                                 "application/x-qt-windows-mime;value=\"Rich Text Format\""};
+
+QByteArray rtfOf(const QMimeData& data) {
+    for (const char* name : RtfNames) {
+        const QByteArray rtf = data.data(QString::fromLatin1(name));
+        if (rtf.startsWith("{\\rtf")) {
+            return rtf;
+        }
+    }
+    return {};
+}
+
+QString withPlainLineEnds(QString text) {
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text.replace(QChar(0x0B), QLatin1Char('\n'));
+    return text;
+}
+
+} // namespace
+
+std::unique_ptr<QMimeData> selectionMimeData(const RichTextBox& box) {
+    if (box.SelLength() == 0) {
+        return nullptr;
+    }
+    auto data = std::make_unique<QMimeData>();
+    const QByteArray rtf = box.SelRTF();
+    data->setData(QString::fromLatin1(RtfNames[0]), rtf);
+    data->setData(QString::fromLatin1(RtfNames[1]), rtf);
+    data->setText(withPlainLineEnds(box.SelText()));
+    return data;
+}
+
+bool hasText(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    const bool hasFiles =
+        std::any_of(urls.cbegin(), urls.cend(), [](const QUrl& url) { return url.isLocalFile(); });
+    return !hasFiles && (data.hasText() || !rtfOf(data).isEmpty());
+}
+
+bool insertMimeData(RichTextBox& box, const QMimeData& data) {
+    if (!hasText(data)) {
+        return false;
+    }
+    const QByteArray rtf = rtfOf(data);
+    if (!rtf.isEmpty() && box.setSelRTF(rtf)) {
+        return true;
+    }
+    const QString text = data.text();
+    if (text.isEmpty()) {
+        return false;
+    }
+    box.setSelText(text);
+    return true;
+}
+
+} // namespace velmora

@@ -1,0 +1,230 @@
+#include "platform/rich_text/rich_text_view_keys.h"
+
+#include "platform/rich_text/rich_text_box.h"
+
+#include <QKeyEvent>
+#include <QTextCursor>
+
+#include <algorithm>
+#include <array>
+
+namespace velmora {
+
+enum class KeyHandler::Step {
+    Left,
+    Right,
+    WordLeft,
+    WordRight,
+    LineStart,
+    LineEnd,
+    TextStart,
+    TextEnd,
+    ParagraphStart,
+    ParagraphEnd,
+    Up,
+    Down,
+    PageUp,
+    PageDown,
+};
+
+/// The keys of a step, alone and with the selection extended.
+struct KeyHandler::MoveBinding final {
+    QKeySequence::StandardKey move;
+    QKeySequence::StandardKey extend;
+    Step step;
+    /// Not used for the vertical steps, which keep the wanted place on the line.
+    QTextCursor::MoveOperation operation = QTextCursor::NoMove;
+};
+
+struct KeyHandler::EditBinding final {
+    QKeySequence::StandardKey key;
+    void (*act)(KeyHandler&);
+    /// Also where the text may not be changed.
+    bool inReadOnly = false;
+};
+
+const KeyHandler::MoveBinding* KeyHandler::moveBinding(const QKeyEvent& event,
+                                                       SelectionMode& mode) {
+    using K = QKeySequence;
+    using C = QTextCursor;
+    static constexpr std::array bindings = {
+        MoveBinding{K::MoveToPreviousChar, K::SelectPreviousChar, Step::Left, C::Left},
+        MoveBinding{K::MoveToNextChar, K::SelectNextChar, Step::Right, C::Right},
+        MoveBinding{K::MoveToPreviousWord, K::SelectPreviousWord, Step::WordLeft, C::WordLeft},
+        MoveBinding{K::MoveToNextWord, K::SelectNextWord, Step::WordRight, C::WordRight},
+        MoveBinding{K::MoveToStartOfLine, K::SelectStartOfLine, Step::LineStart, C::StartOfLine},
+        MoveBinding{K::MoveToEndOfLine, K::SelectEndOfLine, Step::LineEnd, C::EndOfLine},
+        MoveBinding{K::MoveToStartOfDocument, K::SelectStartOfDocument, Step::TextStart, C::Start},
+        MoveBinding{K::MoveToEndOfDocument, K::SelectEndOfDocument, Step::TextEnd, C::End},
+        MoveBinding{K::MoveToStartOfBlock, K::SelectStartOfBlock, Step::ParagraphStart,
+                    C::StartOfBlock},
+        MoveBinding{K::MoveToEndOfBlock, K::SelectEndOfBlock, Step::ParagraphEnd, C::EndOfBlock},
+        MoveBinding{K::MoveToPreviousLine, K::SelectPreviousLine, Step::Up},
+        MoveBinding{K::MoveToNextLine, K::SelectNextLine, Step::Down},
+        MoveBinding{K::MoveToPreviousPage, K::SelectPreviousPage, Step::PageUp},
+        MoveBinding{K::MoveToNextPage, K::SelectNextPage, Step::PageDown},
+    };
+    for (const MoveBinding& binding : bindings) {
+        if (event.matches(binding.move)) {
+            mode = SelectionMode::Move;
+            return &binding;
+        }
+        if (event.matches(binding.extend)) {
+            mode = SelectionMode::Extend;
+            return &binding;
+        }
+    }
+    return nullptr;
+}
+
+const KeyHandler::EditBinding* KeyHandler::editBinding(const QKeyEvent& event) {
+    using K = QKeySequence;
+    static constexpr std::array bindings = {
+        EditBinding{K::Copy, [](KeyHandler& keys) { keys.m_clipboard.copy(); }, true},
+        EditBinding{K::SelectAll, [](KeyHandler& keys) { keys.m_core.box().selectAll(); }, true},
+        EditBinding{K::Cut, [](KeyHandler& keys) { keys.m_clipboard.cut(); }},
+        EditBinding{K::Paste, [](KeyHandler& keys) { keys.m_clipboard.paste(); }},
+        EditBinding{K::Backspace, [](KeyHandler& keys) { keys.deleteBackward(); }},
+        EditBinding{K::Delete, [](KeyHandler& keys) { keys.deleteForward(); }},
+        EditBinding{K::DeleteStartOfWord,
+                    [](KeyHandler& keys) { keys.deleteWord(Step::WordLeft); }},
+        EditBinding{K::DeleteEndOfWord, [](KeyHandler& keys) { keys.deleteWord(Step::WordRight); }},
+        EditBinding{K::InsertParagraphSeparator,
+                    [](KeyHandler& keys) { keys.m_core.insertText(QStringLiteral("\r\n")); }},
+        EditBinding{K::InsertLineSeparator,
+                    [](KeyHandler& keys) { keys.m_core.insertText(QString(QChar(0x0B))); }},
+    };
+    const auto found = std::find_if(bindings.begin(), bindings.end(), [&](const EditBinding& item) {
+        return event.matches(item.key);
+    });
+    return found == bindings.end() ? nullptr : &*found;
+}
+
+/// Control and Alt alone make commands; together they are AltGr, which types.
+bool KeyHandler::isTyping(const QKeyEvent& event) {
+    if (event.text().isEmpty()) {
+        return false;
+    }
+    const Qt::KeyboardModifiers modifiers = event.modifiers();
+    const bool control = modifiers.testFlag(Qt::ControlModifier);
+    const bool alt = modifiers.testFlag(Qt::AltModifier);
+    if ((control && !alt) || modifiers.testFlag(Qt::MetaModifier)) {
+        return false;
+    }
+    const QChar first = event.text().at(0);
+    // Joiners and direction marks are not printable, yet typed on purpose.
+    return first.isPrint() || first.isSurrogate() || first == QLatin1Char('\t') ||
+           first.category() == QChar::Other_Format || first.category() == QChar::Other_PrivateUse;
+}
+
+bool KeyHandler::handleKey(QKeyEvent& event) {
+    SelectionMode mode = SelectionMode::Move;
+    if (const MoveBinding* binding = moveBinding(event, mode)) {
+        move(*binding, mode);
+        return true;
+    }
+    if (const EditBinding* binding = editBinding(event)) {
+        if (binding->inReadOnly || !m_core.isReadOnly()) {
+            binding->act(*this);
+        }
+        return true;
+    }
+    if (isTyping(event) && !m_core.isReadOnly()) {
+        m_core.insertText(event.text());
+        return true;
+    }
+    return false;
+}
+
+bool KeyHandler::claims(const QKeyEvent& event) const {
+    SelectionMode mode = SelectionMode::Move;
+    if (moveBinding(event, mode) != nullptr) {
+        return true;
+    }
+    const EditBinding* binding = editBinding(event);
+    if (binding != nullptr) {
+        return binding->inReadOnly || !m_core.isReadOnly();
+    }
+    return isTyping(event) && !event.modifiers().testFlag(Qt::AltModifier) && !m_core.isReadOnly();
+}
+
+void KeyHandler::move(const MoveBinding& binding, SelectionMode mode) {
+    if (binding.operation == QTextCursor::NoMove) {
+        m_core.moveCaret(verticalTarget(binding.step, mode), mode);
+        m_lastVertical = m_core.caret();
+        return;
+    }
+    QTextCursor cursor(&m_core.box().document());
+    cursor.setPosition(m_core.caret());
+    const bool oneCharacter = binding.step == Step::Left || binding.step == Step::Right;
+    if (oneCharacter && mode == SelectionMode::Move && m_core.hasSelection()) {
+        const bool rightToLeft = cursor.block().textDirection() == Qt::RightToLeft;
+        const bool toStart = (binding.step == Step::Left) != rightToLeft;
+        m_core.moveCaret(toStart ? m_core.selectionStart() : m_core.selectionEnd(), mode);
+        return;
+    }
+    cursor.movePosition(binding.operation);
+    m_core.moveCaret(cursor.position(), mode);
+}
+
+int KeyHandler::verticalTarget(Step step, SelectionMode mode) {
+    const ViewGeometry& geometry = m_core.geometry();
+    const int caret = m_core.caret();
+    if (m_lastVertical != caret) {
+        m_wantedX = geometry.caretX(caret);
+    }
+    const LinePlace from = geometry.lineOfPosition(caret);
+    LinePlace to;
+    if (step == Step::Up || step == Step::Down) {
+        to = geometry.lineByNumber(from.number + (step == Step::Up ? -1 : 1));
+    } else {
+        const double rows = geometry.viewportSize().height();
+        const double middle = geometry.lineRect(from).center().y();
+        to = geometry.lineAt(step == Step::PageUp ? middle - rows : middle + rows);
+        scrollByPage(step);
+    }
+    if (to.number == from.number && mode == SelectionMode::Extend) {
+        // At the first or last line the selection takes the rest of it.
+        const bool upwards = step == Step::Up || step == Step::PageUp;
+        return upwards ? 0 : m_core.box().document().characterCount() - 1;
+    }
+    return geometry.positionOnLine(to, m_wantedX);
+}
+
+void KeyHandler::scrollByPage(Step step) {
+    const int rows = m_core.geometry().viewportSize().height();
+    m_core.scrollBy(step == Step::PageUp ? -rows : rows);
+}
+
+void KeyHandler::removeSelectionOr(int other) {
+    if (m_core.hasSelection()) {
+        m_core.insertText(QString());
+    } else {
+        m_core.remove(m_core.caret(), other);
+    }
+}
+
+void KeyHandler::deleteBackward() {
+    // One character, not the whole cluster: an accent that was typed behind its letter goes alone.
+    const QTextDocument& document = m_core.box().document();
+    const int caret = m_core.caret();
+    const bool pair = caret >= 2 && document.characterAt(caret - 1).isLowSurrogate() &&
+                      document.characterAt(caret - 2).isHighSurrogate();
+    removeSelectionOr(std::max(0, caret - (pair ? 2 : 1)));
+}
+
+void KeyHandler::deleteForward() {
+    QTextCursor cursor(&m_core.box().document());
+    cursor.setPosition(m_core.caret());
+    cursor.movePosition(QTextCursor::NextCharacter);
+    removeSelectionOr(cursor.position());
+}
+
+void KeyHandler::deleteWord(Step step) {
+    QTextCursor cursor(&m_core.box().document());
+    cursor.setPosition(m_core.caret());
+    cursor.movePosition(step == Step::WordLeft ? QTextCursor::PreviousWord : QTextCursor::NextWord);
+    removeSelectionOr(cursor.position());
+}
+
+} // namespace velmora
