@@ -46,6 +46,31 @@ QTextOption optionFor(const ParagraphFormat& format) {
     return option;
 }
 
+/// Whether blanks at a line's end move the text that they follow.
+bool blanksMatter(const ParagraphFormat& format) {
+    return format.alignment != (format.rightToLeft ? Alignment::Right : Alignment::Left);
+}
+
+/// The text layout lets blanks hang over the edge at a break; at the end of a paragraph they count
+/// for the alignment, unless the line is moved by this much.
+double hangingShift(const QTextLine& line, const QString& text, const ParagraphFormat& format) {
+    const int begin = line.textStart();
+    const int end = begin + line.textLength();
+    if (end != text.size()) {
+        return 0;
+    }
+    int inkEnd = end;
+    while (inkEnd > begin && (text[inkEnd - 1] == u' ' || text[inkEnd - 1] == u'\t')) {
+        --inkEnd;
+    }
+    if (inkEnd == end || inkEnd == begin) {
+        return 0;
+    }
+    const double blanks = std::abs(line.cursorToX(end) - line.cursorToX(inkEnd));
+    const double share = format.alignment == Alignment::Centre ? 0.5 : 1;
+    return (format.rightToLeft ? -share : share) * blanks;
+}
+
 } // namespace
 
 DocumentLayout::DocumentLayout(QTextDocument* document) : QAbstractTextDocumentLayout(document) {
@@ -118,7 +143,9 @@ double DocumentLayout::layOutBlock(QTextBlock block) const {
     const ParagraphFormat format = fromBlockFormat(block.blockFormat());
     const int indent = format.leftOffsetTwips + format.firstLineOffsetTwips;
     const bool mayHoldLongWords = block.length() > LongWords::MaxWordLength;
-    LongWords longWords(mayHoldLongWords ? block.text() : QString());
+    const bool lineEndsMatter = blanksMatter(format) && block.length() > 1;
+    const QString text = mayHoldLongWords || lineEndsMatter ? block.text() : QString();
+    LongWords longWords(mayHoldLongWords ? text : QString());
     QTextLayout* layout = block.layout();
     QTextOption option = optionFor(format);
     layout->setTextOption(option);
@@ -134,7 +161,9 @@ double DocumentLayout::layOutBlock(QTextBlock block) const {
             offsetUnits(line.lineNumber() == 0 ? indent : format.leftOffsetTwips, m_wrapWidth);
         line.setLeadingIncluded(true);
         line.setLineWidth(m_wrapWidth - offset);
-        line.setPosition(QPointF(format.rightToLeft ? 0 : offset, std::min(y, MaxLineTop)));
+        const double shift = lineEndsMatter ? hangingShift(line, text, format) : 0;
+        line.setPosition(
+            QPointF((format.rightToLeft ? 0 : offset) + shift, std::min(y, MaxLineTop)));
         y += line.height();
         begin = line.textStart() + line.textLength();
     }

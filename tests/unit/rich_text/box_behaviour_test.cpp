@@ -1,0 +1,299 @@
+#include "platform/rich_text/fragment_text.h"
+#include "platform/rich_text/rich_text_box.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+CharacterFormat arial(int halfPoints) {
+    CharacterFormat format;
+    format.fontName = QStringLiteral("Arial");
+    format.halfPoints = halfPoints;
+    return format;
+}
+
+/// Counts the signals of a box from here on.
+class Signals final {
+public:
+    explicit Signals(RichTextBox& box) {
+        QObject::connect(&box, &RichTextBox::Change, &m_context, [this] { ++m_changes; });
+        QObject::connect(&box, &RichTextBox::SelChange, &m_context, [this] { ++m_movements; });
+        QObject::connect(&box, &RichTextBox::appearanceChanged, &m_context,
+                         [this] { ++m_appearances; });
+    }
+
+    /// Changes, movements and appearances since the last call, as one number of three digits.
+    int take() {
+        const int result = 100 * m_changes + 10 * m_movements + m_appearances;
+        m_changes = m_movements = m_appearances = 0;
+        return result;
+    }
+
+private:
+    QObject m_context;
+    int m_changes = 0;
+    int m_movements = 0;
+    int m_appearances = 0;
+};
+
+// "ab", line end, "c", line end inside of the paragraph, "d", a character of two units, line end.
+const QString Sample = QStringLiteral("ab\r\nc\vd\U0001F600\r\n");
+
+TEST(BoxBehaviour, PositionsCountLineEndsAndPairsAsTwo) {
+    RichTextBox box;
+    box.setText(Sample);
+    EXPECT_EQ(box.Text(), Sample);
+    EXPECT_EQ(box.textLength(), Sample.size());
+    struct Case {
+        int set;
+        int told;
+        int document;
+    };
+    for (const Case& c :
+         {Case{-9, 0, 0}, Case{2, 2, 2}, Case{3, 2, 2}, Case{4, 4, 3}, Case{6, 6, 5}, Case{7, 7, 6},
+          Case{8, 7, 6}, Case{9, 9, 8}, Case{10, 9, 8}, Case{11, 11, 9}, Case{99, 11, 9}}) {
+        box.setSelStart(c.set);
+        EXPECT_EQ(box.SelStart(), c.told) << c.set;
+        EXPECT_EQ(box.toDocument(c.set), c.document) << c.set;
+        EXPECT_EQ(box.fromDocument(c.document), c.told) << c.set;
+    }
+}
+
+TEST(BoxBehaviour, HalfALineEndIsTheLineEnd) {
+    struct Case {
+        int anchor;
+        int caret;
+        QString selected;
+        QString left;
+    };
+    const Case cases[] = {
+        {2, 3, QStringLiteral("\r\n"), QStringLiteral("abc\vd\U0001F600\r\n")},
+        {3, 4, QStringLiteral("\r\n"), QStringLiteral("abc\vd\U0001F600\r\n")},
+        {1, 3, QStringLiteral("b"), QStringLiteral("a\r\nc\vd\U0001F600\r\n")},
+        {5, 3, QStringLiteral("\r\nc"), QStringLiteral("ab\vd\U0001F600\r\n")},
+        {8, 7, QStringLiteral("\U0001F600"), QStringLiteral("ab\r\nc\vd\r\n")},
+        {5, 6, QStringLiteral("\v"), QStringLiteral("ab\r\ncd\U0001F600\r\n")},
+        {10, 11, QStringLiteral("\r\n"), QStringLiteral("ab\r\nc\vd\U0001F600")},
+    };
+    for (const Case& c : cases) {
+        RichTextBox box;
+        box.setText(Sample);
+        box.select(c.anchor, c.caret);
+        EXPECT_EQ(box.SelText(), c.selected) << c.anchor;
+        EXPECT_EQ(box.caretPosition(),
+                  c.anchor < c.caret ? box.SelStart() + box.SelLength() : box.SelStart());
+        box.setSelText({});
+        EXPECT_EQ(box.Text(), c.left) << c.anchor;
+    }
+    RichTextBox box;
+    box.setText(Sample);
+    box.setSelStart(3);
+    box.setSelLength(4);
+    EXPECT_EQ(box.SelStart(), 2);
+    EXPECT_EQ(box.SelLength(), 4);
+    box.setSelLength(-1);
+    EXPECT_EQ(box.SelLength(), 0);
+    box.setSelLength(std::numeric_limits<int>::max());
+    EXPECT_EQ(box.SelText(), Sample.mid(2));
+}
+
+TEST(BoxBehaviour, InsertedLineEndsAreAllOneKind) {
+    for (const char16_t* end : {u"\r\n", u"\r", u"\n", u"\u2029"}) {
+        RichTextBox box;
+        box.setText(QStringLiteral("xy"));
+        box.setSelStart(1);
+        box.setSelText(QString::fromUtf16(end).repeated(2));
+        EXPECT_EQ(box.Text(), QStringLiteral("x\r\n\r\ny"));
+        EXPECT_EQ(box.SelStart(), 5);
+    }
+    // What a document reserves for itself does not break it.
+    RichTextBox box;
+    const QString odd = QStringLiteral("a\uFDD0b\uFDD1c\uFFFC\u0001\u0085%1d").arg(QChar(u'\0'));
+    box.setText(odd);
+    EXPECT_EQ(box.Text(), QStringLiteral("a\uFFFDb\uFFFDc\uFFFC\u0001\u0085%1d").arg(QChar(u'\0')));
+    EXPECT_EQ(box.document().blockCount(), 1);
+}
+
+TEST(BoxBehaviour, FindIgnoresCaseAndSelectsTheMatch) {
+    RichTextBox box;
+    box.setText(QStringLiteral("One\r\nSTRASSE one \u00C9t\u00E9 \U00010400\tend"));
+    struct Case {
+        QString text;
+        int start;
+        int found;
+    };
+    const Case cases[] = {
+        {QStringLiteral("ONE"), 0, 0},
+        {QStringLiteral("one"), 1, 13},
+        {QStringLiteral("\u00E9T\u00C9"), 0, 17},
+        {QStringLiteral("\U00010428"), 0, 21},
+        {QStringLiteral("\t"), 0, 23},
+        {QStringLiteral("E\r\nS"), 0, 2},
+        {QStringLiteral("one"), 14, -1},
+        {QString(), 0, -1},
+        {QStringLiteral("end"), 99, -1},
+        {QStringLiteral("one"), -5, 0},
+    };
+    for (const Case& c : cases) {
+        box.select(3, 3);
+        EXPECT_EQ(box.Find(c.text, c.start), c.found) << c.text.toStdString();
+        EXPECT_EQ(box.SelStart(), c.found < 0 ? 3 : c.found);
+        EXPECT_EQ(box.SelLength(), c.found < 0 ? 0 : c.text.size());
+    }
+}
+
+TEST(BoxBehaviour, TextKeepsUpWithEditsWhileItIsAskedFor) {
+    RichTextBox box;
+    box.setText(QStringLiteral("start\r\n"));
+    QString expected = box.Text();
+    for (int i = 0; i < 50; ++i) {
+        box.setSelStart(i);
+        box.setSelText(QStringLiteral("\v"));
+        expected.insert(i, u'\v');
+        if (i % 3 == 0 || i > 40) {
+            ASSERT_EQ(box.Text(), expected);
+        }
+    }
+    // As long without a question that the text is no longer kept.
+    for (int i = 0; i < 50; ++i) {
+        box.setSelText(QStringLiteral("x"));
+    }
+    EXPECT_EQ(box.Text().size(), expected.size() + 50);
+}
+
+TEST(BoxBehaviour, ALineEndKeepsWhatIsTypedNext) {
+    RichTextBox box;
+    box.setText(QStringLiteral("plain"));
+    box.setSelStart(5);
+    box.setSelBold(true);
+    box.setSelFontSize(13.5);
+    box.setSelText(QStringLiteral("X\r\n"));
+    EXPECT_EQ(box.SelBold(), true);
+    EXPECT_EQ(box.SelFontSize(), 13.5);
+    box.select(4, 6);
+    EXPECT_EQ(box.SelBold(), std::nullopt);
+    EXPECT_EQ(box.SelFontName(), QStringLiteral("Arial"));
+}
+
+TEST(BoxBehaviour, AnEmptyTextHasTheDefaultFormat) {
+    RichTextBox box;
+    EXPECT_TRUE(box.isEmpty());
+    EXPECT_EQ(box.lineCount(), 1);
+    EXPECT_EQ(box.GetLineFromChar(0), 0);
+    EXPECT_EQ(box.lineIndex(0), 0);
+    EXPECT_EQ(box.lineIndex(1), -1);
+    EXPECT_EQ(box.lineIndex(-1), -1);
+    EXPECT_EQ(box.verticalPosition(0), 1);
+    const double before = box.lineHeight(0);
+    CharacterFormat format = arial(96);
+    format.color = White;
+    box.setDefaultFormat(format);
+    EXPECT_EQ(box.SelColor(), White);
+    EXPECT_NEAR(box.lineHeight(0), before * 4, 0.5);
+    // A colour set in the empty text is the colour of what is typed, wherever the caret has been.
+    box.setSelColor(0xFF);
+    box.selectAll();
+    box.setSelText(QStringLiteral("red"));
+    EXPECT_EQ(box.SelColor(), 0xFFu);
+    box.setText(QStringLiteral("white"));
+    EXPECT_EQ(box.SelColor(), White);
+    box.setDefaultFormat(arial(30));
+    EXPECT_EQ(box.SelFontSize(), 48);
+    EXPECT_TRUE(box.setTextRTF({}));
+    EXPECT_EQ(box.SelFontSize(), 15);
+}
+
+TEST(BoxBehaviour, ASelectionsFragmentKeepsItsParagraphsFormats) {
+    RichTextBox source;
+    source.setFragment(fragmentOfText(u"one\r\ntwo\r\nthree", arial(52), {Alignment::Right}));
+    source.select(1, 2);
+    RichTextBox target;
+    target.replaceSelection(source.selectedFragment());
+    EXPECT_EQ(target.Text(), QStringLiteral("n"));
+    EXPECT_EQ(target.SelAlignment(), Alignment::Right);
+    // Inside a paragraph it takes on the format of its new neighbours.
+    target.setText(QStringLiteral("left"));
+    target.setSelStart(2);
+    source.select(1, 8);
+    target.replaceSelection(source.selectedFragment());
+    EXPECT_EQ(target.Text(), QStringLiteral("lene\r\ntwoft"));
+    EXPECT_EQ(target.SelStart(), 9);
+    EXPECT_EQ(target.SelAlignment(), Alignment::Left);
+    source.setSelStart(1);
+    EXPECT_TRUE(source.selectedFragment().paragraphs.empty());
+}
+
+TEST(BoxBehaviour, SignalsOnceAndOnlyOnADifference) {
+    RichTextBox box;
+    box.setText(QStringLiteral("some\r\ntext"));
+    Signals counter(box);
+    const auto changed = [&counter](int expected, const char* what) {
+        EXPECT_EQ(counter.take(), expected) << what;
+    };
+    box.setText(QStringLiteral("some\r\ntext"));
+    changed(0, "the same text");
+    box.setSelStart(0);
+    changed(0, "the caret where it is");
+    box.select(0, 4);
+    changed(10, "a selection");
+    box.setSelColor(Black);
+    changed(0, "the colour it has");
+    box.setSelColor(White);
+    changed(100, "another colour");
+    box.setSelAlignment(Alignment::Left);
+    changed(0, "the alignment it has");
+    box.selectAll();
+    changed(10, "a longer selection");
+    box.setSelAlignment(Alignment::Centre);
+    changed(100, "another alignment");
+    box.setSelText(QStringLiteral("new"));
+    changed(110, "another text");
+    box.setSelText({});
+    changed(0, "nothing in the place of nothing");
+    box.setSelBold(true);
+    changed(0, "a format of what is typed next");
+    EXPECT_EQ(box.Find(QStringLiteral("missing"), 0), -1);
+    changed(0, "no match");
+    EXPECT_FALSE(box.setTextRTF("no rich text"));
+    changed(0, "a failed replacement");
+    EXPECT_EQ(box.Text(), QStringLiteral("new"));
+    box.setZoom(box.zoom());
+    box.setZoom(0);
+    box.setWrapWidth(box.wrapWidth());
+    box.setRedraw(true);
+    box.setBackColor(box.BackColor());
+    changed(0, "the appearance it has");
+    box.setZoom(4);
+    box.setWrapWidth(200);
+    box.setRedraw(false);
+    box.setBackColor(Black);
+    changed(4, "another appearance");
+    // The contents are complete when the signal comes.
+    QString seen;
+    QObject::connect(&box, &RichTextBox::Change, &box, [&] { seen = box.Text(); });
+    box.setSelText(QStringLiteral("er"));
+    EXPECT_EQ(seen, QStringLiteral("newer"));
+}
+
+TEST(BoxBehaviour, NamesFontsThatAreMissing) {
+    RichTextBox box;
+    CharacterFormat missing = arial(30);
+    missing.fontName = QStringLiteral("No Such Font Anywhere");
+    CharacterFormat there = arial(30);
+    there.fontName = QStringLiteral("dejavu sans");
+    RichTextFragment fragment;
+    fragment.formats = {missing, there};
+    fragment.paragraphs.push_back({QStringLiteral("abcd"), {{2, 0}, {2, 1}}, 0, {}});
+    box.setFragment(fragment);
+    const std::vector<RichTextBox::MissingFont> fonts = box.missingFonts();
+    ASSERT_EQ(fonts.size(), 1u);
+    EXPECT_EQ(fonts.front().name, missing.fontName);
+    EXPECT_FALSE(fonts.front().substitute.isEmpty());
+    box.select(0, 2);
+    box.setSelText({});
+    EXPECT_TRUE(box.missingFonts().empty());
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,125 @@
+#include "platform/rich_text/rich_text_box.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace velmora {
+namespace {
+
+class BoxFiles : public ::testing::Test {
+protected:
+    [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
+
+    [[nodiscard]] QString write(const QString& name, const QByteArray& bytes) const {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        return file.fileName();
+    }
+
+    static QByteArray read(const QString& name) {
+        QFile file(name);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    RichTextBox box;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(BoxFiles, PlainTextOfEveryKindLoadsAndComesBack) {
+    struct Case {
+        QByteArray bytes;
+        QString text;
+        QByteArray saved;
+    };
+    using namespace Qt::Literals::StringLiterals;
+    const Case cases[] = {
+        {"", u""_qs, ""},
+        {"a\nb\rc\r\nd", u"a\r\nb\r\nc\r\nd"_qs, "a\r\nb\r\nc\r\nd"},
+        {"line\x0Bnext", u"line\vnext"_qs, "line\x0Bnext"},
+        {"\xE9t\xE9 \x80\x85", u"\u00E9t\u00E9 \u20AC\u2026"_qs, "\xE9t\xE9 \x80\x85"},
+        {"\xC3\xA9", u"\u00E9"_qs, "\xE9"},
+        {"\xEF\xBB\xBF\xD0\x96", u"\u0416"_qs, "\xEF\xBB\xBF\xD0\x96"},
+        {QByteArray("\xFF\xFE\x16\x04\x0D\x00\x0A\x00", 8), u"\u0416\r\n"_qs,
+         "\xEF\xBB\xBF\xD0\x96\r\n"},
+        {QByteArray("\xFE\xFF\x04\x16", 4), u"\u0416"_qs, "\xEF\xBB\xBF\xD0\x96"},
+        {QByteArray("a\0b\x01\x1A", 5), QString::fromLatin1("a\0b\x01\x1A", 5),
+         QByteArray("a\0b\x01\x1A", 5)},
+    };
+    for (const Case& c : cases) {
+        const QString name = write(u"in.txt"_qs, c.bytes);
+        ASSERT_TRUE(box.LoadFile(name, FileFormat::PlainText));
+        EXPECT_EQ(box.Text(), c.text);
+        const QString out = path(u"out.txt"_qs);
+        ASSERT_TRUE(box.SaveFile(out, FileFormat::PlainText));
+        EXPECT_EQ(read(out), c.saved);
+        ASSERT_TRUE(box.LoadFile(out, FileFormat::PlainText));
+        EXPECT_EQ(box.Text(), c.text);
+    }
+}
+
+TEST_F(BoxFiles, RichTextComesBack) {
+    box.setText(QStringLiteral("Gr\u00FC\u00DFe\r\nzweite"));
+    box.select(0, 3);
+    box.setSelBold(true);
+    box.setSelAlignment(Alignment::Centre);
+    const QString name = path(QStringLiteral("script.rtf"));
+    ASSERT_TRUE(box.SaveFile(name, FileFormat::Rtf));
+    RichTextBox other;
+    ASSERT_TRUE(other.LoadFile(name, FileFormat::Rtf));
+    EXPECT_EQ(other.Text(), box.Text());
+    EXPECT_EQ(other.SelAlignment(), Alignment::Centre);
+    other.select(0, 3);
+    EXPECT_EQ(other.SelBold(), true);
+    other.select(0, 4);
+    EXPECT_EQ(other.SelBold(), std::nullopt);
+}
+
+TEST_F(BoxFiles, FailuresHaveAReasonAndChangeNothing) {
+    const QString folder = path(QStringLiteral("folder"));
+    QDir().mkpath(folder);
+    const QString huge = path(QStringLiteral("huge.txt"));
+    ASSERT_TRUE(QFile(huge).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile::resize(huge, 64ll * 1024 * 1024 + 1));
+    struct Case {
+        QString path;
+        FileFormat format;
+        QString reason;
+    };
+    const Case cases[] = {
+        {path(QStringLiteral("missing.txt")), FileFormat::PlainText,
+         QStringLiteral("no such file")},
+        {folder, FileFormat::Rtf, QStringLiteral("folder")},
+        {QString(), FileFormat::Rtf, QStringLiteral("no such file")},
+        {huge, FileFormat::PlainText, QStringLiteral("65 MB, and 64 MB is the most")},
+        {write(QStringLiteral("text.rtf"), "just text"), FileFormat::Rtf, QString()},
+        {QStringLiteral("/dev/null"), FileFormat::PlainText, QStringLiteral("not a file")},
+    };
+    box.setText(QStringLiteral("kept"));
+    for (const Case& c : cases) {
+        const Outcome outcome = box.LoadFile(c.path, c.format);
+        EXPECT_FALSE(outcome) << c.path.toStdString();
+        EXPECT_FALSE(outcome.reason().isEmpty());
+        EXPECT_TRUE(outcome.reason().contains(c.reason)) << outcome.reason().toStdString();
+        EXPECT_EQ(box.Text(), QStringLiteral("kept"));
+    }
+}
+
+TEST_F(BoxFiles, AFailedSaveLeavesTheOldFileWhole) {
+    const QString folder = path(QStringLiteral("a folder where a file should be"));
+    QDir().mkpath(folder);
+    for (const QString& target : {folder, path(QStringLiteral("missing/script.txt"))}) {
+        const Outcome outcome = box.SaveFile(target, FileFormat::PlainText);
+        EXPECT_FALSE(outcome);
+        EXPECT_FALSE(outcome.reason().isEmpty());
+    }
+    EXPECT_TRUE(QDir(folder).exists());
+}
+
+} // namespace
+} // namespace velmora

@@ -1,0 +1,249 @@
+#include "random_fragment.h"
+
+#include "platform/rich_text/document_layout.h"
+#include "platform/rich_text/fragment_text.h"
+#include "platform/rich_text/long_words.h"
+#include "platform/rich_text/rich_text_box.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace velmora {
+namespace {
+
+CharacterFormat arial(int halfPoints) {
+    CharacterFormat format;
+    format.fontName = QStringLiteral("Arial");
+    format.halfPoints = halfPoints;
+    return format;
+}
+
+void fill(RichTextBox& box, const QString& text, const ParagraphFormat& paragraph = {},
+          int halfPoints = 52) {
+    box.setFragment(fragmentOfText(text, arial(halfPoints), paragraph));
+}
+
+TEST(LayoutLines, CoverTheTextAndFitTheWidth) {
+    for (unsigned seed = 1; seed <= 60; ++seed) {
+        RandomFragments random(seed);
+        RichTextBox box;
+        box.setWrapWidth(60 + random.below(400));
+        box.setFragment(random.fragment(12, 40));
+        const DocumentLayout& layout = box.layout();
+        int expectedStart = 0;
+        double expectedTop = 0;
+        for (int number = 0; number < layout.lineCount(); ++number) {
+            const LinePlace place = layout.lineAt(number);
+            ASSERT_TRUE(place.isValid());
+            EXPECT_EQ(place.number, number);
+            EXPECT_EQ(place.start(), expectedStart);
+            EXPECT_DOUBLE_EQ(place.top, expectedTop);
+            EXPECT_GT(place.height, 0);
+            EXPECT_EQ(layout.lineOfPosition(place.start()).number, number);
+            EXPECT_EQ(layout.lineAtHeight(place.top + place.height / 2).number, number);
+            const bool isOneCharacter = place.line.textLength() <= 2;
+            if (!isOneCharacter) {
+                EXPECT_LE(place.line.horizontalAdvance(), place.line.width() + 1.0 / 64);
+            }
+            expectedStart += place.line.textLength();
+            expectedTop += place.height;
+            if (expectedStart == place.block.position() + place.block.length() - 1 &&
+                place.line.lineNumber() == place.block.layout()->lineCount() - 1) {
+                ++expectedStart;
+            }
+        }
+        EXPECT_EQ(expectedStart, box.document().characterCount());
+        EXPECT_DOUBLE_EQ(layout.height(), expectedTop);
+        EXPECT_FALSE(layout.lineAt(layout.lineCount()).isValid());
+        EXPECT_EQ(layout.lineAtHeight(-5).number, 0);
+        EXPECT_EQ(layout.lineAtHeight(expectedTop + 5).number, layout.lineCount() - 1);
+    }
+}
+
+TEST(LayoutLines, BreakTheSameAtEveryZoom) {
+    RandomFragments random(3);
+    RichTextBox box;
+    box.setFragment(random.fragment(40, 60));
+    const int count = box.lineCount();
+    const std::vector<RichTextBox::LineMetrics> unzoomed = box.lineMetrics(count);
+    for (const double zoom : {0.5, 1.75, 4.0, 6.0, 12.8}) {
+        box.setZoom(zoom);
+        ASSERT_EQ(box.lineCount(), count);
+        const std::vector<RichTextBox::LineMetrics> zoomed = box.lineMetrics(count);
+        for (int line = 0; line < count; ++line) {
+            const auto index = static_cast<size_t>(line);
+            EXPECT_EQ(zoomed[index].index, unzoomed[index].index);
+            EXPECT_EQ(zoomed[index].length, unzoomed[index].length);
+            const double top = box.layout().lineAt(line).top;
+            EXPECT_EQ(zoomed[index].y, 1 + static_cast<int>(std::floor(top * zoom / 6)));
+        }
+    }
+}
+
+/// Hinted or rounded advances would make a text at twice the size more or less than twice as wide.
+TEST(LayoutLines, AdvancesScaleWithTheFontSize) {
+    for (const QString& font : {QStringLiteral("Arial"), QStringLiteral("DejaVu Sans")}) {
+        CharacterFormat format = arial(16);
+        format.fontName = font;
+        double widthOfHalfPoint = 0;
+        for (const int halfPoints : {16, 17, 31, 52, 97, 400}) {
+            format.halfPoints = halfPoints;
+            RichTextBox box;
+            box.setWrapWidth(100000);
+            box.setFragment(fragmentOfText(u"Hamburgefonstiv, AVATAR!", format));
+            const double width = box.layout().lineAt(0).line.naturalTextWidth() / halfPoints;
+            widthOfHalfPoint = widthOfHalfPoint == 0 ? width : widthOfHalfPoint;
+            EXPECT_NEAR(width, widthOfHalfPoint, 24 * 0.5 / 64 / 16 * 2) << halfPoints;
+        }
+    }
+}
+
+TEST(LayoutLines, HeightIsAscentDescentAndLeadingOfTheHighestFont) {
+    RichTextBox box;
+    fill(box, QStringLiteral("low\r\n\r\nlow and high"));
+    const double low = box.lineHeight(0);
+    // 26 points are 34.67 pixels; the font's line is 1.149 of its size.
+    EXPECT_NEAR(low, 26.0 * 96 / 72 * 1.149, 0.4);
+    EXPECT_EQ(box.lineHeight(1), low);
+    box.select(box.textLength() - 4, box.textLength());
+    box.setSelFontSize(52);
+    EXPECT_EQ(box.lineHeight(0), low);
+    EXPECT_NEAR(box.lineHeight(box.lineCount() - 1), 2 * low, 0.5);
+    // An empty paragraph is as high as what would be typed in it.
+    box.setSelStart(5);
+    box.setSelFontSize(78);
+    EXPECT_NEAR(box.lineHeight(1), 3 * low, 0.5);
+    EXPECT_EQ(box.lineHeight(7), 0);
+}
+
+TEST(LayoutLines, StandWhereAlignmentAndOffsetsPutThem) {
+    struct Case {
+        Alignment alignment;
+        bool rightToLeft;
+        int left;
+        int first;
+        /// Of the second line's ink, in reference units.
+        std::optional<double> x;
+        std::optional<double> right;
+    };
+    constexpr double Width = 1800;
+    constexpr double Twenty = 20 * DocumentLayout::UnitsPerPoint;
+    const Case cases[] = {
+        {Alignment::Left, false, 0, 0, 0.0, {}},
+        {Alignment::Right, false, 0, 0, {}, Width},
+        {Alignment::Left, false, 400, 0, Twenty, {}},
+        {Alignment::Left, false, 400, -400, Twenty, {}},
+        {Alignment::Left, false, -400, 0, 0.0, {}},
+        {Alignment::Left, false, 1 << 20, 0, Width / 2, {}},
+        {Alignment::Right, true, 400, 0, {}, Width - Twenty},
+        {Alignment::Left, true, 0, 0, 0.0, {}},
+    };
+    for (const Case& c : cases) {
+        RichTextBox box;
+        box.setWrapWidth(Width / 6);
+        fill(box, QStringLiteral("some words  \u2028some words"),
+             {c.alignment, c.rightToLeft, c.left, c.first});
+        const LinePlace place = box.layout().lineAt(1);
+        const QRectF ink = place.line.naturalTextRect();
+        const std::string name = "case " + std::to_string(&c - cases);
+        if (c.x) {
+            EXPECT_NEAR(ink.left(), *c.x, 0.1) << name;
+        }
+        if (c.right) {
+            EXPECT_NEAR(ink.right(), *c.right, 0.1) << name;
+        }
+        const double firstX = box.layout().lineAt(0).line.x();
+        EXPECT_NEAR(firstX - (c.rightToLeft ? 0 : place.line.x()), c.first == 0 ? 0 : -Twenty, 0.1)
+            << name;
+    }
+}
+
+TEST(LayoutLines, TrailingBlanksDoNotMoveTheText) {
+    for (const bool rightToLeft : {false, true}) {
+        const QString word =
+            rightToLeft ? QStringLiteral("\u05E9\u05DC\u05D5\u05DD") : QStringLiteral("middle");
+        for (const Alignment alignment : {Alignment::Left, Alignment::Centre, Alignment::Right}) {
+            RichTextBox bare;
+            RichTextBox trailing;
+            fill(bare, word, {alignment, rightToLeft});
+            fill(trailing, QStringLiteral("%1   \u2028%1\t  ").arg(word), {alignment, rightToLeft});
+            // Qt gives U+2028 in a right-to-left line the width of a blank.
+            for (int line = rightToLeft ? 1 : 0; line < 2; ++line) {
+                const QTextLine place = trailing.layout().lineAt(line).line;
+                const QTextLine expected = bare.layout().lineAt(0).line;
+                EXPECT_NEAR(place.cursorToX(place.textStart()), expected.cursorToX(0), 0.1)
+                    << rightToLeft << int(alignment) << line;
+                EXPECT_NEAR(place.cursorToX(place.textStart() + 3), expected.cursorToX(3), 0.1)
+                    << rightToLeft << int(alignment) << line;
+            }
+            EXPECT_TRUE(alignment != Alignment::Centre ||
+                        std::abs(bare.layout().lineAt(0).line.naturalTextRect().center().x() -
+                                 bare.layout().wrapWidth() / 2) < 0.1);
+        }
+    }
+}
+
+TEST(LayoutLines, TabsStandOnAGrid) {
+    RichTextBox box;
+    fill(box, QStringLiteral("\ta\tb"), {}, 24);
+    const QTextLine line = box.layout().lineAt(0).line;
+    EXPECT_NEAR(line.cursorToX(1), DocumentLayout::TabDistanceUnits, 0.1);
+    EXPECT_NEAR(line.cursorToX(3), 2 * DocumentLayout::TabDistanceUnits, 0.1);
+}
+
+TEST(LayoutLines, AreRightBeyondTheHeightThatTheStockLayoutHolds) {
+    constexpr int Paragraphs = 40000;
+    RichTextBox box;
+    fill(box, QStringLiteral("x\r\n").repeated(Paragraphs - 1) + u'x');
+    box.setZoom(6);
+    ASSERT_EQ(box.lineCount(), Paragraphs);
+    const double height = box.lineHeight(0);
+    EXPECT_GT(box.verticalPosition(box.textLength()), 8388607);
+    EXPECT_EQ(box.verticalPosition(box.textLength()),
+              1 + static_cast<int>(std::floor(height * (Paragraphs - 1))));
+    box.setSelStart(0);
+    box.setSelText(QStringLiteral("a line more\r\n"));
+    EXPECT_EQ(box.verticalPosition(box.textLength()),
+              1 + static_cast<int>(std::floor(height * Paragraphs)));
+}
+
+/// What is filled to the brim at once must break where a slow search for a break would have broken.
+TEST(LayoutLines, LongWordsBreakAsShortOnesDo) {
+    const QString letters = QStringLiteral("abcdefghijklmnopqrstuvwxyz");
+    const QString longWord = letters.repeated(100);
+    const QString chinese = QString(QChar(0x4E2D)).repeated(1500);
+    const QString texts[] = {
+        QStringLiteral("a few words %1 and words %1 %2").arg(longWord, letters),
+        QStringLiteral("%1\u2028b %2").arg(longWord, chinese), chinese + longWord};
+    for (const QString& text : texts) {
+        RichTextBox box;
+        fill(box, text);
+        QTextLayout reference(text, QFont());
+        const QTextBlock block = box.document().firstBlock();
+        QTextOption option = block.layout()->textOption();
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        QFont font = block.begin().fragment().charFormat().font();
+        reference.setFont(font);
+        reference.setTextOption(option);
+        reference.beginLayout();
+        for (int number = 0;; ++number) {
+            QTextLine line = reference.createLine();
+            if (!line.isValid()) {
+                EXPECT_EQ(number, box.lineCount());
+                break;
+            }
+            line.setLineWidth(box.layout().wrapWidth());
+            ASSERT_EQ(box.layout().lineAt(number).start(), line.textStart()) << number;
+        }
+        reference.endLayout();
+    }
+    LongWords words(longWord + u' ' + chinese);
+    const int length = static_cast<int>(longWord.size());
+    EXPECT_TRUE(words.holds(100));
+    EXPECT_FALSE(words.holds(length - LongWords::MaxWordLength));
+    EXPECT_FALSE(words.holds(length + 10));
+}
+
+} // namespace
+} // namespace velmora
