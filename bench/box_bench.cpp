@@ -62,7 +62,7 @@ RichTextFragment script(int lines) {
     trial.setWrapWidth(WrapPixels);
     while (true) {
         const auto missing = static_cast<size_t>(lines - (trial.isEmpty() ? 0 : trial.lineCount()));
-        for (size_t i = 0; i < missing / 3 + 1; ++i) {
+        for (size_t i = 0; i < missing / 6 + 1; ++i) {
             fragment.paragraphs.push_back(randomParagraph(random));
         }
         trial.setFragment(fragment);
