@@ -1,8 +1,8 @@
 #include "platform/desktop/file_dialogs_widgets.h"
 
+#include "platform/desktop/dialog_parent_widgets.h"
 #include "platform/desktop/message_boxes.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -110,7 +110,7 @@ QString dialogFilter(const QString& filter) {
 }
 
 std::optional<FileDialogChoice> WidgetFileDialogs::open(const FileDialogRequest& request) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(dialogParent());
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     prepare(dialog, request);
@@ -120,7 +120,7 @@ std::optional<FileDialogChoice> WidgetFileDialogs::open(const FileDialogRequest&
 std::optional<FileDialogChoice> WidgetFileDialogs::save(const FileDialogRequest& request) {
     FileDialogRequest next = request;
     while (true) {
-        QFileDialog dialog(QApplication::activeWindow());
+        QFileDialog dialog(dialogParent());
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
         // Asked below, about the file that is really written.

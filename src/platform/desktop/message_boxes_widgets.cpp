@@ -1,6 +1,7 @@
 #include "platform/desktop/message_boxes_widgets.h"
 
-#include <QApplication>
+#include "platform/desktop/dialog_parent_widgets.h"
+
 #include <QMessageBox>
 
 namespace velmora {
@@ -59,7 +60,7 @@ MessageAnswer answerOf(int button) {
 MessageAnswer WidgetMessageBoxes::show(MessageIcon icon, const QString& title, const QString& text,
                                        MessageButtons buttons) {
     const ButtonSet set = buttonSet(buttons);
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(dialogParent());
     box.setIcon(boxIcon(icon));
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
