@@ -8,6 +8,7 @@ from harness import HELP_WINDOW, MAIN_WINDOW, ROOT, Desk, program_path
 SCREEN = (1280, 720)
 SHOW_WINDOW = "^Velmora Display"
 LOAD_DIALOG = "^Load"
+EXIT_QUESTION = "^Exit$"
 # Rows and columns that hold text and nothing else: no arrow, no clocks, no controls, and no margin.
 TEXT = (400, 40, 1000, 600)
 # Less than a line of the script is tall on this screen, and more than the show moves between two
@@ -95,9 +96,15 @@ class ColdStartTest(unittest.TestCase):
         desk.wait_for_focus(desk.wait_for_window(MAIN_WINDOW))
 
     def leave_the_program(self):
-        self.desk.close_by_frame()
-        self.desk.program.wait(10)
-        self.assertEqual(self.desk.program.returncode, 0)
+        """The loaded text has not been saved since: the program asks."""
+        desk = self.desk
+        desk.close_by_frame()
+        desk.wait_for_focus(desk.wait_for_window(EXIT_QUESTION))
+        desk.key("n")
+        desk.program.wait(10)
+        self.assertEqual(desk.program.returncode, 0)
+        settings = (desk.home / "program/velmora.ini").read_bytes()
+        self.assertEqual(settings.count(b"\r\n"), 46)
 
 
 if __name__ == "__main__":
