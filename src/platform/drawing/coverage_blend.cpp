@@ -56,7 +56,7 @@ void blendCoverage(Surface& target, const QRect& clip, const QImage& coverage, Q
         return;
     const uchar* from =
         coverage.constScanLine(visible.top() - place.y()) + visible.left() - place.x();
-    uchar* to = reinterpret_cast<uchar*>(target.row(visible.top()) + visible.left());
+    auto* to = reinterpret_cast<uchar*>(target.row(visible.top()) + visible.left());
     for (int y = visible.top(); y <= visible.bottom(); ++y) {
         blendRow(reinterpret_cast<QRgb*>(to), from, visible.width(), color);
         from += coverage.bytesPerLine();

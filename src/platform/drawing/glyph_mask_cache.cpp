@@ -140,8 +140,9 @@ GlyphMask GlyphMaskCache::Private::make(const Face& face, std::uint32_t glyph) c
     font.setPixelSize(face.pixelSize);
     const QSizeF box = font.boundingRect(glyph).size();
     const double bytes = box.width() * box.height() + EntryBytes;
+    const std::int64_t largest = m_limit / LargestShare;
     GlyphMask mask;
-    mask.drawable = !face.inColours && bytes <= static_cast<double>(m_limit / LargestShare);
+    mask.drawable = !face.inColours && bytes <= static_cast<double>(largest);
     return mask.drawable ? glyphMask(font, glyph) : mask;
 }
 
