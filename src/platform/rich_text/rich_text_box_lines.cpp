@@ -74,7 +74,9 @@ std::vector<RichTextBox::LineMetrics> RichTextBox::lineMetrics(int count) const 
             const QTextLine line = lines->lineAt(i);
             const int index = blockIndex + line.textStart();
             int length = line.textLength();
-            if (length > 0 && text.at(index + length - 1) == u'\v') {
+            // Text that is being composed by an input method is in the lines but not in the text.
+            if (length > 0 && index + length <= text.size() &&
+                text.at(index + length - 1) == u'\v') {
                 --length;
             }
             result.push_back({index, length, verticalPixels(top + line.y(), d->zoom)});

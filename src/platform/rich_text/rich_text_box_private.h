@@ -13,7 +13,7 @@ namespace velmora {
 /// positions.
 class RichTextBox::Private final {
 public:
-    /// The columns 12 apart from the middle: what a new control wraps at, in 96-dpi pixels.
+    /// What a new control wraps at, in 96-dpi pixels: the script's column at the smallest margin.
     static constexpr double DefaultWrapPixels = 298;
 
     explicit Private(RichTextBox& owner);
