@@ -86,7 +86,7 @@ void DocumentLayout::setWrapWidth(double units) {
     markAll();
 }
 
-void DocumentLayout::markAll() {
+void DocumentLayout::markAll() const {
     const int count = document()->blockCount();
     m_heights.assign(static_cast<size_t>(count), Marked);
     m_topsValid = 0;
@@ -123,6 +123,10 @@ void DocumentLayout::documentChanged(int from, int charsRemoved, int charsAdded)
 }
 
 void DocumentLayout::ensureLaidOut() const {
+    if (static_cast<int>(m_heights.size()) != document()->blockCount()) {
+        // A listener asks in the middle of a change, of which the layout is told last.
+        markAll();
+    }
     if (m_lastMarked < m_firstMarked) {
         return;
     }

@@ -83,7 +83,7 @@ protected:
     void documentChanged(int from, int charsRemoved, int charsAdded) override;
 
 private:
-    void markAll();
+    void markAll() const;
     /// Returns the paragraph's height.
     double layOutBlock(QTextBlock block) const;
 

@@ -245,5 +245,25 @@ TEST(LayoutLines, LongWordsBreakAsShortOnesDo) {
     EXPECT_FALSE(words.holds(length + 10));
 }
 
+/// The document tells its listeners of a change before it tells its layout.
+TEST(LayoutLines, AnswerInTheMiddleOfAChange) {
+    RichTextBox box;
+    fill(box, QStringLiteral("one\r\ntwo\r\nthree"));
+    int asked = 0;
+    QObject::connect(&box.document(), &QTextDocument::contentsChange, &box, [&] {
+        ++asked;
+        EXPECT_GT(box.layout().height(), 0);
+        EXPECT_EQ(box.layout().lineCount(), box.document().blockCount());
+        EXPECT_TRUE(box.layout().lineAtHeight(1e9).isValid());
+    });
+    for (const QString& text : {QStringLiteral("x\r\ny\r\n"), QString(), QStringLiteral("z")}) {
+        box.select(1, 8);
+        box.setSelText(text);
+        EXPECT_EQ(box.lineCount(), box.document().blockCount());
+        EXPECT_DOUBLE_EQ(box.layout().height(), box.lineCount() * box.lineHeight(0) * 6);
+    }
+    EXPECT_GE(asked, 3);
+}
+
 } // namespace
 } // namespace velmora
