@@ -156,7 +156,7 @@ RichTextFragment randomFragment(unsigned seed) {
                                QStringLiteral("\u00a0\u00ad\u2011"),
                                QStringLiteral("^----"),
                                QStringLiteral(" "),
-                               QStringLiteral("\u05e9\uE000")};
+                               QStringLiteral("\u05e9\uF0B7")};
     RichTextFragment fragment;
     for (int count = 1 + below(6); count > 0; --count) {
         CharacterFormat format;

@@ -17,20 +17,20 @@ struct CodePageName final {
 };
 
 constexpr CodePageName SingleByteNames[] = {
-    {437, "IBM437"},           {708, "ISO-8859-6"},    {720, "IBM720"},
-    {737, "IBM737"},           {775, "IBM775"},        {850, "IBM850"},
-    {852, "IBM852"},           {855, "IBM855"},        {857, "IBM857"},
-    {858, "IBM00858"},         {860, "IBM860"},        {861, "IBM861"},
-    {862, "IBM862"},           {863, "IBM863"},        {864, "IBM864"},
-    {865, "IBM865"},           {866, "IBM866"},        {869, "IBM869"},
-    {874, "windows-874"},      {1250, "windows-1250"}, {1251, "windows-1251"},
-    {1252, "windows-1252"},    {1253, "windows-1253"}, {1254, "windows-1254"},
-    {1255, "windows-1255"},    {1256, "windows-1256"}, {1257, "windows-1257"},
-    {1258, "windows-1258"},    {10000, "macintosh"},   {10006, "x-mac-greek"},
-    {10007, "x-mac-cyrillic"}, {10029, "x-mac-ce"},    {10081, "x-mac-turkish"},
-    {20866, "KOI8-R"},         {21866, "KOI8-U"},      {28591, "ISO-8859-1"},
-    {28592, "ISO-8859-2"},     {28595, "ISO-8859-5"},  {28597, "ISO-8859-7"},
-    {28599, "ISO-8859-9"},     {28605, "ISO-8859-15"},
+    {437, "IBM437"},        {708, "ISO-8859-6"},      {720, "IBM720"},
+    {737, "IBM737"},        {775, "IBM775"},          {850, "IBM850"},
+    {852, "IBM852"},        {855, "IBM855"},          {857, "IBM857"},
+    {858, "IBM00858"},      {860, "IBM860"},          {861, "IBM861"},
+    {862, "IBM862"},        {863, "IBM863"},          {864, "IBM864"},
+    {865, "IBM865"},        {866, "IBM866"},          {869, "IBM869"},
+    {874, "windows-874"},   {1250, "windows-1250"},   {1251, "windows-1251"},
+    {1253, "windows-1253"}, {1254, "windows-1254"},   {1255, "windows-1255"},
+    {1256, "windows-1256"}, {1257, "windows-1257"},   {1258, "windows-1258"},
+    {10000, "macintosh"},   {10006, "x-mac-greek"},   {10007, "x-mac-cyrillic"},
+    {10029, "x-mac-ce"},    {10081, "x-mac-turkish"}, {20866, "KOI8-R"},
+    {21866, "KOI8-U"},      {28591, "ISO-8859-1"},    {28592, "ISO-8859-2"},
+    {28595, "ISO-8859-5"},  {28597, "ISO-8859-7"},    {28599, "ISO-8859-9"},
+    {28605, "ISO-8859-15"},
 };
 
 // The code pages of the older Macintosh systems differ from their neighbours here only in a few
@@ -65,17 +65,17 @@ template<std::size_t Count>
 const char* converterOf(const CodePageName (&names)[Count], int number) {
     const auto* row = std::find_if(std::begin(names), std::end(names),
                                    [number](const CodePageName& n) { return n.number == number; });
-    return row != std::end(names) && QStringDecoder(row->converter).isValid() ? row->converter
-                                                                              : nullptr;
+    return row != std::end(names) ? row->converter : nullptr;
 }
 
-/// One character; U+FFFD where the converter knows none. Converters of old code pages use U+001A
-/// for that.
-char16_t convert(const char* converter, QByteArrayView bytes) {
-    QStringDecoder decoder(converter, QStringConverter::Flag::Stateless);
-    const QString text = decoder.decode(bytes);
-    const bool known = text.size() == 1 && text.at(0).unicode() != 0x1A;
-    return known ? text.at(0).unicode() : char16_t(QChar::ReplacementCharacter);
+bool isListed(int number) {
+    return number == Utf8Number || converterOf(DoubleByteNames, number) ||
+           converterOf(SingleByteNames, number);
+}
+
+/// U+FFFD in place of what converters of old code pages say for a byte that they do not know.
+char16_t known(QChar unit) {
+    return unit == QChar(0x1A) ? char16_t(QChar::ReplacementCharacter) : unit.unicode();
 }
 
 } // namespace
@@ -85,26 +85,52 @@ char16_t windows1252(unsigned char byte) {
 }
 
 CodePage::CodePage(int number) : m_number(number) {
-    if (const char* converter = converterOf(DoubleByteNames, number)) {
-        m_kind = Kind::DoubleByte;
-        m_converter = converter;
-        m_pairs.resize(0x10000);
-    } else if (number == Utf8Number) {
+    if (number == Utf8Number) {
         m_kind = Kind::Utf8;
+    } else if (const char* doubleByte = converterOf(DoubleByteNames, number)) {
+        m_kind = Kind::DoubleByte;
+        m_converterName = doubleByte;
+        m_pairs.resize(0x10000);
     } else {
-        m_converter = converterOf(SingleByteNames, number);
+        m_converterName = converterOf(SingleByteNames, number);
     }
-    for (std::size_t byte = 0; byte < 256; ++byte) {
-        const char single = static_cast<char>(byte);
-        if (byte < 0x80) {
-            m_single[byte] = static_cast<char16_t>(byte);
-        } else if (m_kind == Kind::Utf8 || sequenceLength(static_cast<unsigned char>(byte)) > 1) {
-            m_single[byte] = QChar::ReplacementCharacter;
-        } else if (m_converter) {
-            m_single[byte] = convert(m_converter, QByteArrayView(&single, 1));
+}
+
+void CodePage::openConverter() {
+    if (m_converterName) {
+        m_converter = QStringDecoder(m_converterName, QStringConverter::Flag::Stateless);
+        m_converterName = nullptr;
+    }
+}
+
+char16_t CodePage::convert(QByteArrayView bytes) {
+    openConverter();
+    const QString text = m_converter.decode(bytes);
+    return text.size() == 1 ? known(text.at(0)) : char16_t(QChar::ReplacementCharacter);
+}
+
+char16_t CodePage::single(unsigned char byte) {
+    if (byte < 0x80) {
+        return byte;
+    }
+    if (!m_upperKnown) {
+        m_upperKnown = true;
+        fillUpper();
+    }
+    return m_upper[byte - 0x80u];
+}
+
+void CodePage::fillUpper() {
+    openConverter();
+    for (std::size_t at = 0; at < m_upper.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(at + 0x80);
+        const char text = static_cast<char>(byte);
+        if (sequenceLength(byte) > 1 || m_kind == Kind::Utf8) {
+            m_upper[at] = QChar::ReplacementCharacter;
+        } else if (m_converter.isValid()) {
+            m_upper[at] = convert(QByteArrayView(&text, 1));
         } else {
-            m_single[byte] = byte >= 0xA0 ? static_cast<char16_t>(byte)
-                                          : windows1252(static_cast<unsigned char>(byte));
+            m_upper[at] = byte >= 0xA0 ? byte : windows1252(byte);
         }
     }
 }
@@ -129,27 +155,21 @@ bool CodePage::isTrail(unsigned char byte) const {
     return byte >= 0x40 && byte != 0x7F && byte != 0xFF;
 }
 
-QString CodePage::sequence(std::string_view bytes) {
-    const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    if (m_kind != Kind::DoubleByte || bytes.size() != 2) {
-        return QString::fromUtf8(view);
+char16_t CodePage::pair(unsigned char first, unsigned char second) {
+    char16_t& character = m_pairs[static_cast<std::size_t>(first) * 256 + second];
+    if (character == 0) {
+        const char bytes[] = {static_cast<char>(first), static_cast<char>(second)};
+        character = convert(QByteArrayView(bytes, 2));
     }
-    const auto first = static_cast<unsigned char>(bytes[0]);
-    const auto second = static_cast<unsigned char>(bytes[1]);
-    char16_t& known = m_pairs[static_cast<std::size_t>(first) * 256 + second];
-    if (known == 0) {
-        known = convert(m_converter, view);
-    }
-    return QString(QChar(known));
+    return character;
 }
 
 CodePage* CodePages::page(int number) {
     // Whatever is not known shares one page, so a file cannot ask for thousands of them.
-    const bool known = number == Utf8Number || converterOf(DoubleByteNames, number) ||
-                       converterOf(SingleByteNames, number);
-    std::unique_ptr<CodePage>& page = m_pages[known ? number : Windows1252];
+    const int listed = isListed(number) ? number : Windows1252;
+    std::unique_ptr<CodePage>& page = m_pages[listed];
     if (!page) {
-        page = std::make_unique<CodePage>(known ? number : Windows1252);
+        page = std::make_unique<CodePage>(listed);
     }
     return page.get();
 }

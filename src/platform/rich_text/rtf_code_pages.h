@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
+#include <QStringDecoder>
 
 #include <array>
 #include <map>
@@ -22,18 +24,36 @@ public:
     /// Whether the byte can stand behind the first one of a longer character.
     [[nodiscard]] bool isTrail(unsigned char byte) const;
     /// A character of one byte; U+FFFD for a byte that stands for nothing.
-    [[nodiscard]] char16_t single(unsigned char byte) const { return m_single[byte]; }
-    /// A character of several bytes, as sequenceLength() and isTrail() allow it. U+FFFD for a
-    /// sequence that stands for nothing.
-    [[nodiscard]] QString sequence(std::string_view bytes);
+    [[nodiscard]] char16_t single(unsigned char byte);
+    /// Hands over the UTF-16 of a character of several bytes, as sequenceLength() and isTrail()
+    /// allow it: one unit or two; U+FFFD for a sequence that stands for nothing.
+    template<typename Take> void sequence(std::string_view bytes, Take take) {
+        if (m_kind == Kind::DoubleByte) {
+            take(pair(static_cast<unsigned char>(bytes[0]), static_cast<unsigned char>(bytes[1])));
+            return;
+        }
+        for (const QChar unit : QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()))) {
+            take(unit.unicode());
+        }
+    }
 
 private:
+    void fillUpper();
+    void openConverter();
+    char16_t pair(unsigned char first, unsigned char second);
+    /// One character; U+FFFD where the converter knows none.
+    char16_t convert(QByteArrayView bytes);
+
     enum class Kind { SingleByte, DoubleByte, Utf8 };
 
     int m_number;
     Kind m_kind = Kind::SingleByte;
-    const char* m_converter = nullptr;
-    std::array<char16_t, 256> m_single{};
+    /// Opened once it is needed and kept: opening one costs far more than using it.
+    QStringDecoder m_converter;
+    const char* m_converterName = nullptr;
+    /// Of the bytes from 0x80 up, which are asked for together: most texts need none of them.
+    std::array<char16_t, 128> m_upper{};
+    bool m_upperKnown = false;
     /// Of a double-byte code page: both bytes to the character, 0 where not yet asked for.
     std::vector<char16_t> m_pairs;
 };

@@ -147,7 +147,6 @@ private:
         RtfCharacter character;
         CodePage* codePage = nullptr;
         SymbolSet symbols = SymbolSet::None;
-        bool symbolLetters = false;
     };
     Run m_run;
     bool m_formatStale = true;

@@ -1,5 +1,7 @@
 #include "platform/rich_text/rtf_tables.h"
 
+#include "platform/rich_text/rtf_font_name.h"
+
 #include <algorithm>
 
 namespace velmora {
@@ -24,7 +26,7 @@ void RtfFontTable::setCodePage(int codePage) {
 void RtfFontTable::append(QChar unit) {
     if (unit == u';') {
         finish();
-    } else if (m_open && m_row.name.size() < MaxNameUnits) {
+    } else if (m_open && m_row.name.size() < MaxFontNameUnits) {
         m_row.name.append(unit);
     }
 }
@@ -41,12 +43,10 @@ void RtfFontTable::finish() {
     if (m_fonts.size() >= MaxFonts) {
         return;
     }
-    m_row.name = m_row.name.trimmed();
+    m_row.name = rtfFontName(m_row.name);
     m_row.codePage = nameCodePage();
-    const SymbolSet set = symbolSetOfFont(m_row.name);
-    m_row.symbolLetters = m_rowCharset == CodePages::SymbolCharset;
-    if (m_row.symbolLetters || (set != SymbolSet::Unknown && m_rowCharset < 0)) {
-        m_row.symbols = set;
+    if (m_rowCharset == CodePages::SymbolCharset) {
+        m_row.symbols = symbolSetOfFont(m_row.name);
     }
     m_indexes.insert(m_rowNumber, static_cast<int>(m_fonts.size()));
     m_fonts.push_back(m_row);

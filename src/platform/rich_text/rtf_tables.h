@@ -16,17 +16,15 @@ struct RtfFont final {
     QString name;
     /// 0 where the font names none and the document's own code page holds.
     int codePage = 0;
+    /// Of a symbol font by its charset. One that only has the name of a symbol font holds ordinary
+    /// text; so what the writer writes, which names no charset, is read back as it was.
     SymbolSet symbols = SymbolSet::None;
-    /// A symbol font by its charset: letters and digits stand for signs too. One that only has the
-    /// name of a symbol font may hold ordinary text, which stays as it is.
-    bool symbolLetters = false;
 };
 
 /// The font table: filled from the words and the text of its destination, then asked by number.
 class RtfFontTable final {
 public:
     static constexpr int MaxFonts = 32'768;
-    static constexpr int MaxNameUnits = 256;
 
     /// \f inside the table: the next row begins.
     void begin(int number);

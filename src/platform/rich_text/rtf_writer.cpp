@@ -1,6 +1,6 @@
 #include "platform/rich_text/rtf_writer.h"
 
-#include "platform/rich_text/rtf_code_pages.h"
+#include "platform/rich_text/rtf_font_name.h"
 
 #include <QHash>
 
@@ -187,7 +187,7 @@ private:
     }
 
     int fontNumber(const QString& name) {
-        const QString written = writable(name);
+        const QString written = rtfFontName(name);
         const auto known = m_fontNumbers.constFind(written);
         if (known != m_fontNumbers.constEnd()) {
             return *known;
@@ -195,13 +195,6 @@ private:
         m_fontNumbers.insert(written, static_cast<int>(m_fonts.size()));
         m_fonts.append(written);
         return static_cast<int>(m_fonts.size()) - 1;
-    }
-
-    /// A semicolon ends a name in the table, so no name can hold one.
-    static QString writable(const QString& name) {
-        QString written = name.left(MaxFontNameUnits);
-        written.remove(u';');
-        return written.simplified();
     }
 
     int colorNumber(Rgb24 given) {
@@ -214,8 +207,6 @@ private:
         m_colorNumbers.insert(color, static_cast<int>(m_colors.size()));
         return static_cast<int>(m_colors.size());
     }
-
-    static constexpr int MaxFontNameUnits = 128;
 
     std::vector<QByteArray> m_words;
     std::vector<int> m_numbers;

@@ -82,8 +82,8 @@ TEST(RtfCodePages, SymbolFontsBecomeUnicode) {
         {"\\fcharset2 Wingdings", "J\\'e0\\'fc\\'d8", u"\u263a\u2192\u2713\u27a2"_qs},
         {"\\fcharset2 ZapfDingbats", "4\\'d5n", u"\u2714\u2192\u25a0"_qs},
         {"\\fcharset2 Zapf Dingbats", "\\u-4031?", u"\u2721"_qs},
-        // By its name alone only what cannot be ordinary text is a sign.
-        {" Symbol", "a\\'b7\\u-3913?", u"a\u2022\u2022"_qs},
+        // The name alone says nothing: it may be ordinary text in that font.
+        {" Symbol", "a\\'b7\\u-3913?", u"a\u00b7\uf0b7"_qs},
         {"\\fcharset0 Symbol", "a\\'b7", u"a\u00b7"_qs},
         // An unknown symbol font keeps words readable and addresses the rest.
         {"\\fcharset2 Webthings", "a\\'b7\\u-4031?", u"a\uf0b7\uf041"_qs},
