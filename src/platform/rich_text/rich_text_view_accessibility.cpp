@@ -246,13 +246,16 @@ void installRichTextViewAccessibility() {
     QAccessible::installFactory(makeInterface);
 }
 
+AccessibilityNotifier::AccessibilityNotifier(RichTextView& view)
+    : AccessibilityNotifier(view, {QAccessible::isActive, QAccessible::updateAccessibility}) {}
+
 void AccessibilityNotifier::noteChange(const TextChange& change) {
     m_change = m_change ? m_change->followedBy(change) : change;
 }
 
 void AccessibilityNotifier::tellTextChange() {
     const std::optional<TextChange> change = std::exchange(m_change, std::nullopt);
-    if (!QAccessible::isActive()) {
+    if (!m_listeners.areThere()) {
         m_text.reset();
         return;
     }
@@ -262,14 +265,14 @@ void AccessibilityNotifier::tellTextChange() {
         const QString added = text.mid(change->from, change->newEnd - change->from);
         if (removed != added) {
             QAccessibleTextUpdateEvent event(&m_view, change->from, removed, added);
-            QAccessible::updateAccessibility(&event);
+            m_listeners.tell(&event);
         }
     }
     m_text = text;
 }
 
 void AccessibilityNotifier::tellCaretChange() {
-    if (!QAccessible::isActive()) {
+    if (!m_listeners.areThere()) {
         return;
     }
     if (!m_text) {
@@ -282,10 +285,10 @@ void AccessibilityNotifier::tellCaretChange() {
         const int end = box.toDocument(box.SelStart() + box.SelLength());
         QAccessibleTextSelectionEvent event(&m_view, start, end);
         event.setCursorPosition(caret);
-        QAccessible::updateAccessibility(&event);
+        m_listeners.tell(&event);
     } else {
         QAccessibleTextCursorEvent event(&m_view, caret);
-        QAccessible::updateAccessibility(&event);
+        m_listeners.tell(&event);
     }
 }
 

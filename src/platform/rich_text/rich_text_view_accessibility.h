@@ -6,6 +6,8 @@
 
 #include <optional>
 
+class QAccessibleEvent;
+
 namespace velmora {
 
 class RichTextView;
@@ -17,7 +19,16 @@ void installRichTextViewAccessibility();
 /// no such program runs. Offsets are positions of the QTextDocument.
 class AccessibilityNotifier final {
 public:
-    explicit AccessibilityNotifier(RichTextView& view) : m_view(view) {}
+    /// The way to the assistive programs: whether one runs, and how it is told.
+    struct Listeners final {
+        bool (*areThere)();
+        void (*tell)(QAccessibleEvent*);
+    };
+
+    /// Without listeners it is those of QAccessible.
+    explicit AccessibilityNotifier(RichTextView& view);
+    AccessibilityNotifier(RichTextView& view, Listeners listeners)
+        : m_view(view), m_listeners(listeners) {}
 
     /// Notes a change of the document as it happens.
     void noteChange(const TextChange& change);
@@ -27,6 +38,7 @@ public:
 
 private:
     RichTextView& m_view;
+    Listeners m_listeners;
     /// The text before the change, for the part of it that goes. Kept only while somebody listens.
     std::optional<QString> m_text;
     std::optional<TextChange> m_change;

@@ -20,6 +20,14 @@ constexpr int ScrollMargin = 24;
 
 } // namespace
 
+DragHandler::DragHandler(ViewCore& core, Runner runner) : m_core(core), m_run(std::move(runner)) {
+    if (!m_run) {
+        m_run = [](QDrag& drag, Qt::DropActions actions, Qt::DropAction usual) {
+            return drag.exec(actions, usual);
+        };
+    }
+}
+
 void DragHandler::drag() {
     std::unique_ptr<QMimeData> data = selectionMimeData(m_core.box());
     if (!data) {
@@ -33,7 +41,7 @@ void DragHandler::drag() {
     m_ownDrag = true;
     m_droppedHere = false;
     const Qt::DropAction result =
-        drag->exec(actions, m_core.isReadOnly() ? Qt::CopyAction : Qt::MoveAction);
+        m_run(*drag, actions, m_core.isReadOnly() ? Qt::CopyAction : Qt::MoveAction);
     if (viewport.isNull()) {
         return;
     }

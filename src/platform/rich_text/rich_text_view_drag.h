@@ -4,6 +4,7 @@
 
 #include <optional>
 
+class QDrag;
 class QDragMoveEvent;
 class QDropEvent;
 
@@ -15,9 +16,13 @@ namespace velmora {
 /// as a move is deleted here. Files are not accepted: they go on to the window.
 class DragHandler final {
 public:
-    explicit DragHandler(ViewCore& core) : m_core(core) {}
+    /// Runs a drag with the actions that it may end in, the usual one last, and tells which it was.
+    using Runner = std::function<Qt::DropAction(QDrag&, Qt::DropActions, Qt::DropAction)>;
 
-    /// Drags the selection until it is dropped somewhere; runs an event loop of its own.
+    /// Without a runner, QDrag runs the drags, in an event loop of its own.
+    explicit DragHandler(ViewCore& core, Runner runner = {});
+
+    /// Drags the selection until it is dropped somewhere.
     void drag();
 
     /// Accepts the event if there is text in it that may be dropped here.
@@ -33,6 +38,7 @@ private:
     void copySelectionTo(int position);
 
     ViewCore& m_core;
+    Runner m_run;
     std::optional<int> m_dropPosition;
     /// The drag that goes on began in this view.
     bool m_ownDrag = false;

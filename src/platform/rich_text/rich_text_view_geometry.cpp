@@ -35,7 +35,7 @@ int ViewGeometry::columnLeft() const {
 }
 
 int ViewGeometry::documentTop(double units) const {
-    return limitedToInt(TopRow + std::floor(units * scale()));
+    return limitedToInt(TopRow + std::floor(units * m_box.zoom() / DocumentLayout::UnitsPerPixel));
 }
 
 int ViewGeometry::maximumScroll() const {
@@ -53,9 +53,12 @@ LinePlace ViewGeometry::lineByNumber(int number) const {
 }
 
 LinePlace ViewGeometry::lineAt(double viewportY) const {
-    // A line begins in the row that its top falls into: the row is searched by its last fraction.
-    const double rowEnd = std::floor(viewportY) + m_scrollOffset - TopRow + 1;
-    return m_box.layout().lineAtHeight(std::nextafter(rowEnd / scale(), 0.0));
+    // A line begins in the row that its top falls into, so a row may show a little of two lines;
+    // it belongs to the lower one.
+    const double row = std::floor(viewportY) + m_scrollOffset;
+    const LinePlace found = m_box.layout().lineAtHeight((row - TopRow) / scale());
+    const LinePlace next = nextLine(found);
+    return next.isValid() && documentTop(next.top) <= row ? next : found;
 }
 
 LinePlace ViewGeometry::lineOfPosition(int position, int preeditOffset) const {

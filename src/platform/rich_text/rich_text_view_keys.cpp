@@ -84,7 +84,6 @@ const KeyHandler::EditBinding* KeyHandler::editBinding(const QKeyEvent& event) {
         EditBinding{K::SelectAll, [](KeyHandler& keys) { keys.m_core.box().selectAll(); }, true},
         EditBinding{K::Cut, [](KeyHandler& keys) { keys.m_clipboard.cut(); }},
         EditBinding{K::Paste, [](KeyHandler& keys) { keys.m_clipboard.paste(); }},
-        EditBinding{K::Backspace, [](KeyHandler& keys) { keys.deleteBackward(); }},
         EditBinding{K::Delete, [](KeyHandler& keys) { keys.deleteForward(); }},
         EditBinding{K::DeleteStartOfWord,
                     [](KeyHandler& keys) { keys.deleteWord(Step::WordLeft); }},
@@ -94,6 +93,14 @@ const KeyHandler::EditBinding* KeyHandler::editBinding(const QKeyEvent& event) {
         EditBinding{K::InsertLineSeparator,
                     [](KeyHandler& keys) { keys.m_core.insertText(QString(QChar(0x0B))); }},
     };
+    // No platform binds the standard key of this name.
+    static constexpr EditBinding backspace{K::Backspace,
+                                           [](KeyHandler& keys) { keys.deleteBackward(); }};
+    const bool withShiftAtMost =
+        (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+    if (event.key() == Qt::Key_Backspace && withShiftAtMost) {
+        return &backspace;
+    }
     const auto found = std::find_if(bindings.begin(), bindings.end(), [&](const EditBinding& item) {
         return event.matches(item.key);
     });
@@ -150,8 +157,15 @@ bool KeyHandler::claims(const QKeyEvent& event) const {
 
 void KeyHandler::move(const MoveBinding& binding, SelectionMode mode) {
     if (binding.operation == QTextCursor::NoMove) {
-        m_core.moveCaret(verticalTarget(binding.step, mode), mode);
-        m_lastVertical = m_core.caret();
+        const std::optional<int> target = verticalTarget(binding.step);
+        if (target) {
+            m_core.moveCaret(*target, mode);
+            m_lastVertical = target;
+        } else if (mode == SelectionMode::Extend) {
+            // Beyond the first or last line the selection takes the rest of it.
+            const bool upwards = binding.step == Step::Up || binding.step == Step::PageUp;
+            m_core.moveCaret(upwards ? 0 : m_core.box().document().characterCount() - 1, mode);
+        }
         return;
     }
     QTextCursor cursor(&m_core.box().document());
@@ -167,7 +181,7 @@ void KeyHandler::move(const MoveBinding& binding, SelectionMode mode) {
     m_core.moveCaret(cursor.position(), mode);
 }
 
-int KeyHandler::verticalTarget(Step step, SelectionMode mode) {
+std::optional<int> KeyHandler::verticalTarget(Step step) {
     const ViewGeometry& geometry = m_core.geometry();
     const int caret = m_core.caret();
     if (m_lastVertical != caret) {
@@ -183,10 +197,8 @@ int KeyHandler::verticalTarget(Step step, SelectionMode mode) {
         to = geometry.lineAt(step == Step::PageUp ? middle - rows : middle + rows);
         scrollByPage(step);
     }
-    if (to.number == from.number && mode == SelectionMode::Extend) {
-        // At the first or last line the selection takes the rest of it.
-        const bool upwards = step == Step::Up || step == Step::PageUp;
-        return upwards ? 0 : m_core.box().document().characterCount() - 1;
+    if (to.number == from.number) {
+        return std::nullopt;
     }
     return geometry.positionOnLine(to, m_wantedX);
 }

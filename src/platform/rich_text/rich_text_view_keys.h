@@ -37,7 +37,8 @@ private:
     [[nodiscard]] static bool isTyping(const QKeyEvent& event);
 
     void move(const MoveBinding& binding, SelectionMode mode);
-    [[nodiscard]] int verticalTarget(Step step, SelectionMode mode);
+    /// Nothing where there is no line to go to.
+    [[nodiscard]] std::optional<int> verticalTarget(Step step);
     void scrollByPage(Step step);
     void deleteBackward();
     void deleteForward();

@@ -1,0 +1,163 @@
+#include "view_fixture.h"
+
+#include "platform/rich_text/rich_text_view_accessibility.h"
+
+#include <QAccessible>
+
+namespace velmora {
+
+namespace {
+
+/// What assistive programs were told, in words. The notifier takes plain functions.
+QStringList& told() {
+    static QStringList events;
+    return events;
+}
+
+void note(QAccessibleEvent* event) {
+    switch (event->type()) {
+    case QAccessible::TextCaretMoved:
+        told() << QStringLiteral("caret %1")
+                      .arg(static_cast<QAccessibleTextCursorEvent*>(event)->cursorPosition());
+        break;
+    case QAccessible::TextSelectionChanged: {
+        auto* selection = static_cast<QAccessibleTextSelectionEvent*>(event);
+        told() << QStringLiteral("selection %1 %2")
+                      .arg(selection->selectionStart())
+                      .arg(selection->selectionEnd());
+        break;
+    }
+    case QAccessible::TextUpdated: {
+        auto* update = static_cast<QAccessibleTextUpdateEvent*>(event);
+        told() << QStringLiteral("text %1 -%2 +%3")
+                      .arg(update->changePosition())
+                      .arg(update->textRemoved(), update->textInserted());
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+class ViewAccessibility : public ViewTest {
+protected:
+    [[nodiscard]] QAccessibleInterface& interface() {
+        return *QAccessible::queryAccessibleInterface(&view);
+    }
+    [[nodiscard]] QAccessibleTextInterface& text() { return *interface().textInterface(); }
+};
+
+TEST_F(ViewAccessibility, TellsTextCaretAndSelection) {
+    setText(QStringLiteral("One two.\nThree\n"));
+    EXPECT_EQ(interface().role(), QAccessible::EditableText);
+    ASSERT_NE(interface().textInterface(), nullptr);
+    const QString all = QStringLiteral("One two.\nThree\n");
+    EXPECT_EQ(text().characterCount(), all.size()) << "a line end is one character here";
+    EXPECT_EQ(text().text(0, text().characterCount()), all);
+    EXPECT_EQ(text().text(4, 11), QStringLiteral("two.\nTh"));
+    box.setSelStart(positionOf(QStringLiteral("Three")) + 2);
+    EXPECT_EQ(text().cursorPosition(), 11);
+    text().setSelection(0, 4, 11);
+    EXPECT_EQ(selected(), QStringLiteral("two.\r\nTh"));
+    int start = -1;
+    int end = -1;
+    text().selection(0, &start, &end);
+    EXPECT_EQ(std::make_pair(start, end), std::make_pair(4, 11));
+    text().removeSelection(0);
+    EXPECT_EQ(text().selectionCount(), 0);
+}
+
+TEST_F(ViewAccessibility, CutsTheTextIntoUnits) {
+    const QString line = QStringLiteral("wrapping words ").repeated(12);
+    setText(QStringLiteral("One two.\n") + line);
+    ASSERT_GT(box.lineCount(), 3);
+    const int secondLine = box.toDocument(box.lineIndex(2));
+    const int thirdLine = box.toDocument(box.lineIndex(3));
+    const struct {
+        const char* what;
+        int offset;
+        QAccessible::TextBoundaryType type;
+        int start;
+        int end;
+    } rows[] = {
+        {"character", 4, QAccessible::CharBoundary, 4, 5},
+        {"word", 5, QAccessible::WordBoundary, 4, 7},
+        {"line end", 8, QAccessible::CharBoundary, 8, 9},
+        {"paragraph", 3, QAccessible::ParagraphBoundary, 0, 9},
+        {"display line", secondLine + 2, QAccessible::LineBoundary, secondLine, thirdLine},
+    };
+    for (const auto& row : rows) {
+        int start = -1;
+        int end = -1;
+        const QString found = text().textAtOffset(row.offset, row.type, &start, &end);
+        EXPECT_EQ(start, row.start) << row.what;
+        EXPECT_EQ(end, row.end) << row.what;
+        EXPECT_EQ(found, text().text(start, end)) << row.what;
+        int beforeEnd = -1;
+        text().textBeforeOffset(row.offset, row.type, &start, &beforeEnd);
+        EXPECT_EQ(beforeEnd, row.start) << row.what;
+        int afterStart = -1;
+        text().textAfterOffset(row.offset, row.type, &afterStart, &end);
+        EXPECT_EQ(afterStart, row.end) << row.what;
+    }
+}
+
+TEST_F(ViewAccessibility, TellsPlacesAndFormats) {
+    setText(QStringLiteral("One two\nThree"));
+    box.select(4, 7);
+    box.setSelBold(true);
+    const QRect rect = text().characterRect(5);
+    const QPoint inViewport = view.viewport()->mapFromGlobal(rect.topLeft());
+    EXPECT_NEAR(inViewport.x(), pointOf(5).x(), 2);
+    EXPECT_NEAR(inViewport.x() + rect.width(), pointOf(6).x(), 2);
+    EXPECT_EQ(text().offsetAtPoint(view.viewport()->mapToGlobal(pointOn(5))), 5);
+    EXPECT_EQ(text().offsetAtPoint(QPoint(-5000, 0)), -1);
+    int start = -1;
+    int end = -1;
+    const QString attributes = text().attributes(5, &start, &end);
+    EXPECT_EQ(std::make_pair(start, end), std::make_pair(4, 7));
+    EXPECT_TRUE(attributes.contains(QStringLiteral("font-weight:bold")))
+        << attributes.toStdString();
+    EXPECT_TRUE(attributes.contains(QStringLiteral("color:rgb(255,255,255)")));
+}
+
+TEST_F(ViewAccessibility, EditsUnlessReadOnly) {
+    setText(QStringLiteral("One two\nThree"));
+    auto* editor = interface().editableTextInterface();
+    ASSERT_NE(editor, nullptr);
+    editor->replaceText(4, 9, QStringLiteral("six\nT"));
+    editor->insertText(0, QStringLiteral("A"));
+    editor->deleteText(1, 4);
+    EXPECT_EQ(box.Text(), QStringLiteral("A six\r\nThree"));
+    view.setReadOnly(true);
+    EXPECT_EQ(interface().editableTextInterface(), nullptr);
+    EXPECT_TRUE(interface().state().readOnly);
+}
+
+TEST_F(ViewAccessibility, TellsChanges) {
+    setText(QStringLiteral("One\ntwo"));
+    // The offscreen platform has no listener: a notifier beside the view's own believes in one.
+    AccessibilityNotifier notifier(view, {[] { return true; }, note});
+    QObject::connect(&box.document(), &QTextDocument::contentsChange, &view,
+                     [&](int from, int removed, int added) {
+                         notifier.noteChange(TextChange::of(from, removed, added));
+                     });
+    QObject::connect(&box, &RichTextBox::Change, &view, [&] { notifier.tellTextChange(); });
+    QObject::connect(&box, &RichTextBox::SelChange, &view, [&] { notifier.tellCaretChange(); });
+    notifier.tellTextChange();
+    told().clear();
+    box.setSelStart(1);
+    type(QStringLiteral("x"));
+    box.setSelStart(positionOf(QStringLiteral("two")));
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_TRUE(told().contains(QStringLiteral("text 1 - +x"))) << told().join(u'|').toStdString();
+    EXPECT_TRUE(told().contains(QStringLiteral("caret 2")));
+    EXPECT_TRUE(told().contains(QStringLiteral("caret 5")));
+    EXPECT_TRUE(told().contains(QStringLiteral("text 4 -\n +")));
+    EXPECT_TRUE(told().contains(QStringLiteral("selection 4 5")));
+}
+
+} // namespace velmora

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/rich_text/document_layout.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "platform/rich_text/rich_text_view.h"
+
+#include <QApplication>
+#include <QScrollBar>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <ostream>
+
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+QT_END_NAMESPACE
+
+namespace velmora {
+
+/// Characters between a position and the text's start count one a line end here, two in the box:
+/// the tests write scripts with \n and ask for box positions by text.
+inline QString withLineEnds(QString text) {
+    return text.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+}
+
+/// A shown editor view over a box of its own, white text on black at zoom 2.
+class ViewTest : public ::testing::Test {
+protected:
+    static constexpr int ViewWidth = 700;
+    static constexpr int ViewHeight = 400;
+
+    ViewTest() {
+        CharacterFormat format;
+        format.fontName = QStringLiteral("Arial");
+        format.halfPoints = 2 * 14;
+        format.color = White;
+        box.setDefaultFormat(format);
+        box.setBackColor(Black);
+        box.setZoom(2);
+        view.resize(ViewWidth, ViewHeight);
+        view.show();
+        QApplication::setActiveWindow(&view);
+        view.setFocus();
+        QTest::qWait(1);
+    }
+
+    void setText(const QString& text) {
+        box.setText(withLineEnds(text));
+        box.setSelStart(0);
+    }
+    [[nodiscard]] int positionOf(const QString& text, int from = 0) const {
+        return static_cast<int>(box.Text().indexOf(withLineEnds(text), from));
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&view, key, modifiers);
+    }
+    void type(const QString& text) {
+        for (const QChar character : text) {
+            QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+            QApplication::sendEvent(&view, &event);
+        }
+    }
+    [[nodiscard]] QString selected() const { return box.SelText(); }
+
+    /// Viewport point of the left edge of a character, at half of its line's height; told by the
+    /// box and the layout alone.
+    [[nodiscard]] QPointF pointOf(int position) const {
+        const int inDocument = box.toDocument(position);
+        const LinePlace line = box.layout().lineOfPosition(inDocument);
+        const double x = line.line.cursorToX(inDocument - line.block.position());
+        const double columnLeft =
+            std::floor((view.viewport()->width() - box.wrapWidth() * box.zoom()) / 2);
+        const int top = box.verticalPosition(position) - view.verticalScrollBar()->value();
+        return {columnLeft + x * box.zoom() / DocumentLayout::UnitsPerPixel,
+                top + box.lineHeight(line.number) / 2};
+    }
+    /// A point on the character, a little right of its left edge.
+    [[nodiscard]] QPoint pointOn(int position) const {
+        return pointOf(position).toPoint() + QPoint(2, 0);
+    }
+
+    RichTextBox box;
+    RichTextView view{box};
+};
+
+} // namespace velmora

@@ -1,0 +1,123 @@
+#include "view_fixture.h"
+
+#include <QInputMethodEvent>
+#include <QTextLayout>
+
+namespace velmora {
+
+class ViewInputMethod : public ViewTest {
+protected:
+    void compose(const QString& text, const QList<QInputMethodEvent::Attribute>& attributes = {}) {
+        QInputMethodEvent event(text, attributes);
+        QApplication::sendEvent(&view, &event);
+    }
+    void commit(const QString& text, int replaceFrom = 0, int replaceLength = 0) {
+        QInputMethodEvent event;
+        event.setCommitString(text, replaceFrom, replaceLength);
+        QApplication::sendEvent(&view, &event);
+    }
+    [[nodiscard]] QString composed() const {
+        QString all;
+        for (QTextBlock block = box.document().begin(); block.isValid(); block = block.next()) {
+            all += block.layout()->preeditAreaText();
+        }
+        return all;
+    }
+    [[nodiscard]] QRect cursor() const {
+        return view.inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    }
+};
+
+TEST_F(ViewInputMethod, ComposedTextStandsInPlaceAndOutsideOfTheText) {
+    setText(QStringLiteral("first\nab"));
+    box.setSelStart(positionOf(QStringLiteral("b")));
+    const QRect before = cursor();
+    int changes = 0;
+    QObject::connect(&box, &RichTextBox::Change, &view, [&] { ++changes; });
+    compose(QStringLiteral("にほ"));
+    EXPECT_EQ(composed(), QStringLiteral("にほ"));
+    EXPECT_EQ(box.Text(), QStringLiteral("first\r\nab"));
+    EXPECT_EQ(changes, 0);
+    EXPECT_GT(cursor().left(), before.left()) << "the caret goes behind it";
+    const auto formats = box.document().lastBlock().layout()->formats();
+    ASSERT_EQ(formats.size(), 1);
+    EXPECT_TRUE(formats[0].format.fontUnderline());
+    EXPECT_EQ(formats[0].start, 1);
+    EXPECT_EQ(formats[0].length, 2);
+
+    compose(QStringLiteral("にほ"), {{QInputMethodEvent::Cursor, 0, 1, QVariant()}});
+    EXPECT_EQ(cursor().left(), before.left()) << "or where the input method wants it";
+    commit(QStringLiteral("日本"));
+    EXPECT_EQ(box.Text(), QStringLiteral("first\r\na日本b"));
+    EXPECT_EQ(composed(), QString());
+    EXPECT_EQ(box.SelStart(), box.textLength() - 1);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(ViewInputMethod, ComposingEnds) {
+    setText(QStringLiteral("abcdef"));
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        QString text;
+    } rows[] = {
+        {"cancelled", [&] { compose(QString()); }, QStringLiteral("abcdef")},
+        {"caret moved", [&] { box.setSelStart(0); }, QStringLiteral("abcdef")},
+        {"text replaced", [&] { box.setText(QStringLiteral("new")); }, QStringLiteral("new")},
+        {"paragraph split", [&] { box.setSelText(QStringLiteral("\r\n")); },
+         QStringLiteral("abc\r\ndef")},
+        {"clicked elsewhere",
+         [&] { QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, pointOn(0)); },
+         QStringLiteral("abcdef")},
+        {"read-only", [&] { view.setReadOnly(true); }, QStringLiteral("abcdef")},
+    };
+    for (const auto& row : rows) {
+        view.setReadOnly(false);
+        setText(QStringLiteral("abcdef"));
+        box.setSelStart(3);
+        compose(QStringLiteral("xy"));
+        ASSERT_EQ(composed(), QStringLiteral("xy")) << row.what;
+        row.act();
+        EXPECT_EQ(composed(), QString()) << row.what;
+        EXPECT_EQ(box.Text(), row.text) << row.what;
+    }
+}
+
+TEST_F(ViewInputMethod, CommitsMayReplace) {
+    setText(QStringLiteral("teh cat"));
+    box.setSelStart(3);
+    commit(QStringLiteral("the"), -3, 3);
+    EXPECT_EQ(box.Text(), QStringLiteral("the cat"));
+    EXPECT_EQ(box.SelStart(), 3);
+    box.select(0, 3);
+    compose(QStringLiteral("a"));
+    EXPECT_EQ(box.Text(), QStringLiteral(" cat")) << "composing replaces the selection";
+    commit(QStringLiteral("a"));
+    EXPECT_EQ(box.Text(), QStringLiteral("a cat"));
+}
+
+TEST_F(ViewInputMethod, TellsTheTextAround) {
+    setText(QStringLiteral("first\nsecond part"));
+    const int second = positionOf(QStringLiteral("second"));
+    box.select(second + 2, second + 6);
+    const struct {
+        Qt::InputMethodQuery query;
+        QVariant expected;
+    } rows[] = {
+        {Qt::ImEnabled, true},
+        {Qt::ImSurroundingText, QStringLiteral("second part")},
+        {Qt::ImCursorPosition, 6},
+        {Qt::ImAnchorPosition, 2},
+        {Qt::ImCurrentSelection, QStringLiteral("cond")},
+        {Qt::ImTextBeforeCursor, QStringLiteral("second")},
+        {Qt::ImTextAfterCursor, QStringLiteral(" part")},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(view.inputMethodQuery(row.query), row.expected) << row.query;
+    }
+    EXPECT_EQ(view.inputMethodQuery(Qt::ImTextBeforeCursor, 3), QVariant(QStringLiteral("ond")));
+    EXPECT_NEAR(cursor().center().x(), pointOf(second + 6).x(), 2);
+    EXPECT_NEAR(cursor().center().y(), pointOf(second + 6).y(), 2);
+}
+
+} // namespace velmora
