@@ -3,6 +3,7 @@
 #include "app/exit_question.h"
 #include "app/font_name_combo.h"
 #include "app/monitor_help.h"
+#include "app/window_placement.h"
 #include "core/display_rects.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
@@ -19,12 +20,9 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPushButton>
-#include <QScreen>
 #include <QSlider>
-#include <QStyle>
 #include <QUrl>
 
-#include <algorithm>
 #include <array>
 
 namespace velmora {
@@ -34,13 +32,6 @@ namespace {
 constexpr int SmallestComboSize = 8;
 constexpr int LargestComboSize = 48;
 constexpr int TwoDisplays = 4;
-
-bool isWholeScreen(const QRect& rectangle) {
-    const auto screens = QGuiApplication::screens();
-    return std::any_of(screens.cbegin(), screens.cend(), [&rectangle](const QScreen* screen) {
-        return screen->geometry() == rectangle;
-    });
-}
 
 QString firstLocalFile(const QMimeData& data) {
     const auto urls = data.urls();
@@ -118,21 +109,8 @@ void Form1::Form_Load() {
 void Form1::placeOnDisplay1() {
     GetDisplayRect(m_session, 1);
     const DisplayState& displays = m_session.displays;
-    const QRect rectangle(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
-                          displays.DisplayHeight);
-    if (rectangle.isEmpty()) {
-        return;
-    }
-    // On a screen the window manager knows how much room panels leave.
-    if (isWholeScreen(rectangle)) {
-        setGeometry(rectangle);
-        setWindowState(windowState() | Qt::WindowMaximized);
-        return;
-    }
-    // Display rectangles from the command line need not be a screen. The frame comes on top of the
-    // window and belongs inside too, or its title would lie beyond the edge.
-    move(rectangle.topLeft());
-    resize(rectangle.width(), rectangle.height() - style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    placeWindow(*this, QRect(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
+                             displays.DisplayHeight));
 }
 
 void Form1::readSettings() {
