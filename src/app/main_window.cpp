@@ -29,8 +29,6 @@ namespace velmora {
 
 namespace {
 
-constexpr int SmallestComboSize = 8;
-constexpr int LargestComboSize = 48;
 constexpr int TwoDisplays = 4;
 
 QString firstLocalFile(const QMimeData& data) {
@@ -85,13 +83,11 @@ void Form1::Form_Load() {
     measureScreen(m_session.platform.monitors, m_session.screen);
     placeOnDisplay1();
     readSettings();
-    for (int points = SmallestComboSize; points <= LargestComboSize; ++points) {
-        m_controls.Combo2->addItem(QString::number(points));
-    }
     m_controls.Hscroll1->setValue(m_session.settings.ColumnMargin);
     m_controls.place(m_session.screen, size());
     Hscroll1_Change();
-    applyEditorLook();
+    applyEditorDefaults(m_session);
+    m_controls.showFont(m_session.settings.ScreenFontName, m_session.settings.ScreenFontSize);
     updateCaption();
     showNotice(QString());
     show();
@@ -117,17 +113,6 @@ void Form1::readSettings() {
     m_settingsFile.emplace(m_session.AppFolder, m_session.screen.ScreenPixelsHigh);
     // A file that is missing or damaged gives defaults, without a word.
     m_settingsFile->load(m_session.settings);
-}
-
-void Form1::applyEditorLook() {
-    const Settings& settings = m_session.settings;
-    applyEditorDefaults(m_session);
-    m_controls.Combo1->showName(settings.ScreenFontName);
-    const QString points = QString::number(settings.ScreenFontSize);
-    if (m_controls.Combo2->findText(points) < 0) {
-        m_controls.Combo2->addItem(points);
-    }
-    m_controls.Combo2->setCurrentIndex(m_controls.Combo2->findText(points));
 }
 
 void Form1::checkTwoDisplays() {

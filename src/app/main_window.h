@@ -88,7 +88,6 @@ private:
     void connectControls();
     void placeOnDisplay1();
     void readSettings();
-    void applyEditorLook();
     void checkTwoDisplays();
     /// The unload step. Sets cancel when the program goes on.
     void Form_Unload(bool& cancel);

@@ -16,6 +16,10 @@ namespace velmora {
 
 namespace {
 
+/// What Combo2 offers, in points.
+constexpr int SmallestSize = 8;
+constexpr int LargestSize = 48;
+
 QString howToBegin() {
     return QStringLiteral("F1  Start From Beginning      F2  Start From Cursor      "
                           "Ctrl+L  Load      Ctrl+S  Save");
@@ -47,6 +51,9 @@ MainWindowControls::MainWindowControls(QWidget& window, Session& session) : m_wi
     Combo2 = new QComboBox(&window);
     Combo2->setObjectName(QStringLiteral("Combo2"));
     Combo2->setToolTip(QStringLiteral("Font Size"));
+    for (int points = SmallestSize; points <= LargestSize; ++points) {
+        Combo2->addItem(QString::number(points));
+    }
 
     Label2 = addLabel(QStringLiteral("Label2"), QStringLiteral("Editor / Prompter Width"));
     Label4 = addLabel(QStringLiteral("Label4"), QStringLiteral("Min"));
@@ -109,6 +116,15 @@ void MainWindowControls::place(const ScreenState& screen, QSize client) {
 
 void MainWindowControls::placeColumn(const ScreenState& screen, QSize client) {
     rtb1->setGeometry(textColumn(m_layout, screen, Hscroll1->value(), client));
+}
+
+void MainWindowControls::showFont(const QString& name, int points) {
+    Combo1->showName(name);
+    const QString size = QString::number(points);
+    if (Combo2->findText(size) < 0) {
+        Combo2->addItem(size);
+    }
+    Combo2->setCurrentIndex(Combo2->findText(size));
 }
 
 void MainWindowControls::showNotice(const QString& notice) {

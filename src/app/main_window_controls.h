@@ -27,6 +27,9 @@ public:
     void place(const ScreenState& screen, QSize client);
     /// Puts the text column alone in place.
     void placeColumn(const ScreenState& screen, QSize client);
+    /// Shows a font in Combo1 and Combo2; also a name that is not installed, and a size in points
+    /// that is not among the sizes offered.
+    void showFont(const QString& name, int points);
     /// A line at the bottom: a notice that needs attention, or without one how to begin.
     void showNotice(const QString& notice);
 
