@@ -2,7 +2,6 @@
 
 #include "app/exit_question.h"
 #include "app/font_name_combo.h"
-#include "app/monitor_help.h"
 #include "app/window_placement.h"
 #include "core/display_rects.h"
 #include "core/screen_scale.h"
@@ -13,6 +12,7 @@
 #include "platform/desktop/monitors.h"
 #include "platform/rich_text/rich_text_view.h"
 #include "platform/timing/event_pump.h"
+#include "setup/monitor_help.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -1,5 +1,5 @@
 #include "app/exit_question.h"
-#include "app/monitor_help.h"
+#include "setup/monitor_help.h"
 #include "support/modal_action.h"
 #include "support/test_session.h"
 

@@ -1,4 +1,4 @@
-#include "app/monitor_help.h"
+#include "setup/monitor_help.h"
 
 #include "core/session.h"
 
