@@ -14,7 +14,7 @@ public:
     /// Beyond these a document is refused; they are far above any script and keep a hostile file
     /// from taking the machine's memory.
     static constexpr qsizetype MaxParagraphs = 1'000'000;
-    static constexpr qsizetype MaxTextUnits = 128 * 1024 * 1024;
+    static constexpr qsizetype MaxTextUnits = qsizetype{128} * 1024 * 1024;
 
     /// The format of what is appended from now on, and of the end of its paragraph.
     void setFormat(const CharacterFormat& format);

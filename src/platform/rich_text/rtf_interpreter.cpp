@@ -222,10 +222,10 @@ void RtfInterpreter::leaveUnclosedTable(bool evenStyleSheet) {
 
 void RtfInterpreter::word(const RtfToken& token) {
     const RtfControlWord* row = findRtfControlWord(token.text);
-    const bool alternative = m_group.destination == RtfDestination::Alternative;
-    if (alternative && !(row && row->role == RtfWordRole::Alternative)) {
-        m_tokenizer.skipGroup();
-    } else if (m_ignorable && !(row && row->isKnownIgnorable())) {
+    const bool otherAlternative = m_group.destination == RtfDestination::Alternative &&
+                                  !(row && row->role == RtfWordRole::Alternative);
+    const bool unknownIgnorable = m_ignorable && !(row && row->isKnownIgnorable());
+    if (otherAlternative || unknownIgnorable) {
         m_tokenizer.skipGroup();
     } else if (row) {
         (this->*row->handler)(token, row->value);

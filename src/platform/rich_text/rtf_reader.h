@@ -11,7 +11,8 @@ namespace velmora {
 struct RtfReadResult final {
     /// Everything that could be read; also of a damaged file, up to where the damage begins.
     RichTextFragment fragment;
-    /// Failure only where nothing could be read: the bytes are no RTF at all.
+    /// Failure only where nothing is delivered: the bytes are no RTF at all, or the text is longer
+    /// than any document can be (a million paragraphs, 128 million characters).
     Outcome outcome = Outcome::success();
 };
 
