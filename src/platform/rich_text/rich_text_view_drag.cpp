@@ -66,16 +66,25 @@ void DragHandler::over(QDragMoveEvent& event) {
     } else if (y >= height - margin) {
         m_core.scrollBy(y - height + margin + 1);
     }
-    m_dropPosition = m_core.geometry().positionAt(event.position());
-    m_core.viewport().update();
+    setDropPosition(m_core.geometry().positionAt(event.position()));
     event.acceptProposedAction();
 }
 
 void DragHandler::leave() {
-    if (m_dropPosition) {
-        m_dropPosition.reset();
-        m_core.viewport().update();
+    setDropPosition(std::nullopt);
+}
+
+void DragHandler::setDropPosition(std::optional<int> position) {
+    for (const std::optional<int>& place : {m_dropPosition, position}) {
+        if (place && m_dropPosition != position) {
+            m_core.viewport().update(m_core.geometry().caretRect(*place));
+        }
     }
+    // The view's own caret is not painted meanwhile.
+    if (m_dropPosition.has_value() != position.has_value()) {
+        m_core.viewport().update(m_core.caretRect());
+    }
+    m_dropPosition = position;
 }
 
 void DragHandler::drop(QDropEvent& event) {

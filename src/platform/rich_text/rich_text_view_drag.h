@@ -34,6 +34,7 @@ public:
     [[nodiscard]] std::optional<int> dropPosition() const { return m_dropPosition; }
 
 private:
+    void setDropPosition(std::optional<int> position);
     void moveSelectionTo(int position);
     void copySelectionTo(int position);
 

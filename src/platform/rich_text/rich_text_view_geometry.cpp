@@ -12,7 +12,8 @@ namespace velmora {
 
 namespace {
 
-constexpr int CaretWidthAtZoom1 = 1;
+constexpr int LeastCaretWidth = 1;
+constexpr double CaretWidthPerZoom = 0.75;
 /// The blank row above the first line.
 constexpr int TopRow = 1;
 /// Room for the arithmetic of a scroll bar, which adds its page to its value.
@@ -128,7 +129,8 @@ QRect ViewGeometry::caretRect(int position, int preeditOffset) const {
 }
 
 int ViewGeometry::caretWidth() const {
-    return std::max(CaretWidthAtZoom1, static_cast<int>(std::lround(m_box.zoom() * 0.6)));
+    return std::max(LeastCaretWidth,
+                    static_cast<int>(std::lround(m_box.zoom() * CaretWidthPerZoom)));
 }
 
 int ViewGeometry::toLayout(const QTextBlock& block, int position) {

@@ -40,6 +40,7 @@ protected:
         box.setDefaultFormat(format);
         box.setBackColor(Black);
         box.setZoom(2);
+        QApplication::setCursorFlashTime(0); // a caret that blinks makes pictures differ
         view.resize(ViewWidth, ViewHeight);
         view.show();
         QApplication::setActiveWindow(&view);

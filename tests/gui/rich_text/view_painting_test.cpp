@@ -130,7 +130,7 @@ TEST_F(ViewPainting, PartialRepaintsLeaveTheWholePictureRight) {
                               QString()};
     for (int turn = 0; turn < 60; ++turn) {
         const int from = pick(box.textLength() + 1);
-        switch (pick(7)) {
+        switch (pick(8)) {
         case 0:
             box.select(from, std::max(0, from - pick(60)));
             break;
@@ -145,6 +145,10 @@ TEST_F(ViewPainting, PartialRepaintsLeaveTheWholePictureRight) {
             box.setSelFontSize(8 + pick(20));
             break;
         case 4:
+            box.select(from, from + pick(40));
+            box.setText(box.Text() + pieces[pick(5)]); // replaces only what differs
+            break;
+        case 5:
             press(pick(2) == 0 ? Qt::Key_Backspace : Qt::Key_Delete);
             break;
         default:
@@ -160,6 +164,17 @@ TEST_F(ViewPainting, PartialRepaintsLeaveTheWholePictureRight) {
             ASSERT_EQ(differingPixels(partial, shown()), 0) << "turn " << turn;
         }
     }
+}
+
+TEST_F(ViewPainting, ASelectionThatAChangeElsewhereTakesAwayIsPaintedAway) {
+    setText(QStringLiteral("stays\nchanges"));
+    box.select(0, 5);
+    settle();
+    box.setText(withLineEnds(QStringLiteral("stays\nchanged")));
+    ASSERT_EQ(box.SelLength(), 0);
+    const QImage partial = shown();
+    view.viewport()->update();
+    EXPECT_EQ(differingPixels(partial, shown()), 0);
 }
 
 TEST_F(ViewPainting, PaintsNothingWhileRedrawIsOff) {
