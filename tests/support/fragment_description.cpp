@@ -2,6 +2,9 @@
 
 #include "platform/rich_text/rtf_reader.h"
 
+#include <QStringList>
+
+#include <algorithm>
 #include <random>
 
 namespace velmora::test {

@@ -3,12 +3,15 @@
 #include "platform/rich_text/rtf_font_name.h"
 
 #include <QHash>
+#include <QStringList>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace velmora {
 

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
+#include <QStringList>
 
+#include <algorithm>
 #include <random>
 
 namespace velmora {
