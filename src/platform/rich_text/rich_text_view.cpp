@@ -182,7 +182,8 @@ QVariant RichTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
     return inputMethodQuery(query, QVariant());
 }
 
-QVariant RichTextView::inputMethodQuery(Qt::InputMethodQuery query, QVariant argument) const {
+QVariant RichTextView::inputMethodQuery(Qt::InputMethodQuery query,
+                                        const QVariant& argument) const {
     const QVariant answer = d->inputMethod.query(query, argument);
     return answer.isValid() ? answer : QAbstractScrollArea::inputMethodQuery(query);
 }

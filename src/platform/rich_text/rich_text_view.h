@@ -57,7 +57,8 @@ public:
 
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     /// The same with an argument, as input methods ask it.
-    Q_INVOKABLE QVariant inputMethodQuery(Qt::InputMethodQuery query, QVariant argument) const;
+    Q_INVOKABLE QVariant inputMethodQuery(Qt::InputMethodQuery query,
+                                          const QVariant& argument) const;
 
 protected:
     bool event(QEvent* event) override;
