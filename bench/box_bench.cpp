@@ -147,8 +147,8 @@ void BM_LineMetrics(benchmark::State& state) {
     }
 }
 
-/// A letter typed and its line asked for, with the document's height, as a view does; then the
-/// letter taken away. The time is that of two keystrokes.
+/// A letter typed and its line asked for, with the document's height, as a view does; in the next
+/// iteration the letter taken away, likewise. The time is the mean of the two keystrokes.
 void keystroke(benchmark::State& state, double place) {
     RichTextBox box;
     box.setFragment(scriptOf(state.range(0)));

@@ -26,8 +26,7 @@ CommandLine refused(const QString& problem) {
     return line;
 }
 
-// --- display rectangles
-// ---------------------------------------------------------------------------
+// --- display rectangles ----------------------------------------------------------------------
 
 /// One text of eight columns. Arguments that a shell has parted are a column each.
 QString columnText(const QStringList& arguments) {
@@ -65,8 +64,7 @@ std::optional<CommandLine::DisplayRectangles> parseRectangles(const QStringList&
     return numbers;
 }
 
-// --- the options of a rehearsal
-// -------------------------------------------------------------------
+// --- the options of a rehearsal --------------------------------------------------------------
 
 /// A number within bounds.
 bool takeNumber(const QString& value, double least, double most, std::optional<double>& number) {

@@ -41,8 +41,7 @@ public:
     explicit RichTextBox(QObject* parent = nullptr);
     ~RichTextBox() override;
 
-    // --- contents
-    // ---------------------------------------------------------------------------------
+    // --- contents ----------------------------------------------------------------------------
     /// The plain text, lines ended by CR LF, \line as U+000B. Kept until the text changes.
     [[nodiscard]] const QString& Text() const;
     /// Replaces everything by plain text in the default format.
@@ -62,8 +61,7 @@ public:
     [[nodiscard]] RichTextFragment fragment() const;
     void setFragment(const RichTextFragment& fragment);
 
-    // --- selection
-    // --------------------------------------------------------------------------------
+    // --- selection ---------------------------------------------------------------------------
     [[nodiscard]] int SelStart() const;
     /// Sets the caret; the selection becomes empty.
     void setSelStart(int position);
@@ -84,8 +82,7 @@ public:
     /// Replaces the selection; the caret stands behind what came in.
     void replaceSelection(const RichTextFragment& fragment);
 
-    // --- formats of the selection
-    // -----------------------------------------------------------------
+    // --- formats of the selection ------------------------------------------------------------
     [[nodiscard]] std::optional<Rgb24> SelColor() const;
     void setSelColor(Rgb24 color);
     /// The crBackColor of the selection's character format; 0 is none.
@@ -111,8 +108,7 @@ public:
     [[nodiscard]] bool SelHasOffset() const;
     void clearSelOffset();
 
-    // --- the whole control
-    // ------------------------------------------------------------------------
+    // --- the whole control -------------------------------------------------------------------
     [[nodiscard]] Rgb24 BackColor() const;
     void setBackColor(Rgb24 color);
     /// The format of text that is set without a format of its own, and of an empty document.
@@ -129,8 +125,7 @@ public:
     [[nodiscard]] bool redraw() const;
     void setRedraw(bool on);
 
-    // --- search and lines
-    // -------------------------------------------------------------------------
+    // --- search and lines --------------------------------------------------------------------
     /// Plain search that ignores case, from start to the end of the text. Selects the match and
     /// returns its position, or returns -1 and changes nothing.
     int Find(const QString& text, int start);
@@ -156,8 +151,7 @@ public:
     /// Natural height of a line at the current zoom, in pixels.
     [[nodiscard]] double lineHeight(int line) const;
 
-    // --- drawing
-    // ----------------------------------------------------------------------------------
+    // --- drawing -----------------------------------------------------------------------------
     /// The runs of a range, which must lie inside one paragraph.
     [[nodiscard]] std::vector<StyledText> styledText(int position, int length) const;
     /// Reading order of the paragraph that holds a position.
