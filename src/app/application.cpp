@@ -6,6 +6,7 @@
 #include "app/unattended.h"
 #include "core/app_folder.h"
 #include "core/command_line.h"
+#include "core/program_name.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
 #include "platform/desktop/file_dialogs_widgets.h"
@@ -96,7 +97,7 @@ int runApplication(int argc, char** argv) {
         std::fputs(qPrintable(usageText()), stdout);
         return 0;
     case CommandLine::Action::ShowVersion:
-        std::puts("Velmora V12.0");
+        std::puts(qPrintable(programName()));
         return 0;
     case CommandLine::Action::Refuse:
         return refuse(line);

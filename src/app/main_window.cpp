@@ -3,7 +3,9 @@
 #include "app/exit_question.h"
 #include "app/font_name_combo.h"
 #include "app/window_placement.h"
+#include "core/arrangement.h"
 #include "core/display_rects.h"
+#include "core/program_name.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
 #include "core/two_display_check.h"
@@ -28,8 +30,6 @@
 namespace velmora {
 
 namespace {
-
-constexpr int TwoDisplays = 4;
 
 QString firstLocalFile(const QMimeData& data) {
     const auto urls = data.urls();
@@ -96,7 +96,7 @@ void Form1::Form_Load() {
     if (m_session.settings.IgnoreMonitorHelp == 0) {
         Form11(m_session, this).showHelp();
     }
-    if (m_session.settings.MirrorMode == TwoDisplays) {
+    if (m_session.settings.MirrorMode == mirror::TwoDisplays) {
         checkTwoDisplays();
     }
     focusEditor();
@@ -332,7 +332,7 @@ void Form1::showNotice(const QString& text) {
 }
 
 void Form1::updateCaption() {
-    QString caption = QStringLiteral("Velmora V12.0");
+    QString caption = programName();
     if (!m_shownFile.isEmpty()) {
         caption += QStringLiteral(" - ") + QFileInfo(m_shownFile).fileName();
     }

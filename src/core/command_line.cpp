@@ -1,5 +1,6 @@
 #include "core/command_line.h"
 
+#include "core/arrangement.h"
 #include "core/number_format.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
@@ -134,7 +135,8 @@ constexpr std::array RehearsalOptionTable = {
            }},
     Option{u"--mirror", u"0, 1 or 4",
            [](RehearsalArguments& to, const QString& value, const QDir&) {
-               return takeWhole(value, 0, 4, to.mirror) && *to.mirror != 2 && *to.mirror != 3;
+               return takeWhole(value, mirror::OneDisplay, mirror::TwoDisplays, to.mirror) &&
+                      (*to.mirror <= mirror::Mirrored || *to.mirror == mirror::TwoDisplays);
            }},
     Option{u"--report", u"a file name",
            [](RehearsalArguments& to, const QString& value, const QDir& folder) {
@@ -159,7 +161,7 @@ QString notAvailableYet(const RehearsalArguments& arguments) {
     if (arguments.seconds) {
         return QStringLiteral("--seconds is not available yet.");
     }
-    if (arguments.mirror.value_or(0) != 0) {
+    if (arguments.mirror.value_or(mirror::OneDisplay) != mirror::OneDisplay) {
         return QStringLiteral("--mirror 1 and --mirror 4 are not available yet.");
     }
     return QString();

@@ -19,11 +19,11 @@ struct Settings final {
     double ScrollSpeed = 60;
     /// 0 start at the first line, 1 at the line of the caret.
     int FirstDisplayLine = 0;
-    /// 0 or 11 none, 10 foot, 20 trigger, 21 RF wireless.
+    /// 0 or 11 none, 10 foot, 20 trigger, 21 RF wireless; core/arrangement.h.
     int ControllerType = 0;
     /// Kept and written back, used by nothing.
     int ReservedSetting = 1;
-    /// 0 one display, 1 one display mirrored, 4 two displays mirrored.
+    /// 0 one display, 1 one display mirrored, 4 two displays mirrored; core/arrangement.h.
     int MirrorMode = 0;
     /// Step of the spacing table, 1 to 36.
     int LineSpacingIndex = 26;

@@ -1,6 +1,7 @@
 #include "core/settings_file.h"
 
 #include "core/app_folder.h"
+#include "core/arrangement.h"
 #include "core/line_spacing.h"
 #include "core/list_items.h"
 #include "core/number_format.h"
@@ -196,7 +197,7 @@ void limitSettings(Settings& s) {
           &Settings::ShuttleButton4, &Settings::ShuttleButton5}) {
         limitOr(s.*button, 0, 8, defaults.*button);
     }
-    s.SpeedControllerInUse = s.ControllerType == 20 || s.ControllerType == 21 ? 1 : 0;
+    s.SpeedControllerInUse = speedControllerInUse(s.ControllerType) ? 1 : 0;
     if (s.ScreenFontName.isEmpty()) {
         s.ScreenFontName = defaults.ScreenFontName;
     }

@@ -1,5 +1,6 @@
 #include "core/two_display_check.h"
 
+#include "core/arrangement.h"
 #include "core/display_rects.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
@@ -8,7 +9,6 @@ namespace velmora {
 
 namespace {
 
-constexpr int TwoDisplays = 4;
 constexpr double ReferenceWidth = 640;
 /// What the display's own frame and controls take of its width, in pixels.
 constexpr int DisplayExtras = 53;
@@ -57,7 +57,7 @@ TwoDisplayCheck checkTwoDisplaysAfterSetup(Session& session, const ColumnSlider&
     if (mirrorMode == mirrorModeBefore) {
         return {slider, false};
     }
-    if (mirrorMode == TwoDisplays) {
+    if (mirrorMode == mirror::TwoDisplays) {
         return check(session, slider, NarrowerFirst::ResetsMinimum);
     }
     TwoDisplayCheck result{slider, false};

@@ -21,9 +21,10 @@ struct TwoDisplayCheck final {
     bool messageDue = false;
 };
 
-/// At start, to be run when MirrorMode is 4: with a display 2 narrower than display 1 the slider's
-/// minimum, and its value if needed, rise to the first margin whose column fits display 2. Without
-/// a display 2 the message is due and the slider stays. Queries both displays.
+/// At start, to be run when MirrorMode is mirror::TwoDisplays: with a display 2 narrower than
+/// display 1 the slider's minimum, and its value if needed, rise to the first margin whose column
+/// fits display 2. Without a display 2 the message is due and the slider stays. Queries both
+/// displays.
 [[nodiscard]] TwoDisplayCheck checkTwoDisplaysAtStart(Session& session, const ColumnSlider& slider);
 
 /// After the setup window: a MirrorMode that changed to 4 is checked as at start, but with a
