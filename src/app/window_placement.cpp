@@ -1,31 +1,19 @@
 #include "app/window_placement.h"
 
-#include <QGuiApplication>
-#include <QScreen>
+#include "platform/desktop/screens.h"
+
+#include <QRect>
 #include <QStyle>
 #include <QWidget>
 
-#include <algorithm>
-
 namespace velmora {
-
-namespace {
-
-bool isWholeScreen(const QRect& rectangle) {
-    const auto screens = QGuiApplication::screens();
-    return std::any_of(screens.cbegin(), screens.cend(), [&rectangle](const QScreen* screen) {
-        return screen->geometry() == rectangle;
-    });
-}
-
-} // namespace
 
 void placeWindow(QWidget& window, const QRect& display) {
     if (display.isEmpty()) {
         return;
     }
     // On a screen the window manager knows how much room panels leave.
-    if (isWholeScreen(display)) {
+    if (screenAt(display) != nullptr) {
         window.setGeometry(display);
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
         return;

@@ -38,6 +38,15 @@ std::vector<QRect> inReadingOrder(std::vector<QRect> displays) {
     return displays;
 }
 
+QScreen* screenAt(const QRect& geometry) {
+    const auto screens = QGuiApplication::screens();
+    const auto found =
+        std::find_if(screens.cbegin(), screens.cend(), [&geometry](const QScreen* screen) {
+            return realPixels(*screen) == geometry;
+        });
+    return found == screens.cend() ? nullptr : *found;
+}
+
 std::vector<QRect> Screens::displays() const {
     std::vector<QRect> rectangles;
     const auto screens = QGuiApplication::screens();

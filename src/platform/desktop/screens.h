@@ -2,6 +2,8 @@
 
 #include "platform/desktop/monitors.h"
 
+class QScreen;
+
 namespace velmora {
 
 /// The displays as Qt tells them; needs a QGuiApplication. Displays that show the same rectangle
@@ -13,6 +15,10 @@ public:
     [[nodiscard]] int colorDepth() const override;
     [[nodiscard]] double refreshRate() const override;
 };
+
+/// The screen that a rectangle in real pixels is exactly; null where none is. Only on one can a
+/// window be maximised or fill the screen and stand in that rectangle. Needs a QGuiApplication.
+[[nodiscard]] QScreen* screenAt(const QRect& geometry);
 
 /// Puts displays in the order of reading: by rows of 480 pixels from the desktop's top, within a
 /// row from the left. A display that hangs a little lower than its neighbour stays in its row.
