@@ -158,7 +158,7 @@ BENCHMARK(BM_FirstFillCold)->Apply(screens)->Unit(benchmark::kMillisecond);
 void BM_Reposition(benchmark::State& state) {
     PreparedShow show(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     show.begin();
-    const std::int64_t distance = 3 * show.geometry.textRows();
+    const std::int64_t distance = std::int64_t{3} * show.geometry.textRows();
     std::int64_t top = 0;
     for (auto _ : state) {
         top = (top + distance) % std::max<std::int64_t>(1, show.lastTop());

@@ -75,7 +75,7 @@ void LoopHousekeeping::updateControls() {
 void LoopHousekeeping::measureCycle() {
     const Clock& clock = m_session.platform.clock;
     const std::int64_t now = clock.counter();
-    const double cycleTicks = static_cast<double>(now - m_cycleStart);
+    const auto cycleTicks = static_cast<double>(now - m_cycleStart);
     m_cycleStart = now;
     m_secondsPerStep = cycleTicks / StepsPerCycle / static_cast<double>(clock.frequency());
 }

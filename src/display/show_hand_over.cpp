@@ -34,8 +34,6 @@ bool longScriptAccepted(Session& session) {
 
 ShowHandOver::ShowHandOver(Session& session, EditorHost& host) : m_session(session), m_host(host) {}
 
-ShowHandOver::~ShowHandOver() = default;
-
 bool ShowHandOver::running() const {
     return m_running;
 }

@@ -11,7 +11,6 @@ class ShowObserver;
 class ShowHandOver final {
 public:
     ShowHandOver(Session& session, EditorHost& host);
-    ~ShowHandOver();
 
     /// Carries out one show: takes the script, opens the display window that the settings ask for,
     /// and returns when the show is over and the editor is restored. StartFromCursor and

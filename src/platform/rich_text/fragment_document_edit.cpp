@@ -70,8 +70,7 @@ Paragraph paragraphOf(const QTextBlock& block, int begin, int end, FormatCollect
 /// Writes a fragment into a document at a cursor, its formats translated once.
 class FragmentInserter final {
 public:
-    FragmentInserter(QTextCursor& cursor, const RichTextFragment& fragment)
-        : m_cursor(cursor), m_fragment(fragment) {
+    FragmentInserter(QTextCursor& cursor, const RichTextFragment& fragment) : m_cursor(cursor) {
         m_formats.reserve(fragment.formats.size());
         for (const CharacterFormat& format : fragment.formats) {
             m_formats.push_back(toTextFormat(format));
@@ -111,7 +110,6 @@ public:
 
 private:
     QTextCursor& m_cursor;
-    const RichTextFragment& m_fragment;
     std::vector<QTextCharFormat> m_formats;
     QTextCharFormat m_defaultFormat = toTextFormat({});
     ParagraphFormat m_paragraphFormat;

@@ -12,7 +12,7 @@ namespace velmora {
 
 namespace {
 
-constexpr qint64 MegaByte = 1024 * 1024;
+constexpr qint64 MegaByte = 1024LL * 1024;
 
 /// What is larger is no script; the bounds keep a wrong pick from filling the memory.
 qint64 limitOf(FileFormat format) {
