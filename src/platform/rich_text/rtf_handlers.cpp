@@ -216,6 +216,13 @@ void RtfInterpreter::setBasedOn(const RtfToken& token, int) {
 
 void RtfInterpreter::enter(const RtfToken&, int destination) {
     const auto entered = static_cast<RtfDestination>(destination);
+    // A table that lost its opening brace is still one; it ends where paragraphs begin.
+    const bool table = entered == RtfDestination::FontTable ||
+                       entered == RtfDestination::ColorTable ||
+                       entered == RtfDestination::StyleSheet;
+    if (!table && !m_atGroupStart) {
+        return;
+    }
     m_group.outer = m_group.destination;
     m_group.destination = entered;
     m_group.ownsDestination = true;
@@ -225,7 +232,9 @@ void RtfInterpreter::enter(const RtfToken&, int destination) {
 }
 
 void RtfInterpreter::skip(const RtfToken&, int) {
-    m_tokenizer.skipGroup();
+    if (m_atGroupStart) {
+        skipGroup();
+    }
 }
 
 void RtfInterpreter::enterUnicodeAlternative(const RtfToken&, int) {

@@ -58,7 +58,7 @@ void RtfInterpreter::follow(const RtfToken& token) {
             m_tokenizer.skipGroup();
             (void)m_tokenizer.next();
         }
-        m_tokenizer.skipGroup();
+        skipGroup();
         return;
     }
     switch (rest.kind) {
@@ -89,6 +89,7 @@ void RtfInterpreter::follow(const RtfToken& token) {
         break;
     }
     m_ignorable = rest.kind == RtfTokenKind::Symbol && rest.byte == '*';
+    m_atGroupStart = rest.kind == RtfTokenKind::GroupStart || (m_atGroupStart && m_ignorable);
 }
 
 bool RtfInterpreter::isReplaced(RtfToken& token) {
@@ -202,6 +203,8 @@ void RtfInterpreter::leaveUnclosedTable(bool evenStyleSheet) {
     const auto isTable = [evenStyleSheet](const RtfGroup& group) {
         return group.destination == RtfDestination::FontTable ||
                group.destination == RtfDestination::ColorTable ||
+               group.destination == RtfDestination::Silent ||
+               group.destination == RtfDestination::Alternatives ||
                (evenStyleSheet && group.destination == RtfDestination::StyleSheet);
     };
     if (!isTable(m_group)) {
@@ -220,13 +223,33 @@ void RtfInterpreter::leaveUnclosedTable(bool evenStyleSheet) {
     m_formatStale = true;
 }
 
+void RtfInterpreter::skipGroup() {
+    const RtfTokenizer start = m_tokenizer;
+    const int open = m_tokenizer.skipGroup();
+    const int closings = m_tokenizer.closingsToTheEnd();
+    // Every group that is open now, and the document itself, should still be closed.
+    const int missing = static_cast<int>(m_outerGroups.size()) + std::max(open, 1) - closings;
+    if (closings < 0 || missing <= 0 || m_outerGroups.empty() ||
+        m_unclosedSkips >= MaxUnclosedSkips) {
+        return;
+    }
+    RtfTokenizer paragraphs = start;
+    if (paragraphs.skipToParagraph(missing)) {
+        ++m_unclosedSkips;
+        m_tokenizer = paragraphs;
+        closeGroup();
+    }
+}
+
 void RtfInterpreter::word(const RtfToken& token) {
     const RtfControlWord* row = findRtfControlWord(token.text);
     const bool otherAlternative = m_group.destination == RtfDestination::Alternative &&
                                   !(row && row->role == RtfWordRole::Alternative);
     const bool unknownIgnorable = m_ignorable && !(row && row->isKnownIgnorable());
-    if (otherAlternative || unknownIgnorable) {
-        m_tokenizer.skipGroup();
+    if (otherAlternative) {
+        skipGroup();
+    } else if (unknownIgnorable) {
+        skip(token, 0);
     } else if (row) {
         (this->*row->handler)(token, row->value);
     }

@@ -24,6 +24,9 @@ public:
     /// Groups nested deeper than this are skipped.
     static constexpr std::size_t MaxDepth = 100'000;
     static constexpr std::size_t MaxInstructionBytes = 512;
+    /// So many skipped groups without a closing brace are left again; each costs a look at the
+    /// whole rest of the file.
+    static constexpr int MaxUnclosedSkips = 64;
     /// 22 inches, the widest that a page can be; offsets are limited to it.
     static constexpr int MaxOffsetTwips = 31'680;
 
@@ -105,6 +108,9 @@ private:
     /// Paragraphs in a table of the header mean that its closing brace is missing: without this,
     /// one lost brace would swallow the whole script.
     void leaveUnclosedTable(bool evenStyleSheet);
+    /// Passes over the rest of the group. Where that takes the last braces of the document along,
+    /// its own brace is missing: then it ends where paragraphs begin, and the script is kept.
+    void skipGroup();
 
     void word(const RtfToken& token);
     void symbol(unsigned char byte);
@@ -139,7 +145,11 @@ private:
     int m_documentCodePage = CodePages::Windows1252;
     bool m_ansiCodePageGiven = false;
 
+    /// Nothing but \* has come since the brace that opened the group: only there does a word say
+    /// what its group is for. Elsewhere it is a stray one, and what follows it is text.
+    bool m_atGroupStart = false;
     bool m_ignorable = false;
+    int m_unclosedSkips = 0;
     int m_unitsToSkip = 0;
 
     /// What the current font means for the text, kept while the formats stay.

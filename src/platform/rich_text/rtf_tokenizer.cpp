@@ -156,7 +156,7 @@ RtfToken RtfTokenizer::controlWord() {
     return token;
 }
 
-void RtfTokenizer::skipGroup() {
+int RtfTokenizer::skipGroup() {
     int depth = 0;
     while (m_at < m_end) {
         const char* const before = m_at;
@@ -167,9 +167,45 @@ void RtfTokenizer::skipGroup() {
             ++depth;
         } else if (byte == '}' && depth-- == 0) {
             m_at = before;
-            return;
+            return 0;
         }
     }
+    return depth + 1;
+}
+
+bool RtfTokenizer::skipToParagraph(int groups) {
+    RtfTokenizer ahead = *this;
+    int depth = 0;
+    while (ahead.m_at < ahead.m_end && depth >= 0) {
+        const char* const before = ahead.m_at;
+        const char byte = *ahead.m_at++;
+        if (byte == '\\') {
+            const RtfToken token = ahead.control();
+            const bool paragraph =
+                token.kind == RtfTokenKind::Word && (token.text == "par" || token.text == "pard");
+            if (paragraph && depth < groups) {
+                m_at = before;
+                return true;
+            }
+        } else if (byte == '{') {
+            ++depth;
+        } else if (byte == '}') {
+            --depth;
+        }
+    }
+    return false;
+}
+
+int RtfTokenizer::closingsToTheEnd() const {
+    int closings = 0;
+    for (const char* at = m_at; at < m_end; ++at) {
+        if (*at == '}') {
+            ++closings;
+        } else if (*at != ' ' && classOf(*at) != Dropped) {
+            return -1;
+        }
+    }
+    return closings;
 }
 
 int RtfTokenizer::unmatchedClosings() const {

@@ -47,7 +47,17 @@ public:
 
     /// Moves in front of the brace that closes the group in which the next token stands, or to the
     /// end of the input. Data of \bin may hold any braces and is stepped over as a whole.
-    void skipGroup();
+    /// Returns how many groups the end of the input left open, that one included: 0 where its brace
+    /// was found.
+    int skipGroup();
+
+    /// Moves in front of the first \par or \pard that stands in less than so many groups within the
+    /// one of the next token, and says whether there is one. Does not move where there is none.
+    [[nodiscard]] bool skipToParagraph(int groups);
+
+    /// How many closing braces there are from here to the end of the input; -1 where anything but
+    /// braces, blanks and line ends is still to come.
+    [[nodiscard]] int closingsToTheEnd() const;
 
     /// How many braces from here to the end close a group that was never opened, when the group in
     /// which the next token stands is not counted.

@@ -125,9 +125,9 @@ TEST(RtfMutation, ACutOffDocumentGivesTheTextUpToTheCut) {
     }
 }
 
-TEST(RtfMutation, OneLostBraceOfTheTablesDoesNotLoseTheScript) {
+TEST(RtfMutation, OneLostBraceOfTheHeaderDoesNotLoseTheScript) {
     const qsizetype tables = Rich.indexOf("{\\colortbl");
-    const qsizetype end = Rich.indexOf("{\\info");
+    const qsizetype end = Rich.indexOf("\\pard\\s1");
     for (qsizetype at = tables; at < end; ++at) {
         if (Rich.at(at) != '{' && Rich.at(at) != '}') {
             continue;

@@ -170,6 +170,28 @@ TEST(RtfReader, ADamagedFileGivesWhatCanBeRead) {
         {"{\\rtf1 a\\bin99 b", u"a"_qs},
         {"{\\rtf1 a\\", u"a"_qs},
         {"{\\rtf1 a{\\info{\\title b}", u"a"_qs},
+        // One lost brace in a group that is passed over, or two: the paragraphs behind it are kept.
+        {"{\\rtf1{\\info{\\title x}\\pard a\\par b\\par}", u"a|b|"_qs},
+        {"{\\rtf1{\\info{\\title x\\pard a\\par b\\par}", u"a|b|"_qs},
+        {"{\\rtf1{\\*\\listtable{\\list{\\listlevel\\listid1}}\\pard a\\par}\r\n", u"a|"_qs},
+        {"{\\rtf1{\\*\\listtable{\\list{\\listlevel}\\pard a{\\b b}\\par}", u"a{b:b}|"_qs},
+        {"{\\rtf1{\\upr{\\title x{\\*\\ud{\\title y}}}\\pard a\\par}", u"a|"_qs},
+        {"{\\rtf1{\\header\\pard x\\par}{\\pict 01\\par a\\par}", u"|a|"_qs},
+        {"{\\rtf1{\\*\\nesttableprops\\nestrow\\pard a\\par}", u"|a|"_qs},
+        // Groups that are whole stay passed over, whatever else is lost.
+        {"{\\rtf1{\\b a{\\footnote\\pard x\\par}\\par b\\par}", u"{b:a}|{b:b}|"_qs},
+        {"{\\rtf1 a{\\shp{\\*\\shpinst{\\shptxt\\pard x\\par}}{\\info\\pard b\\par}", u"ab|"_qs},
+    });
+}
+
+TEST(RtfReader, AWordSaysWhatAGroupIsForOnlyAtItsStart) {
+    expectReadings({
+        {"{\\b0}a \\*\\unheardof b\\par c", u"a b|c"_qs},
+        {"{\\b0}a\\footnote  b\\par c", u"a b|c"_qs},
+        {"{\\b a\\pict b}c", u"{b:ab}c"_qs},
+        {"{\\b0}a\\fldinst b\\upr c\\par d", u"abc|d"_qs},
+        {"\\info{\\title x}}\\pard a\\par}", u"a|"_qs},
+        {"{\\*\\unheardof x}{\\*\\b\\unheardof x}{{\\pict x}a}", u"a"_qs},
     });
     EXPECT_TRUE(readRtf("\xEF\xBB\xBF\r\n {\\rtf a}").outcome);
     for (const char* none :
