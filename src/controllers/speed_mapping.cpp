@@ -18,7 +18,7 @@ constexpr int Last = 255;
 
 SpeedDelayTable buildSpeedDelayTable(double delayMs, int scrollSpeedControl) {
     SpeedDelayTable table{};
-    if (scrollSpeedControl == FullRange) {
+    if (isFullRange(scrollSpeedControl)) {
         for (int n = 0; n <= Last; ++n) {
             table[static_cast<std::size_t>(n)] = delayMs * std::pow(Growth, n / 2.0);
         }
@@ -39,7 +39,7 @@ double speedDelayMs(const SpeedDelayTable& table, double scrollSpeed) {
 }
 
 double speedAtShowStart(double scrollSpeed, int scrollSpeedControl) {
-    if (scrollSpeedControl == FullRange && scrollSpeed > Middle) {
+    if (isFullRange(scrollSpeedControl) && scrollSpeed > Middle) {
         scrollSpeed = Last - scrollSpeed;
     }
     return clampSpeed(scrollSpeed);
@@ -62,7 +62,7 @@ double indicatorLeft(double scrollSpeed) {
 }
 
 double speedAfterKey(SpeedKey key, double scrollSpeed, int scrollSpeedControl) {
-    const bool split = scrollSpeedControl == SplitRange;
+    const bool split = !isFullRange(scrollSpeedControl);
     const bool backwardSide = scrollSpeed > Middle;
     switch (key) {
     case SpeedKey::Left:

@@ -8,6 +8,11 @@ namespace velmora {
 inline constexpr int SplitRange = 0;
 inline constexpr int FullRange = 1;
 
+/// A value that is neither, from a damaged file, is Split Range.
+[[nodiscard]] constexpr bool isFullRange(int scrollSpeedControl) {
+    return scrollSpeedControl == FullRange;
+}
+
 /// Waits of a step in milliseconds, by the rounded ScrollSpeed.
 using SpeedDelayTable = std::array<double, 256>;
 

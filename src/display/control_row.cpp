@@ -2,8 +2,10 @@
 
 #include "controllers/speed_mapping.h"
 
+#include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
+
+#include <cmath>
 
 namespace velmora {
 
@@ -48,6 +50,24 @@ void SpeedScale::setSpeed(double scrollSpeed) {
     update();
 }
 
+SpeedScale::Part SpeedScale::partAt(int x) {
+    if (x < ButtonWidth) {
+        return Part::Start;
+    }
+    if (x < 2 * ButtonWidth) {
+        return Part::Pause;
+    }
+    return x > 2 * ButtonWidth ? Part::Scale : Part::None;
+}
+
+double SpeedScale::speedAt(int x) {
+    return clampSpeed(std::floor(255 - (x - 93) * 1.1038961));
+}
+
+void SpeedScale::mousePressEvent(QMouseEvent* event) {
+    Q_EMIT pressed(static_cast<int>(event->position().x()));
+}
+
 void SpeedScale::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -73,7 +93,7 @@ void SpeedScale::paintScale(QPainter& painter) const {
     const double right = scaleX(0);
     QLinearGradient shade(left, 0, right, 0);
     const auto place = [&](double speed) { return (scaleX(speed) - left) / (right - left); };
-    if (m_range == FullRange) {
+    if (isFullRange(m_range)) {
         shade.setColorAt(0, QColor(Still));
         shade.setColorAt(place(243), QColor(Still));
         shade.setColorAt(place(242), QColor(Go).darker(300));

@@ -16,8 +16,19 @@ public:
     /// Moves the thumb.
     void setSpeed(double scrollSpeed);
 
+    enum class Part { None, Start, Pause, Scale };
+    /// The part of the scale at a place, in pixels from its left edge.
+    [[nodiscard]] static Part partAt(int x);
+    /// The speed at a place on the scale, 0 to 255.
+    [[nodiscard]] static double speedAt(int x);
+
+Q_SIGNALS:
+    /// A button was pressed at a place, in pixels from the left edge.
+    void pressed(int x);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void paintScale(QPainter& painter) const;

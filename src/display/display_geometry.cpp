@@ -11,8 +11,6 @@ namespace {
 
 constexpr int ReferenceWidth = 640;
 constexpr int ReferenceHeight = 480;
-constexpr int ArrowStripWidth = 40;
-constexpr int ScrollBarWidth = 19;
 constexpr int ControlRowHeight = 36;
 /// Air that the fitted text keeps from the window's right edge.
 constexpr double TextGap = 12;

@@ -47,6 +47,9 @@ struct DisplayGeometry final {
 inline constexpr int TextTopMargin = 10;
 /// Rows of Picture1 that are not text: 10 above and 9 below.
 inline constexpr int TextMargins = 19;
+/// Widths of the cue arrow's strip and of the scroll bar.
+inline constexpr int ArrowStripWidth = 40;
+inline constexpr int ScrollBarWidth = 19;
 /// How far the text moves when the controls go.
 inline constexpr int FullScreenShiftX = 10;
 inline constexpr int FullScreenShiftY = 20;

@@ -1,6 +1,7 @@
 #include "display/display_window.h"
 
 #include "controllers/speed_mapping.h"
+#include "core/arrangement.h"
 #include "core/display_rects.h"
 #include "core/session.h"
 #include "display/cue_arrow.h"
@@ -9,16 +10,19 @@
 #include "display/scroll_loop.h"
 #include "platform/desktop/message_boxes.h"
 #include "platform/desktop/monitors.h"
+#include "platform/desktop/screens.h"
 #include "platform/devices/key_numbers.h"
 #include "platform/drawing/color.h"
 #include "platform/timing/event_pump.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QSignalBlocker>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -42,16 +46,6 @@ QLabel* createLabel(QWidget* parent, const QString& text, int points) {
     auto* label = new QLabel(text, parent);
     label->setFont(labelFont(points));
     return label;
-}
-
-/// The screen that a rectangle is exactly, if any: only there full screen means that rectangle.
-QScreen* screenOf(const QRect& rectangle) {
-    for (QScreen* screen : QGuiApplication::screens()) {
-        if (screen->geometry() == rectangle) {
-            return screen;
-        }
-    }
-    return nullptr;
 }
 
 } // namespace
@@ -102,6 +96,8 @@ void DisplayWindow::createControls() {
     Command3 = new QPushButton(QStringLiteral("Exit"), this);
     for (QWidget* control : {static_cast<QWidget*>(Vscroll1), static_cast<QWidget*>(Command3)}) {
         control->setFocusPolicy(Qt::NoFocus);
+        // A context menu is a loop of its own, in which the show would stand still.
+        control->setContextMenuPolicy(Qt::NoContextMenu);
     }
 }
 
@@ -109,7 +105,7 @@ void DisplayWindow::load() {
     m_session.settings.RowStep = m_session.settings.ScrollerTurbo == 1 ? 2 : 1;
     m_session.show.BlankState = 0;
     m_session.show.PauseState = 3;
-    if (m_session.settings.MirrorMode != 0) {
+    if (m_session.settings.MirrorMode != mirror::OneDisplay) {
         GetDisplayRect(m_session, 2);
         if (!displayFound(m_session)) {
             m_session.platform.messages.show(
@@ -165,12 +161,15 @@ void DisplayWindow::prepare() {
     source.TextAlignment = rtb1.SelAlignment().value_or(Alignment::Left);
     m_composer.begin(source);
     m_composer.addOutput(Picture1->surface(), m_traits.operatorPicture);
-    m_composer.warmUp(0, WarmScreens * m_geometry.textRows());
+    const ShowState& show = m_session.show;
+    const int startLine = show.StartFromCursor == 0 ? 0 : static_cast<int>(show.StartPosition);
+    m_composer.warmUp(m_tables.scanTable.firstRowOfLine(startLine),
+                      WarmScreens * m_geometry.textRows());
     m_navigation =
         std::make_unique<ShowNavigation>(m_session, m_tables, m_composer, m_geometry.textRows());
-    m_presenter = std::make_unique<RefreshPresenter>(m_session.platform.clock,
-                                                     m_session.platform.monitors.refreshRate(),
-                                                     [this] { paintPicture(); });
+    m_presenter = std::make_unique<RefreshPresenter>(
+        m_session.platform.clock, m_session.platform.monitors.refreshRate(m_display),
+        [this] { paintPicture(); });
     if (m_observer != nullptr) {
         m_observer->showPrepared(m_tables, m_geometry, *this);
     }
@@ -242,7 +241,7 @@ void DisplayWindow::setRanges() {
 
 void DisplayWindow::showOnDisplay() {
     setGeometry(m_display);
-    if (QScreen* screen = screenOf(m_display)) {
+    if (QScreen* screen = screenAt(m_display)) {
         setScreen(screen);
         setGeometry(m_display);
         showFullScreen();
@@ -259,6 +258,18 @@ void DisplayWindow::connectControls() {
     connect(Vscroll1, &QScrollBar::valueChanged, this, &DisplayWindow::Vscroll1_Change);
     connect(Vscroll2, &UpDown::valueChanged, this, &DisplayWindow::Vscroll2_Change);
     connect(Command3, &QPushButton::clicked, this, &DisplayWindow::Command3_Click);
+    connect(Picture6, &SpeedScale::pressed, this, &DisplayWindow::Picture6_MouseDown);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DisplayWindow::keepInFront);
+}
+
+/// The editor beneath is disabled: brought to the front by the desktop it would hide a running show
+/// that no key reaches any more.
+void DisplayWindow::keepInFront(QWindow* focused) {
+    if (focused != nullptr && focused != windowHandle() &&
+        QApplication::activeModalWidget() == nullptr) {
+        raise();
+        activateWindow();
+    }
 }
 
 void DisplayWindow::paintPicture() {
@@ -347,7 +358,9 @@ bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {
         const auto* keyEvent = static_cast<QKeyEvent*>(event);
         int keyCode = virtualKey(*keyEvent);
         // A key held down repeats a change of speed, not a toggle or a jump.
-        if (!keyEvent->isAutoRepeat() || (keyCode >= key::End && keyCode <= key::Down)) {
+        const bool repeats = keyCode >= key::End && keyCode <= key::Down;
+        const bool plain = (keyEvent->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+        if (plain && (!keyEvent->isAutoRepeat() || repeats)) {
             Picture1_KeyDown(keyCode);
         }
         return true;
@@ -371,6 +384,28 @@ void DisplayWindow::Vscroll1_Change(int value) {
 void DisplayWindow::Vscroll2_Change(int value) {
     m_session.settings.ArrowPosition = value;
     Picture3->setArrow(value);
+    focusPicture();
+}
+
+void DisplayWindow::Picture6_MouseDown(int x) {
+    switch (SpeedScale::partAt(x)) {
+    case SpeedScale::Part::Start:
+        m_session.show.PauseState = 0;
+        break;
+    case SpeedScale::Part::Pause:
+        m_keys.togglePause();
+        break;
+    case SpeedScale::Part::Scale:
+        m_session.settings.ScrollSpeed = SpeedScale::speedAt(x);
+        moveSpeedIndicator();
+        break;
+    case SpeedScale::Part::None:
+        break;
+    }
+    focusPicture();
+}
+
+void DisplayWindow::mousePressEvent(QMouseEvent*) {
     focusPicture();
 }
 

@@ -71,11 +71,13 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void createControls();
     void connectControls();
+    void keepInFront(QWindow* focused);
     void prepare();
     void layOut();
     void placeControls();
@@ -88,6 +90,7 @@ private:
     void Picture1_KeyDown(int& keyCode);
     void Vscroll1_Change(int value);
     void Vscroll2_Change(int value);
+    void Picture6_MouseDown(int x);
     void Command3_Click();
 
     Session& m_session;

@@ -1,5 +1,7 @@
 #include "display/font_scale.h"
 
+#include "display/display_geometry.h"
+
 #include <QFont>
 #include <QFontMetricsF>
 
@@ -11,10 +13,8 @@ namespace velmora {
 
 namespace {
 
-constexpr double ArrowStripWidth = 40;
-constexpr double ScrollBarWidth = 19;
 /// Width of the text on the reference screen, in pixels: 300, and 20 twips at 15 twips a pixel.
-constexpr double ReferenceWidth = 300.0 + 20.0 / 15.0;
+constexpr double ReferenceTextWidth = 300.0 + 20.0 / 15.0;
 constexpr int ReferencePoints = 27;
 constexpr int SmallestFit = 54;
 constexpr int LargestFit = 1000;
@@ -66,7 +66,7 @@ double freeWidth(double screenWidth) {
 ScriptScale fitScriptScale(const QByteArray& scriptRtf, double screenWidth) {
     ScriptScale scale;
     scale.FontNames = fontTableNames(scriptRtf);
-    const double ratio = freeWidth(screenWidth) / ReferenceWidth;
+    const double ratio = freeWidth(screenWidth) / ReferenceTextWidth;
     std::optional<int> least;
     for (const QString& name : scale.FontNames) {
         const int size = fittedSize(name, ratio);

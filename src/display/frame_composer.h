@@ -52,8 +52,6 @@ public:
     /// Renders the lines of so many rows from a top row, so that their glyph masks are at hand.
     void warmUp(std::int64_t top, int rows);
 
-    [[nodiscard]] QRgb background() const { return m_background; }
-
 private:
     struct Output final {
         ScrollSurface* surface = nullptr;

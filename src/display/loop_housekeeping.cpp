@@ -34,7 +34,7 @@ void LoopHousekeeping::restartCycle() {
 
 void LoopHousekeeping::advanceFramePhase() {
     const bool measured =
-        m_session.settings.ScrollSpeedControl != FullRange && m_session.show.ScrollDirection > 0;
+        !isFullRange(m_session.settings.ScrollSpeedControl) && m_session.show.ScrollDirection > 0;
     if (++m_framePhase > (measured ? LastPhaseMeasured : LastPhase)) {
         m_framePhase = 0;
     }

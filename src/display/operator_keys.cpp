@@ -29,7 +29,8 @@ OperatorKeys::OperatorKeys(Session& session, OperatorActions& actions)
 
 void OperatorKeys::keyDown(int& keyCode) {
     ShowState& show = m_session.show;
-    if (keyCode == key::F12 && show.PauseState > 0) {
+    // A screen that is blank must come back, whatever has happened to the pause meanwhile.
+    if (keyCode == key::F12 && (show.PauseState > 0 || show.BlankState == 1)) {
         m_actions.toggleBlank();
         keyCode = 0;
     }
@@ -42,7 +43,7 @@ void OperatorKeys::keyDown(int& keyCode) {
     positionKeys(keyCode);
     displayKeys(keyCode);
     // A looping show is unattended: the keys that steer it are dead.
-    if (m_session.settings.AutomaticLooping == 0) {
+    if (m_session.settings.AutomaticLooping != 1) {
         plainKeys(keyCode);
     }
 }
@@ -88,7 +89,7 @@ void OperatorKeys::togglePause() {
         show.ElapsedStart = m_session.platform.clock.Timer();
     }
     show.PauseState = show.PauseState == 0 ? 1 : 0;
-    if (m_session.settings.ScrollSpeedControl == FullRange) {
+    if (isFullRange(m_session.settings.ScrollSpeedControl)) {
         show.PauseAtLimit = EndLimitWait;
     }
 }

@@ -47,6 +47,8 @@ public:
     void showPrepared(const ShowTables& tables, const DisplayGeometry& geometry,
                       QWidget& window) override {
         m_window = &window;
+        m_figures.screenWidth = window.width();
+        m_figures.screenHeight = window.height();
         const RichTextBox& rtb1 = m_session.script.rtb1;
         m_figures.lines = static_cast<int>(tables.lineTable.size());
         m_figures.rows = tables.ScriptPixelHeight;
@@ -62,7 +64,6 @@ public:
 
     void loopStarted() override {
         m_session.show.PauseState = 0;
-        m_loopStart = m_session.platform.clock.counter();
         m_usageAtStart = processUsage().cpuSeconds;
         if (m_options.forSeconds) {
             const auto wholeMs = static_cast<int>(*m_options.forSeconds * 1000);
@@ -82,7 +83,7 @@ public:
         m_figures.paints += step.painted ? 1 : 0;
         m_late.push_back(inMicroseconds(step.lateTicks));
         m_compose.push_back(inMicroseconds(step.composeTicks));
-        if (!m_options.forSeconds && m_figures.steps == m_stepsPredicted / 2) {
+        if (m_figures.steps == m_stepsPredicted / 2) {
             takePicture();
         }
     }
@@ -93,7 +94,8 @@ public:
         const ProcessUsage usage = processUsage();
         m_figures.cpuSeconds = usage.cpuSeconds - m_usageAtStart;
         m_figures.peakRssKb = usage.peakRssKb;
-        m_figures.secondsActual = inMicroseconds(m_lastStep - m_firstStep) / MicrosecondsPerSecond;
+        m_figures.secondsActual =
+            inMicroseconds(m_lastStep - m_firstStep - m_pictureTicks) / MicrosecondsPerSecond;
         m_figures.lateMicroseconds = spreadOf(std::move(m_late));
         m_figures.composeMicroseconds = spreadOf(std::move(m_compose));
         // A script that never moved has its picture taken where it stands.
@@ -104,9 +106,7 @@ public:
         RehearsalFigures figures = m_figures;
         const Settings& settings = m_session.settings;
         figures.script = m_options.script;
-        figures.screenWidth = static_cast<int>(m_session.screen.ScreenPixelsWide);
-        figures.screenHeight = static_cast<int>(m_session.screen.ScreenPixelsHigh);
-        figures.range = settings.ScrollSpeedControl == FullRange ? QStringLiteral("full")
+        figures.range = isFullRange(settings.ScrollSpeedControl) ? QStringLiteral("full")
                                                                  : QStringLiteral("split");
         figures.speed = settings.ScrollSpeed;
         figures.turbo = settings.ScrollerTurbo == 1;
@@ -114,6 +114,7 @@ public:
         return figures;
     }
     [[nodiscard]] const QPixmap& picture() const { return m_picture; }
+    [[nodiscard]] bool tookPlace() const { return m_figures.lines > 0; }
 
 private:
     void predict(const ShowTables& tables, int textRows) {
@@ -129,7 +130,10 @@ private:
 
     void takePicture() {
         if (m_picture.isNull() && m_window && !m_options.picturePath.isEmpty()) {
+            // The show stands meanwhile, and its time does not count.
+            const std::int64_t start = m_session.platform.clock.counter();
             m_picture = m_window->grab();
+            m_pictureTicks = m_session.platform.clock.counter() - start;
         }
     }
 
@@ -147,9 +151,9 @@ private:
     std::vector<double> m_late;
     std::vector<double> m_compose;
     std::int64_t m_stepsPredicted = 0;
-    std::int64_t m_loopStart = 0;
     std::int64_t m_firstStep = 0;
     std::int64_t m_lastStep = 0;
+    std::int64_t m_pictureTicks = 0;
     double m_usageAtStart = 0;
 };
 
@@ -195,6 +199,13 @@ int runRehearsal(Session& session, const RehearsalOptions& options) {
     ShowHandOver handOver(session, host);
     handOver.setObserver(&rehearsal);
     handOver.RunPrompter();
+    if (!rehearsal.tookPlace()) {
+        std::fprintf(stderr,
+                     "velmora: no show took place: %s holds no text, or its display is "
+                     "not available.\n",
+                     qPrintable(options.script));
+        return EXIT_FAILURE;
+    }
     const RehearsalFigures figures = rehearsal.figures();
     std::fputs(qPrintable(figures.toTable()), stdout);
     const bool reported = writeReport(options.reportPath, figures);

@@ -30,7 +30,8 @@ void report(const PreparationProgress& progress, int line, int lineCount, int fr
     }
 }
 
-/// Height of the last line, which no following line tells: the tallest font used on it.
+/// Height of the last line, which no following line tells: the tallest font used on it, and no less
+/// than the line itself needs, whose letters may come from a substitute.
 int lastLineHeight(RichTextBox& rtb1, const LineEntry& last, double fontScale) {
     double tallest = 0;
     for (const StyledText& run : rtb1.styledText(last.index, last.length)) {
@@ -45,7 +46,9 @@ int lastLineHeight(RichTextBox& rtb1, const LineEntry& last, double fontScale) {
         tallest = textHeight(format);
     }
     const auto whole = static_cast<double>(roundHalfEven(tallest));
-    return static_cast<int>(roundHalfEven((whole - 1) * fontScale));
+    const double natural = std::ceil(rtb1.lineHeight(rtb1.GetLineFromChar(last.index)));
+    return static_cast<int>(
+        std::max(roundHalfEven((whole - 1) * fontScale), static_cast<std::int64_t>(natural)));
 }
 
 /// Rows of each line: the distance to the next line, scaled by the spacing.

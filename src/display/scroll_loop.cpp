@@ -15,6 +15,8 @@ namespace {
 /// A waiting state looks at its variables so often when nothing happens; input wakes it at once.
 constexpr int IdleWaitMs = 20;
 constexpr double LoopingWaitSeconds = 4;
+/// About one refresh of a screen: steps that repay so much lie between two pictures.
+constexpr double MostOwedSeconds = 0.016;
 /// Floor of a step in counter ticks, for very small delays.
 constexpr std::int64_t LeastStepTicks = 100;
 
@@ -58,7 +60,7 @@ ScrollLoop::PassEnd ScrollLoop::runPass(double startLine) {
         return atLimit() == LimitEnd::Again ? PassEnd::Again : PassEnd::Leave;
     }
     if (m_session.settings.AutomaticLooping == 1) {
-        if (!waitFourSeconds()) {
+        if (waitFourSeconds() == LoopingWait::Left) {
             return PassEnd::Leave;
         }
         show.PauseState = 0;
@@ -86,20 +88,24 @@ void ScrollLoop::fillWindow(double startLine) {
 }
 
 void ScrollLoop::startTiming() {
-    m_lateTicks = 0;
+    m_owedTicks = 0;
     m_housekeeping.restart();
 }
 
-bool ScrollLoop::waitFourSeconds() {
+ScrollLoop::LoopingWait ScrollLoop::waitFourSeconds() {
     const Clock& clock = m_session.platform.clock;
     const double start = clock.Timer();
-    while (secondsSince(start, clock.Timer()) < LoopingWaitSeconds) {
+    const int repositions = m_parts.navigation.repositions();
+    // A blank screen holds the show: nothing may scroll where nobody sees it.
+    while (secondsSince(start, clock.Timer()) < LoopingWaitSeconds ||
+           m_session.show.BlankState == 1) {
         waitIdly();
         if (exitRequested()) {
-            return false;
+            return LoopingWait::Left;
         }
     }
-    return true;
+    return m_parts.navigation.repositions() == repositions ? LoopingWait::Over
+                                                           : LoopingWait::Jumped;
 }
 
 ScrollLoop::PassEnd ScrollLoop::runTurns() {
@@ -111,7 +117,7 @@ ScrollLoop::PassEnd ScrollLoop::runTurns() {
             }
             continue;
         }
-        const bool split = settings.ScrollSpeedControl != FullRange;
+        const bool split = !isFullRange(settings.ScrollSpeedControl);
         if (split) {
             applySplitDirection();
         }
@@ -154,7 +160,7 @@ bool ScrollLoop::pausedTurn() {
         m_housekeeping.showElapsed();
     }
     m_housekeeping.restartCycle();
-    m_lateTicks = 0;
+    m_owedTicks = 0;
     return !exitRequested();
 }
 
@@ -164,6 +170,8 @@ void ScrollLoop::idleTurn() {
     m_housekeeping.showElapsed();
     m_housekeeping.checkNotice();
     waitIdly();
+    m_housekeeping.restartCycle();
+    m_owedTicks = 0;
 }
 
 ScrollLoop::StepEnd ScrollLoop::step() {
@@ -187,7 +195,7 @@ ScrollLoop::StepEnd ScrollLoop::step() {
         m_housekeeping.updateControls();
     }
     waitForNextStep();
-    if (m_session.settings.ScrollSpeedControl == FullRange) {
+    if (isFullRange(m_session.settings.ScrollSpeedControl)) {
         m_housekeeping.checkNotice();
         m_session.platform.pump.DoEvents();
     }
@@ -202,17 +210,20 @@ void ScrollLoop::waitForNextStep() {
     const auto waitTicks =
         static_cast<std::int64_t>(waitMs() / 1000.0 * static_cast<double>(clock.frequency()));
     // Painting lies inside the wait, so it does not slow the script down. What the machine was late
-    // by at the last step is taken off this wait, or the pace would depend on how busy it is; a
-    // long stall is not made up for, because the text would visibly race.
+    // by is taken off the next waits, or the pace would depend on how busy it is and how long a
+    // paint takes; a long stall is not made up for, because the text would visibly race.
     StepRecord record;
     record.painted = m_parts.presenter.stepDone(waitTicks + composeTicks);
-    const std::int64_t owed = std::min(m_lateTicks, waitTicks);
-    const Pacer::Wait wait = m_pacer.wait(stepStart - owed, waitMs);
-    m_lateTicks = wait.end - wait.due;
+    const std::int64_t repaid = std::min(m_owedTicks, waitTicks);
+    const Pacer::Wait wait = m_pacer.wait(stepStart - repaid, waitMs);
+    const std::int64_t late = wait.end - wait.due;
+    const auto mostOwed =
+        static_cast<std::int64_t>(MostOwedSeconds * static_cast<double>(clock.frequency()));
+    m_owedTicks = std::min(m_owedTicks - repaid + late, mostOwed);
     clock.spinUntil(m_blitStamp + LeastStepTicks);
     if (m_parts.observer != nullptr) {
         record.composeTicks = composeTicks;
-        record.lateTicks = m_lateTicks;
+        record.lateTicks = late;
         m_parts.observer->stepDone(record);
     }
 }
@@ -265,9 +276,24 @@ ScrollLoop::LimitEnd ScrollLoop::atLimit() {
         show.SignedRowStep = m_session.settings.RowStep;
         m_parts.screen.showDirection(1);
         m_parts.screen.hideNotice();
-        return waitFourSeconds() ? LimitEnd::Again : LimitEnd::Leave;
+        return waitToLoop();
     }
     return waitAtLimit();
+}
+
+/// A jump meanwhile wins over the return to the top.
+ScrollLoop::LimitEnd ScrollLoop::waitToLoop() {
+    switch (waitFourSeconds()) {
+    case LoopingWait::Left:
+        return LimitEnd::Leave;
+    case LoopingWait::Jumped:
+        m_session.show.PauseState = 0;
+        startTiming();
+        return LimitEnd::Continue;
+    case LoopingWait::Over:
+        break;
+    }
+    return LimitEnd::Again;
 }
 
 ScrollLoop::LimitEnd ScrollLoop::waitAtLimit() {
@@ -303,7 +329,7 @@ ScrollLoop::LimitEnd ScrollLoop::waitAtLimit() {
 bool ScrollLoop::limitWaitEnds() const {
     const ShowState& show = m_session.show;
     const Settings& settings = m_session.settings;
-    if (settings.ScrollSpeedControl != FullRange &&
+    if (!isFullRange(settings.ScrollSpeedControl) &&
         speedLeavesLimit(settings.ScrollSpeed, show.ScrollDirection)) {
         return true;
     }

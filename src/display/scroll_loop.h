@@ -45,12 +45,13 @@ private:
     enum class PassEnd { Leave, Again };
     enum class StepEnd { Taken, Skipped, Limit };
     enum class LimitEnd { Leave, Again, Continue };
+    enum class LoopingWait { Over, Left, Jumped };
 
     PassEnd runPass(double startLine);
     void fillWindow(double startLine);
     void startTiming();
-    /// Serves the automatic start's or the looping's wait; false when the operator left.
-    bool waitFourSeconds();
+    /// The wait of the automatic start and of the return to the top.
+    LoopingWait waitFourSeconds();
 
     PassEnd runTurns();
     bool pausedTurn();
@@ -61,6 +62,7 @@ private:
     void serveRequests();
 
     LimitEnd atLimit();
+    LimitEnd waitToLoop();
     LimitEnd waitAtLimit();
     [[nodiscard]] bool limitWaitEnds() const;
     /// Changes the direction without moving the picture.
@@ -76,8 +78,8 @@ private:
     SpeedDelayTable m_delays{};
     int m_textRows;
     std::int64_t m_blitStamp = 0;
-    /// What the last step's wait ended behind its due moment.
-    std::int64_t m_lateTicks = 0;
+    /// What the steps so far ended behind their due moments and have not made up for.
+    std::int64_t m_owedTicks = 0;
 };
 
 } // namespace velmora

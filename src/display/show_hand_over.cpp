@@ -1,5 +1,6 @@
 #include "display/show_hand_over.h"
 
+#include "core/arrangement.h"
 #include "core/editor_host.h"
 #include "core/line_spacing.h"
 #include "core/number_format.h"
@@ -34,10 +35,6 @@ bool longScriptAccepted(Session& session) {
 
 ShowHandOver::ShowHandOver(Session& session, EditorHost& host) : m_session(session), m_host(host) {}
 
-bool ShowHandOver::running() const {
-    return m_running;
-}
-
 void ShowHandOver::RunPrompter() {
     if (m_running || m_session.script.rtb1.isEmpty() || !longScriptAccepted(m_session)) {
         return;
@@ -52,10 +49,11 @@ void ShowHandOver::RunPrompter() {
 void ShowHandOver::takeScript() {
     ShowState& show = m_session.show;
     RichTextBox& rtb1 = m_session.script.rtb1;
-    // Whatever an earlier show left behind.
+    // Whatever an earlier show left behind goes.
     const int startFromCursor = show.StartFromCursor;
     const double startPosition = show.StartPosition;
-    const double topLine = show.ShowTopLine;
+    // A show that does not take place leaves the caret's line where it is.
+    const double topLine = rtb1.GetLineFromChar(rtb1.SelStart()) + 1;
     show = ShowState();
     show.StartFromCursor = startFromCursor;
     show.StartPosition = startPosition;
@@ -68,14 +66,20 @@ void ShowHandOver::takeScript() {
     show.ScriptRtf = rtb1.TextRTF();
     rtb1.setSelStart(0);
     m_host.sendZoom();
-    const int controller = m_session.settings.ControllerType;
-    m_session.settings.SpeedControllerInUse = controller == 20 || controller == 21 ? 1 : 0;
+    Settings& settings = m_session.settings;
+    settings.SpeedControllerInUse = speedControllerInUse(settings.ControllerType) ? 1 : 0;
 }
 
 void ShowHandOver::runDisplayWindow() {
-    const int mirror = m_session.settings.MirrorMode;
-    if (mirror != 0 && mirror != 4) {
+    const int mirrorMode = m_session.settings.MirrorMode;
+    if (mirrorMode != mirror::OneDisplay && mirrorMode != mirror::TwoDisplays) {
+        m_host.showNotice(QStringLiteral(
+            "No show: the arrangement of the displays in the settings is not available."));
         return;
+    }
+    if (m_session.settings.TimedDisplay != 0) {
+        m_host.showNotice(QStringLiteral("Timed shows are not available yet: this one is steered "
+                                         "by hand."));
     }
     const auto window = std::make_unique<Form4>(m_session, m_observer);
     window->load();

@@ -16,7 +16,6 @@ public:
     /// and returns when the show is over and the editor is restored. StartFromCursor and
     /// StartPosition must be set. Does nothing while a show runs, or with an empty script.
     void RunPrompter();
-    [[nodiscard]] bool running() const;
 
     /// Watches the coming shows; may be null. Must outlive them.
     void setObserver(ShowObserver* observer) { m_observer = observer; }

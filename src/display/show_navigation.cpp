@@ -24,8 +24,7 @@ double ShowNavigation::returnLine() const {
     if (m_session.show.ScrollDirection > 0 && m_session.show.ReachedEnd == 1) {
         return 0;
     }
-    const int last = static_cast<int>(m_tables.lineTable.size()) - 1;
-    return std::clamp(topLine(), 0, std::max(0, last));
+    return std::clamp(topLine(), 0, static_cast<int>(m_tables.lineTable.size()));
 }
 
 void ShowNavigation::reposition(int line) {

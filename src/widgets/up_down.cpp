@@ -10,8 +10,8 @@ namespace velmora {
 
 namespace {
 
-constexpr int StepPixels = 4;
-constexpr int RepeatMs = 30;
+constexpr int FirstRepeatMs = 300;
+constexpr int RepeatMs = 15;
 constexpr QRgb ButtonColor = qRgb(64, 64, 64);
 constexpr QRgb ArrowColor = qRgb(224, 224, 224);
 
@@ -56,9 +56,10 @@ void UpDown::paintEvent(QPaintEvent*) {
 }
 
 void UpDown::mousePressEvent(QMouseEvent* event) {
+    stopRepeating();
     m_held = event->position().y() < height() / 2.0 ? -1 : 1;
-    m_timer = startTimer(RepeatMs);
-    setValue(m_value + m_held * StepPixels);
+    m_timer = startTimer(FirstRepeatMs);
+    setValue(m_value + m_held);
 }
 
 void UpDown::mouseReleaseEvent(QMouseEvent*) {
@@ -67,8 +68,15 @@ void UpDown::mouseReleaseEvent(QMouseEvent*) {
 
 void UpDown::timerEvent(QTimerEvent* event) {
     if (event->timerId() == m_timer) {
-        setValue(m_value + m_held * StepPixels);
+        killTimer(m_timer);
+        m_timer = startTimer(RepeatMs);
+        setValue(m_value + m_held);
     }
+}
+
+void UpDown::hideEvent(QHideEvent*) {
+    // The button that is let go while the control is hidden is never heard of.
+    stopRepeating();
 }
 
 void UpDown::stopRepeating() {

@@ -14,7 +14,7 @@ public:
         return rectangles.empty() ? QSize(640, 480) : rectangles.front().size();
     }
     [[nodiscard]] int colorDepth() const override { return depth; }
-    [[nodiscard]] double refreshRate() const override { return rate; }
+    [[nodiscard]] double refreshRate(const QRect&) const override { return rate; }
 
     std::vector<QRect> rectangles = {QRect(0, 0, 1920, 1080)};
     int depth = 32;

@@ -17,8 +17,9 @@ public:
     [[nodiscard]] virtual QSize primarySize() const = 0;
     /// Bits a pixel of the primary screen.
     [[nodiscard]] virtual int colorDepth() const = 0;
-    /// Refreshes a second of the primary screen; 60 where the system tells none.
-    [[nodiscard]] virtual double refreshRate() const = 0;
+    /// Refreshes a second of a display, told by its rectangle; of the primary screen where no
+    /// screen is exactly there, and 60 where the system tells none.
+    [[nodiscard]] virtual double refreshRate(const QRect& display) const = 0;
 };
 
 } // namespace velmora

@@ -66,8 +66,14 @@ int Screens::colorDepth() const {
     return screen == nullptr ? 32 : screen->depth();
 }
 
-double Screens::refreshRate() const {
+double Screens::refreshRate(const QRect& display) const {
     const QScreen* screen = QGuiApplication::primaryScreen();
+    const auto screens = QGuiApplication::screens();
+    for (const QScreen* candidate : screens) {
+        if (realPixels(*candidate) == display) {
+            screen = candidate;
+        }
+    }
     // Virtual screens tell 0 or 1.
     return screen == nullptr || screen->refreshRate() < 2 ? FallbackRefreshRate
                                                           : screen->refreshRate();

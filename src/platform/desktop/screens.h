@@ -13,7 +13,7 @@ public:
     [[nodiscard]] std::vector<QRect> displays() const override;
     [[nodiscard]] QSize primarySize() const override;
     [[nodiscard]] int colorDepth() const override;
-    [[nodiscard]] double refreshRate() const override;
+    [[nodiscard]] double refreshRate(const QRect& display) const override;
 };
 
 /// The screen that a rectangle in real pixels is exactly; null where none is. Only on one can a

@@ -20,6 +20,8 @@ constexpr std::array<std::pair<int, int>, 10> Named = {{{Qt::Key_Return, key::En
                                                         {Qt::Key_Right, key::Right},
                                                         {Qt::Key_Down, key::Down}}};
 constexpr int FirstFunctionKey = 112;
+/// X11's scan code of the key 1; those of 2 to 9 and 0 follow.
+constexpr quint32 FirstDigitScanCode = 10;
 
 } // namespace
 
@@ -33,6 +35,11 @@ int virtualKey(const QKeyEvent& event) {
     if ((event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9) ||
         (event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z)) {
         return event.key();
+    }
+    // On keyboards whose digit row needs Shift the place of the key counts, as X11 numbers it.
+    const quint32 scanCode = event.nativeScanCode();
+    if (scanCode >= FirstDigitScanCode && scanCode < FirstDigitScanCode + 10) {
+        return key::Digit0 + static_cast<int>((scanCode - FirstDigitScanCode + 1) % 10);
     }
     if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F24) {
         return event.key() - Qt::Key_F1 + FirstFunctionKey;

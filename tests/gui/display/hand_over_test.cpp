@@ -1,5 +1,6 @@
 #include "core/screen_scale.h"
 #include "display/display_geometry.h"
+#include "display/display_window.h"
 #include "display/script_preparation.h"
 #include "display/show_hand_over.h"
 #include "display/show_observer.h"
@@ -14,6 +15,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTest>
 
 using namespace velmora;
 
@@ -106,10 +108,11 @@ TEST_F(HandOver, ExitButtonLeavesTheShow) {
 
 TEST_F(HandOver, UnknownArrangementShowsNothingAndGivesTheEditorBack) {
     t.session.settings.MirrorMode = 2;
-    t.session.show.ShowTopLine = 8;
+    t.session.script.rtb1.setSelStart(t.session.script.rtb1.lineIndex(7));
     handOver.RunPrompter();
     EXPECT_EQ(shows, 0);
     EXPECT_EQ(caretLine(), 7);
+    EXPECT_EQ(t.host.notices.size(), 1);
     EXPECT_EQ(t.session.show.ShowRunning, 0);
 }
 
@@ -164,6 +167,101 @@ TEST_F(HandOver, KeysSteerTheShow) {
     });
     handOver.RunPrompter();
     EXPECT_EQ(shows, 1);
+}
+
+TEST_F(HandOver, ControlsInSightFollowTheStateAlone) {
+    struct Row {
+        int fullScreen;
+        bool blank;
+        int arrow;
+        bool controls;
+        bool arrowShown;
+    };
+    const Row rows[] = {{0, false, 1, true, true},  {0, false, 0, true, false},
+                        {1, false, 1, false, true}, {1, false, 0, false, false},
+                        {0, true, 1, false, false}, {1, true, 1, false, false}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.fullScreen << row.blank << row.arrow);
+        t.session.settings.FullScreenMode = row.fullScreen;
+        t.session.settings.ArrowVisible = row.arrow;
+        t.pump.in(0.1, [&] {
+            const auto seen = [&](const QWidget* widget) { return widget->isVisibleTo(display); };
+            const auto look = [&](bool blank) {
+                for (const QWidget* control :
+                     {static_cast<QWidget*>(display->findChild<QScrollBar*>()),
+                      static_cast<QWidget*>(display->findChild<QPushButton*>()),
+                      static_cast<QWidget*>(display->findChild<UpDown*>()),
+                      static_cast<QWidget*>(display->findChild<QLabel*>())}) {
+                    EXPECT_EQ(seen(control), blank ? false : row.fullScreen == 0);
+                }
+                EXPECT_EQ(seen(display->findChild<ArrowStrip*>()), !blank && row.arrow == 1);
+            };
+            if (row.blank) {
+                press(Qt::Key_F12);
+            }
+            look(row.blank);
+            if (row.blank) {
+                press(Qt::Key_F12);
+                look(false);
+            }
+            press(Qt::Key_Escape);
+        });
+        handOver.RunPrompter();
+    }
+}
+
+TEST_F(HandOver, BlankScreenAlwaysComesBack) {
+    t.session.settings.AutomaticLooping = 1;
+    t.pump.at(1, [&] { press(Qt::Key_F12); });
+    t.pump.at(20, [&] {
+        EXPECT_EQ(t.session.show.BlankState, 1);
+        t.session.show.PauseState = 0;
+        press(Qt::Key_F12);
+        EXPECT_EQ(t.session.show.BlankState, 0);
+        press(Qt::Key_Escape);
+    });
+    handOver.RunPrompter();
+    EXPECT_LT(t.clock.secondsSinceStart(), 21);
+}
+
+TEST_F(HandOver, NothingOfTheDisplayOpensAMenuInWhichTheShowWouldStand) {
+    t.pump.at(0.1, [&] {
+        const auto children = display->findChildren<QWidget*>();
+        for (QWidget* child : children) {
+            if (qobject_cast<QScrollBar*>(child) || qobject_cast<QPushButton*>(child)) {
+                EXPECT_EQ(child->contextMenuPolicy(), Qt::NoContextMenu);
+            }
+        }
+        press(Qt::Key_Escape);
+    });
+    handOver.RunPrompter();
+}
+
+TEST_F(HandOver, ArrowKeepsTheHeightThatItsButtonsGaveIt) {
+    t.session.settings.ArrowPosition = 5000;
+    t.pump.at(0.1, [&] {
+        const int lowest = t.session.settings.ArrowPosition;
+        EXPECT_EQ(lowest, 720 - 36 - 74) << "limited to the strip";
+        auto* buttons = display->findChild<UpDown*>();
+        QTest::mousePress(buttons, Qt::LeftButton, {}, QPoint(9, 4));
+        press(Qt::Key_F10);
+        press(Qt::Key_F10);
+        QTest::qWait(350);
+        EXPECT_EQ(t.session.settings.ArrowPosition, lowest - 1) << "a hidden button lets go";
+        press(Qt::Key_Escape);
+    });
+    handOver.RunPrompter();
+}
+
+TEST_F(HandOver, CaretReturnsToTheTopLineGoingBackwardToo) {
+    t.session.show.StartFromCursor = 1;
+    t.session.show.StartPosition = 20;
+    t.session.settings.ScrollSpeed = 195;
+    t.pump.at(0.1, [&] { press(Qt::Key_Space); });
+    t.pump.at(2, [&] { press(Qt::Key_Escape); });
+    handOver.RunPrompter();
+    EXPECT_LT(caretLine(), 20);
+    EXPECT_GT(caretLine(), 5);
 }
 
 TEST_F(HandOver, UnattendedLoopingShowIgnoresTheSpeedKeys) {

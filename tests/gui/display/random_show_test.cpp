@@ -100,7 +100,8 @@ private:
             return;
         }
         if (m_actsLeft == 0) {
-            t.session.show.ExitRequested = 1;
+            // By the keys alone, whatever state the acts have led to.
+            press(t.session.show.BlankState == 1 ? Qt::Key_F12 : Qt::Key_Escape);
             return;
         }
         --m_actsLeft;
@@ -116,7 +117,10 @@ private:
         switch (upTo(6)) {
         case 0:
             m_jumped = true;
-            m_bar->setValue(upTo(m_bar->maximum() + 1));
+            if (const int line = upTo(m_bar->maximum() + 1); line != m_bar->value()) {
+                m_bar->setValue(line);
+                expectTopAtLine(line);
+            }
             break;
         case 1:
             t.session.settings.ScrollSpeed = upTo(256);
@@ -131,10 +135,27 @@ private:
         default: {
             const int key = Keys[upTo(static_cast<int>(std::size(Keys)))];
             m_jumped = m_jumped || key == Qt::Key_0 || key == Qt::Key_1;
-            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-            QApplication::sendEvent(m_text, &event);
+            press(key);
         }
         }
+    }
+
+    void press(int key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(m_text, &event);
+    }
+
+    /// A jump shows its line at the top, or as far down as the script's end allows.
+    void expectTopAtLine(int line) {
+        std::int64_t top = 0;
+        for (int row = 0; row < m_tall->image().height(); ++row) {
+            if (m_tables->scanTable.at(row).line > line) {
+                break;
+            }
+            top = row + 1;
+        }
+        const std::int64_t lowest = std::max<std::int64_t>(0, m_tables->LastScrollRow - m_rows);
+        EXPECT_EQ(m_text->surface().top(), std::min(top, lowest)) << "line " << line;
     }
 
     void check() {

@@ -37,12 +37,16 @@ class FakePresenter final : public Presenter {
 public:
     bool stepDone(std::int64_t) override {
         ++steps;
+        if (onStep) {
+            onStep();
+        }
         return true;
     }
     void presentNow() override {}
     void settle() override {}
 
     int steps = 0;
+    std::function<void()> onStep;
 };
 
 class CountingObserver final : public ShowObserver {
@@ -312,16 +316,98 @@ TEST_F(ScrollLoopTest, FullRangeTurnsByRequestAndStopsInItsZone) {
 }
 
 TEST_F(ScrollLoopTest, HousekeepingFollowsTheStepsInForwardSplitRange) {
-    prepare(2000);
-    t.session.settings.ScrollSpeed = 0;
+    prepare(3000);
+    t.session.settings.ScrollSpeed = 60;
     startAt(0);
-    exitAt(1.0);
+    exitAt(10);
     run();
     // Set once at the start, then once in 91 steps.
     EXPECT_NEAR(static_cast<double>(screen.scrollValues.size()), presenter.steps / 91.0 + 1, 1.5);
     const auto rowsLeft = static_cast<double>(tables.LastScrollRow - t.session.show.ScrollRow);
-    const auto minutes = static_cast<int>(rowsLeft / 1000 / 60);
-    EXPECT_EQ(screen.remaining.left(2).toInt(), minutes) << qPrintable(screen.remaining);
+    const double secondsLeft = rowsLeft * stepSeconds(60);
+    const QStringList shown = screen.remaining.split(u':');
+    ASSERT_EQ(shown.size(), 2);
+    ASSERT_GT(secondsLeft, 90);
+    // The text is a cycle old at most.
+    EXPECT_NEAR(shown[0].toInt() * 60 + shown[1].toInt(), secondsLeft, 182 * stepSeconds(60) + 1);
+}
+
+TEST_F(ScrollLoopTest, BusyMachineDoesNotSlowTheTextDown) {
+    // Every pump takes its time; or every fourth step paints for longer than a step's wait.
+    for (const int paintMicroseconds : {0, 9000}) {
+        SCOPED_TRACE(paintMicroseconds);
+        presenter.onStep = [this, paintMicroseconds] {
+            if (presenter.steps % 4 == 0) {
+                t.clock.advanceMicroseconds(paintMicroseconds);
+            }
+        };
+        t.session.show = ShowState();
+        tables = ShowTables();
+        prepare(3000);
+        presenter.steps = 0;
+        t.session.settings.ScrollSpeed = 60;
+        const double now = t.clock.secondsSinceStart();
+        t.pump.setPumpMicroseconds(300);
+        startAt(now);
+        exitAt(now + 10);
+        run();
+        EXPECT_NEAR(presenter.steps, 10 / stepSeconds(60), 12);
+    }
+}
+
+TEST_F(ScrollLoopTest, LongStallIsNotMadeUpFor) {
+    prepare(3000);
+    t.session.settings.ScrollSpeed = 60;
+    startAt(0);
+    int before = 0;
+    t.pump.at(5, [&] {
+        before = presenter.steps;
+        t.clock.advanceSeconds(0.5);
+    });
+    int after = 0;
+    t.pump.at(5.6, [&] { after = presenter.steps; });
+    exitAt(6);
+    run();
+    // A tenth of a second's steps and those of one refresh, not the half second's.
+    EXPECT_LE(after - before, (0.1 + 0.016) / stepSeconds(60) + 2);
+    EXPECT_GE(after - before, 0.1 / stepSeconds(60) - 1);
+}
+
+TEST_F(ScrollLoopTest, BlankScreenHoldsTheAutomaticStart) {
+    prepare(100);
+    t.session.settings.AutomaticLooping = 1;
+    t.pump.at(2, [&] { t.session.show.BlankState = 1; });
+    t.pump.at(8, [&] {
+        EXPECT_EQ(presenter.steps, 0);
+        t.session.show.BlankState = 0;
+    });
+    t.pump.at(8.2, [&] { EXPECT_GT(presenter.steps, 0); });
+    exitAt(9);
+    run();
+}
+
+TEST_F(ScrollLoopTest, JumpInTheWaitToLoopWinsOverTheReturnToTheTop) {
+    prepare(30);
+    t.session.settings.AutomaticLooping = 1;
+    t.session.settings.ScrollSpeed = 0;
+    t.pump.at(6, [&] {
+        EXPECT_EQ(t.session.show.PauseState, 0) << "at the end, waiting";
+        navigation->reposition(7);
+    });
+    t.pump.at(8.3, [&] { EXPECT_GT(ring.top(), 7 * LineHeight); });
+    exitAt(8.4);
+    run();
+    EXPECT_EQ(screen.shown, 1);
+}
+
+TEST_F(ScrollLoopTest, OddRangeFromADamagedFileIsSplitRangeEverywhere) {
+    prepare(500);
+    t.session.settings.ScrollSpeedControl = 2;
+    t.session.settings.ScrollSpeed = speedAfterKey(SpeedKey::End, 60, 2);
+    startAt(0);
+    exitAt(3);
+    run();
+    EXPECT_EQ(presenter.steps, 0) << "End stops the text";
 }
 
 TEST_F(ScrollLoopTest, FullScreenSparesEveryControl) {
