@@ -67,13 +67,8 @@ int Screens::colorDepth() const {
 }
 
 double Screens::refreshRate(const QRect& display) const {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    const auto screens = QGuiApplication::screens();
-    for (const QScreen* candidate : screens) {
-        if (realPixels(*candidate) == display) {
-            screen = candidate;
-        }
-    }
+    const QScreen* exact = screenAt(display);
+    const QScreen* screen = exact != nullptr ? exact : QGuiApplication::primaryScreen();
     // Virtual screens tell 0 or 1.
     return screen == nullptr || screen->refreshRate() < 2 ? FallbackRefreshRate
                                                           : screen->refreshRate();
