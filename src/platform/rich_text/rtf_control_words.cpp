@@ -69,6 +69,7 @@ constexpr RtfControlWord Words[] = {
     {"striked", Property, &Reader::toggle<&RtfCharacter::doubleStrike, PropertyDoubleStrike>},
     {"v", Property, &Reader::toggle<&RtfCharacter::hidden, PropertyHidden>},
     {"deleted", Property, &Reader::setDeleted},
+    {"mvf", Property, &Reader::setDeleted}, // the place that moved text has left
     {"f", Property, &Reader::setFont},
     {"fs", Property, &Reader::setSize},
     {"cf", Property, &Reader::setColor},

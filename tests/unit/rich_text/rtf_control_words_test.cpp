@@ -65,6 +65,7 @@ const std::map<std::string, Sample>& samplesWithOwnReading() {
         {"striked", {"\\striked1 a\\striked0 b", u"{s:a}b"_qs}},
         {"v", {"a{\\v b\\par}c", u"ac"_qs}},
         {"deleted", {"a{\\deleted b\\par}c", u"ac"_qs}},
+        {"mvf", {"a{\\mvf b\\par}c{\\mvt b}", u"acb"_qs}},
         {"f", {FONTS "\\f1 a", u"{'B':a}"_qs}},
         {"fs", {"\\fs53 a", u"{53:a}"_qs}},
         {"cf", {COLORS "\\cf1 a\\cf0 b", u"{c=ff0000:a}b"_qs}},
