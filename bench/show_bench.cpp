@@ -118,7 +118,8 @@ void BM_PresentedFrame(benchmark::State& state) {
     show.begin();
     TextWindow window;
     window.resize(show.geometry.Picture1.size());
-    window.surface().resize(show.geometry.WindowWidth(), show.geometry.textRows(), 0xff000000);
+    show.composer.addOutput(window.surface(), Orientation::Plain);
+    show.composer.showTop(0);
     window.show();
     while (!window.windowHandle()->isExposed()) {
         QCoreApplication::processEvents();
@@ -191,6 +192,9 @@ void BM_StartToFirstPicture(benchmark::State& state) {
     Platform platform{clock, pump, messages, dialogs, monitors};
     Session session(platform);
     measureScreen(monitors, session.screen);
+    session.displays.CmdDisplaysGiven = 1;
+    session.displays.CmdDisplay1Width = static_cast<int>(state.range(1));
+    session.displays.CmdDisplay1Height = static_cast<int>(state.range(2));
     applyEditorDefaults(session);
     session.script.rtb1.setWrapWidth(wrapWidthForMargin(12));
     session.script.rtb1.setText(longText(static_cast<int>(state.range(0))));
@@ -202,6 +206,11 @@ void BM_StartToFirstPicture(benchmark::State& state) {
         handOver.RunPrompter();
     }
 }
-BENCHMARK(BM_StartToFirstPicture)->Apply(lineCounts);
+BENCHMARK(BM_StartToFirstPicture)
+    ->Args({1000, 1920, 1080})
+    ->Args({10000, 1920, 1080})
+    ->Args({32000, 1920, 1080})
+    ->Args({32000, 3840, 2160})
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -71,12 +71,7 @@ int runUnwatchedShow(const CommandLine& line, char** argv) {
     UnattendedSession unattended;
     applyLook(application, unattended.session.screen);
     applyRehearsal(arguments, unattended.session);
-    RehearsalOptions options;
-    options.script = arguments.script;
-    options.forSeconds = arguments.forSeconds;
-    options.reportPath = arguments.report;
-    options.picturePath = arguments.picture;
-    return runRehearsal(unattended.session, options);
+    return runRehearsal(unattended.session, arguments);
 }
 
 } // namespace velmora

@@ -1,6 +1,7 @@
 #include "display/rehearsal.h"
 
 #include "controllers/speed_mapping.h"
+#include "core/command_line.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
 #include "display/display_geometry.h"
@@ -38,8 +39,8 @@ constexpr double MicrosecondsPerSecond = 1e6;
 /// Starts the show, measures it, takes the picture half-way and leaves at the end.
 class Rehearsal final : public ShowObserver {
 public:
-    Rehearsal(Session& session, const RehearsalOptions& options)
-        : m_session(session), m_options(options) {
+    Rehearsal(Session& session, const RehearsalArguments& arguments)
+        : m_session(session), m_arguments(arguments) {
         m_late.reserve(ReservedSamples);
         m_compose.reserve(ReservedSamples);
     }
@@ -65,8 +66,8 @@ public:
     void loopStarted() override {
         m_session.show.PauseState = 0;
         m_usageAtStart = processUsage().cpuSeconds;
-        if (m_options.forSeconds) {
-            const auto wholeMs = static_cast<int>(*m_options.forSeconds * 1000);
+        if (m_arguments.forSeconds) {
+            const auto wholeMs = static_cast<int>(*m_arguments.forSeconds * 1000);
             QTimer::singleShot(wholeMs, Qt::PreciseTimer, &m_timerContext,
                                [this] { m_session.show.ExitRequested = 1; });
             QTimer::singleShot(wholeMs / 2, &m_timerContext, [this] { takePicture(); });
@@ -105,7 +106,7 @@ public:
     [[nodiscard]] RehearsalFigures figures() const {
         RehearsalFigures figures = m_figures;
         const Settings& settings = m_session.settings;
-        figures.script = m_options.script;
+        figures.script = m_arguments.script;
         figures.range = isFullRange(settings.ScrollSpeedControl) ? QStringLiteral("full")
                                                                  : QStringLiteral("split");
         figures.speed = settings.ScrollSpeed;
@@ -129,7 +130,7 @@ private:
     }
 
     void takePicture() {
-        if (m_picture.isNull() && m_window && !m_options.picturePath.isEmpty()) {
+        if (m_picture.isNull() && m_window && !m_arguments.picture.isEmpty()) {
             // The show stands meanwhile, and its time does not count.
             const std::int64_t start = m_session.platform.clock.counter();
             m_picture = m_window->grab();
@@ -143,7 +144,7 @@ private:
     }
 
     Session& m_session;
-    const RehearsalOptions& m_options;
+    const RehearsalArguments& m_arguments;
     RehearsalFigures m_figures;
     QObject m_timerContext;
     QPointer<QWidget> m_window;
@@ -183,19 +184,19 @@ bool writePicture(const QString& path, const QPixmap& picture) {
 
 } // namespace
 
-int runRehearsal(Session& session, const RehearsalOptions& options) {
+int runRehearsal(Session& session, const RehearsalArguments& arguments) {
     UnattendedHost host(session);
     RichTextBox& rtb1 = session.script.rtb1;
     applyEditorDefaults(session);
     rtb1.setWrapWidth(wrapWidthForMargin(session.settings.ColumnMargin));
-    const Outcome loaded = ScriptLoader(session, host, nullptr).loadUnattended(options.script);
+    const Outcome loaded = ScriptLoader(session, host, nullptr).loadUnattended(arguments.script);
     if (!loaded) {
         std::fprintf(stderr, "velmora: %s\n", qPrintable(loaded.reason()));
         return EXIT_FAILURE;
     }
     session.show.StartFromCursor = 0;
     session.show.StartPosition = 0;
-    Rehearsal rehearsal(session, options);
+    Rehearsal rehearsal(session, arguments);
     ShowHandOver handOver(session, host);
     handOver.setObserver(&rehearsal);
     handOver.RunPrompter();
@@ -203,13 +204,13 @@ int runRehearsal(Session& session, const RehearsalOptions& options) {
         std::fprintf(stderr,
                      "velmora: no show took place: %s holds no text, or its display is "
                      "not available.\n",
-                     qPrintable(options.script));
+                     qPrintable(arguments.script));
         return EXIT_FAILURE;
     }
     const RehearsalFigures figures = rehearsal.figures();
     std::fputs(qPrintable(figures.toTable()), stdout);
-    const bool reported = writeReport(options.reportPath, figures);
-    const bool pictured = writePicture(options.picturePath, rehearsal.picture());
+    const bool reported = writeReport(arguments.report, figures);
+    const bool pictured = writePicture(arguments.picture, rehearsal.picture());
     return reported && pictured ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
