@@ -24,9 +24,11 @@ void RtfInterpreter::unicode(const RtfToken& token, int) {
         lineEnd(token, 0);
     } else if (value >= 0xF020 && value <= 0xF0FF && inBody()) {
         refreshFormat();
-        const bool sign = m_run.symbols != SymbolSet::None && m_run.symbols != SymbolSet::Unknown;
-        put(sign ? symbolCharacter(m_run.symbols, static_cast<unsigned char>(value & 0xFF))
-                 : static_cast<char16_t>(value));
+        if (m_run.hasSigns()) {
+            putSign(static_cast<unsigned char>(value & 0xFF));
+        } else {
+            put(static_cast<char16_t>(value));
+        }
     } else {
         put(static_cast<char16_t>(value));
     }
@@ -80,6 +82,7 @@ void RtfInterpreter::setDeleted(const RtfToken& token, int) {
 
 void RtfInterpreter::plain(const RtfToken&, int) {
     m_group.formats.character = {};
+    m_group.textFont = RtfCharacter::DefaultFont;
     m_formatStale = true;
 }
 
@@ -89,7 +92,15 @@ void RtfInterpreter::setFont(const RtfToken& token, int) {
         return;
     }
     m_group.formats.character.font = m_fonts.find(token.parameter);
+    rememberTextFont();
     given(PropertyFont);
+}
+
+void RtfInterpreter::rememberTextFont() {
+    const int font = m_group.formats.character.font;
+    if (m_fonts.font(font).symbols == SymbolSet::None) {
+        m_group.textFont = font;
+    }
 }
 
 void RtfInterpreter::setSize(const RtfToken& token, int) {
@@ -190,6 +201,7 @@ void RtfInterpreter::paragraphStyle(const RtfToken& token, int) {
     } else if (const auto* style =
                    m_styles.resolved(RtfStyleSheet::Kind::Paragraph, token.parameter)) {
         m_group.formats.apply(*style);
+        rememberTextFont();
         m_formatStale = true;
     }
 }
@@ -202,6 +214,7 @@ void RtfInterpreter::characterStyle(const RtfToken& token, int) {
     } else if (const auto* style =
                    m_styles.resolved(RtfStyleSheet::Kind::Character, token.parameter)) {
         m_group.formats.apply(*style);
+        rememberTextFont();
         m_formatStale = true;
     }
 }

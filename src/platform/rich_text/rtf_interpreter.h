@@ -92,6 +92,7 @@ private:
         m_group.formats.given |= property;
         m_formatStale = true;
     }
+    void rememberTextFont();
 
     [[nodiscard]] bool readHeader();
     void follow(const RtfToken& token);
@@ -119,6 +120,9 @@ private:
     void byte(unsigned char byte);
     void decode(unsigned char byte);
     void put(char16_t unit);
+    /// A byte in a symbol font: its sign where Unicode has it, in the font of the text around it,
+    /// for the symbol font is on few machines and has other pictures at the sign's own number.
+    void putSign(unsigned char byte);
     void dropHalfCharacter();
 
     [[nodiscard]] bool inBody() const { return m_group.destination == RtfDestination::Body; }
@@ -126,6 +130,7 @@ private:
         return m_group.formats.character.hidden || m_group.formats.character.deleted;
     }
     [[nodiscard]] CodePage* codePage(int number);
+    [[nodiscard]] CharacterFormat formatIn(const QString& fontName) const;
     /// Brings the builder and m_run up to the formats in effect.
     void refreshFormat();
 
@@ -157,6 +162,11 @@ private:
         RtfCharacter character;
         CodePage* codePage = nullptr;
         SymbolSet symbols = SymbolSet::None;
+        int textFont = RtfCharacter::DefaultFont;
+
+        [[nodiscard]] bool hasSigns() const {
+            return symbols != SymbolSet::None && symbols != SymbolSet::Unknown;
+        }
     };
     Run m_run;
     bool m_formatStale = true;

@@ -99,7 +99,7 @@ void RtfInterpreter::decode(unsigned char byte) {
     if (inBody()) {
         refreshFormat();
         if (m_run.symbols != SymbolSet::None) {
-            put(symbolCharacter(m_run.symbols, byte));
+            putSign(byte);
             return;
         }
         page = m_run.codePage;
@@ -135,6 +135,20 @@ void RtfInterpreter::put(char16_t unit) {
     m_builder.append(unit);
 }
 
+void RtfInterpreter::putSign(unsigned char byte) {
+    const char16_t sign = symbolCharacter(m_run.symbols, byte);
+    const bool onlyInItsFont = m_run.hasSigns() && sign >= 0xF000 && sign <= 0xF0FF;
+    if (!onlyInItsFont || isHidden()) {
+        put(sign);
+        return;
+    }
+    dropHalfCharacter();
+    m_builder.setFormat(formatIn(m_fonts.font(m_run.character.font).name));
+    m_builder.append(sign);
+    m_run.codePage = nullptr;
+    m_formatStale = true;
+}
+
 void RtfInterpreter::dropHalfCharacter() {
     if (!m_halfCharacter.empty()) {
         m_halfCharacter.clear();
@@ -152,13 +166,19 @@ void RtfInterpreter::refreshFormat() {
     }
     m_formatStale = false;
     const RtfCharacter& character = m_group.formats.character;
-    if (m_run.codePage && m_run.character == character) {
+    if (m_run.codePage && m_run.character == character && m_run.textFont == m_group.textFont) {
         return;
     }
     const RtfFont& font = m_fonts.font(character.font);
-    m_run = {character, codePage(font.codePage), font.symbols};
+    m_run = {character, codePage(font.codePage), font.symbols, m_group.textFont};
+    m_builder.setFormat(formatIn(
+        m_run.hasSigns() ? m_fonts.font(m_fonts.textFont(m_run.textFont)).name : font.name));
+}
+
+CharacterFormat RtfInterpreter::formatIn(const QString& fontName) const {
+    const RtfCharacter& character = m_group.formats.character;
     CharacterFormat format;
-    format.fontName = font.name;
+    format.fontName = fontName;
     format.halfPoints = character.halfPoints;
     format.color = character.color;
     format.backColor = character.highlight != 0 ? character.highlight : character.shading;
@@ -166,7 +186,7 @@ void RtfInterpreter::refreshFormat() {
     format.italic = character.italic;
     format.underline = character.underline;
     format.strikeThrough = character.strike || character.doubleStrike;
-    m_builder.setFormat(format);
+    return format;
 }
 
 } // namespace velmora

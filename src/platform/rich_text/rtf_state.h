@@ -84,6 +84,9 @@ struct RtfGroup final {
     RtfDestination outer = RtfDestination::Body;
     /// The group in which the destination began.
     bool ownsDestination = false;
+    /// The last font that was no symbol font, or DefaultFont: what signs of a symbol font are shown
+    /// in once they are Unicode. An index as in RtfCharacter::font.
+    int textFont = RtfCharacter::DefaultFont;
     /// How many units follow a \u as its replacement for old readers.
     std::uint8_t unicodeSkip = 1;
 };

@@ -48,12 +48,20 @@ void RtfFontTable::finish() {
     if (m_rowCharset == CodePages::SymbolCharset) {
         m_row.symbols = symbolSetOfFont(m_row.name);
     }
+    if (m_firstTextFont < 0 && m_row.symbols == SymbolSet::None) {
+        m_firstTextFont = static_cast<int>(m_fonts.size());
+    }
     m_indexes.insert(m_rowNumber, static_cast<int>(m_fonts.size()));
     m_fonts.push_back(m_row);
 }
 
 int RtfFontTable::find(int number) const {
     return m_indexes.value(number, RtfCharacter::DefaultFont);
+}
+
+int RtfFontTable::textFont(int index) const {
+    const bool text = font(index).symbols == SymbolSet::None;
+    return text || m_firstTextFont < 0 ? index : m_firstTextFont;
 }
 
 const RtfFont& RtfFontTable::font(int index) const {

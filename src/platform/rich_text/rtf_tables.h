@@ -40,6 +40,9 @@ public:
     void setDefault(int number) { m_default = number; }
     /// Index of a font by its \f number; RtfCharacter::DefaultFont where the table has no such.
     [[nodiscard]] int find(int number) const;
+    /// The same font where it is one for text, else the first of the table that is; the same where
+    /// the table has none.
+    [[nodiscard]] int textFont(int index) const;
     /// Of an index that find() gave. The default font is \deff's, else the first one, else one
     /// without a name.
     [[nodiscard]] const RtfFont& font(int index) const;
@@ -53,6 +56,8 @@ private:
     std::vector<RtfFont> m_fonts;
     QHash<int, int> m_indexes;
     int m_default = 0;
+    /// Index of the first font that is no symbol font; -1 where there is none.
+    int m_firstTextFont = -1;
     RtfFont m_none;
 };
 

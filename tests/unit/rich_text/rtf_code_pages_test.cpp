@@ -96,6 +96,32 @@ TEST(RtfCodePages, SymbolFontsBecomeUnicode) {
     }
 }
 
+TEST(RtfCodePages, SignsOfSymbolFontsTakeTheFontOfTheTextAroundThem) {
+    struct Row final {
+        QByteArray rtf;
+        QString reading;
+    };
+    const QByteArray fonts = "\\deff2{\\fonttbl{\\f0 A;}{\\f1\\fcharset2 Symbol;}{\\f2 D;}"
+                             "{\\f3\\fcharset2 Wingdings;}{\\f4\\fcharset2 Webthings;}}";
+    const Row rows[] = {
+        {fonts + "{\\f0{\\listtext\\f1\\'b7\\tab}a}", u"{'A':\u2022\ta}"_qs},
+        {fonts + "\\f0 a\\f1\\'b7\\u-3913?\\f0 b", u"{'A':a\u2022\u2022b}"_qs},
+        {fonts + "{\\f0 a}{\\f1\\'b7}", u"{'A':a}{'D':\u2022}"_qs},
+        {fonts + "\\f0\\plain\\f1\\'b7", u"{'D':\u2022}"_qs},
+        {fonts + "\\f0\\f1{\\b\\'b7}\\par", u"{b 'A':\u2022}|"_qs},
+        // What Unicode lacks can only be shown in the font itself.
+        {fonts + "\\f0\\f3\\'e0\\'3a\\'e0", u"{'A':\u2192}{'Wingdings':\uf03a}{'A':\u2192}"_qs},
+        {fonts + "\\f0\\f4 a\\'b7", u"{'Webthings':a\uf0b7}"_qs},
+        // A table without a font for text.
+        {"{\\fonttbl{\\f1\\fcharset2 Symbol;}}\\'b7", u"{'Symbol':\u2022}"_qs},
+        {"{\\fonttbl{\\f1\\fcharset2 Symbol;}{\\f2 B;}}\\'b7", u"{'B':\u2022}"_qs},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(describeRtf(row.rtf).toStdString(), row.reading.toStdString())
+            << row.rtf.constData();
+    }
+}
+
 TEST(RtfCodePages, SymbolFieldsShowTheirSign) {
     EXPECT_EQ(symbolOfField(" SYMBOL 224 \\f \"Wingdings\" \\s 12 "), u'\u2192');
     EXPECT_EQ(symbolOfField("symbol 61623 \\f \"Symbol\""), u'\u2022');
