@@ -1,7 +1,6 @@
 #include "display/frame_composer.h"
 
 #include "platform/drawing/color.h"
-#include "platform/drawing/line_printer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -112,11 +111,10 @@ void FrameComposer::renderLine(int line, int height) {
         box.rowHeight = height;
         box.zoom = m_source.FontScale;
         box.alignment = m_source.TextAlignment;
-        box.rightToLeft = m_source.rtb2->isRightToLeft(entry.index);
         // A centred line that ends in text with a background carries it on to the window's edge.
         box.extendBackground =
             box.alignment == Alignment::Centre && runs.back().format.backColor != 0;
-        printLine(m_line, runs, box, m_cache);
+        m_source.rtb2->printRange(m_line, entry.index, entry.length, box, m_cache);
     }
     if (m_mirrors) {
         // Flipped from the finished picture: text drawn through a mirroring painter differs.

@@ -211,7 +211,11 @@ void drawGlyphs(Surface& target, const PlacedGlyphs& placed, const QRect& rows, 
 
 void printLine(Surface& target, const std::vector<StyledText>& runs, const PrintBox& box,
                GlyphMaskCache& cache) {
-    const LineShape shape = shapeLine(runs, box.rightToLeft);
+    printLine(target, shapeLine(runs, box.rightToLeft), runs, box, cache);
+}
+
+void printLine(Surface& target, const LineShape& shape, const std::vector<StyledText>& runs,
+               const PrintBox& box, GlyphMaskCache& cache) {
     if (shape.stretches.empty() || box.rowHeight <= 0)
         return;
     Placement place = placeLine(shape, box);

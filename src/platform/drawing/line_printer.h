@@ -8,6 +8,7 @@ namespace velmora {
 
 class GlyphMaskCache;
 class Surface;
+struct LineShape;
 
 /// Draws one line of text, unwrapped, into the rows 0 to box.rowHeight - 1 of target; nothing is
 /// drawn outside these rows or the target.
@@ -18,5 +19,9 @@ class Surface;
 /// neither ink nor a text background.
 void printLine(Surface& target, const std::vector<StyledText>& runs, const PrintBox& box,
                GlyphMaskCache& cache);
+
+/// The same with the line shaped already, from these runs.
+void printLine(Surface& target, const LineShape& shape, const std::vector<StyledText>& runs,
+               const PrintBox& box, GlyphMaskCache& cache);
 
 } // namespace velmora

@@ -60,51 +60,100 @@ ShownText shownText(const std::vector<StyledText>& runs) {
     return shown;
 }
 
-void addStretches(LineShape& shape, const QTextLine& line, const QTextLayout::FormatRange& range,
-                  std::size_t run) {
-    for (const QGlyphRun& glyphs : line.glyphRuns(range.start, range.length)) {
+/// Characters of one run, next to each other in a layout's text.
+struct LinePart final {
+    /// In the text of the layout.
+    int start = 0;
+    int length = 0;
+    std::size_t run = 0;
+};
+
+/// A line as it stands in a layout, and what of it is shown.
+struct LaidOutLine final {
+    QTextLine line;
+    /// Characters of the layout from textStart on.
+    QString text;
+    int textStart = 0;
+    std::vector<LinePart> parts;
+
+    [[nodiscard]] QChar at(int position) const { return text[position - textStart]; }
+};
+
+/// Closes up a line where a character of it is left out.
+class ClosedGaps final {
+public:
+    /// A cell of the line, which goes.
+    void add(double left, double right) { m_cells.push_back({left, right}); }
+
+    /// Where a place on the line lies afterwards.
+    [[nodiscard]] double closed(double x) const {
+        double result = x;
+        for (const Cell& cell : m_cells) {
+            if ((cell.left + cell.right) / 2 < x)
+                result -= cell.right - cell.left;
+        }
+        return result;
+    }
+
+private:
+    struct Cell final {
+        double left = 0;
+        double right = 0;
+    };
+    std::vector<Cell> m_cells;
+};
+
+void addStretches(LineShape& shape, const LaidOutLine& shown, const LinePart& part,
+                  const ClosedGaps& gaps) {
+    const QPointF origin = shown.line.position();
+    for (const QGlyphRun& glyphs : shown.line.glyphRuns(part.start, part.length)) {
         GlyphStretch stretch;
         stretch.font = glyphs.rawFont();
         stretch.glyphs = glyphs.glyphIndexes();
         stretch.positions = glyphs.positions();
-        for (QPointF& position : stretch.positions)
-            position.ry() -= line.ascent();
-        stretch.left = glyphs.boundingRect().left();
-        stretch.right = glyphs.boundingRect().right();
-        stretch.run = run;
+        for (QPointF& position : stretch.positions) {
+            position -= origin;
+            position = {gaps.closed(position.x()), position.y() - shown.line.ascent()};
+        }
+        stretch.left = gaps.closed(glyphs.boundingRect().left() - origin.x());
+        stretch.right = gaps.closed(glyphs.boundingRect().right() - origin.x());
+        stretch.run = part.run;
         shape.capHeight = std::max(shape.capHeight, stretch.font.capHeight());
         shape.stretches.push_back(std::move(stretch));
     }
 }
 
 /// A tab has no glyph, but a background and an underline.
-void addTabs(LineShape& shape, const QTextLine& line, const QString& text,
-             const QTextLayout::FormatRange& range, std::size_t run) {
-    const int end = range.start + range.length;
-    for (int at = range.start; at < end; ++at) {
-        if (text[at] != u'\t')
+void addTabs(LineShape& shape, const LaidOutLine& shown, const LinePart& part,
+             const ClosedGaps& gaps) {
+    const double origin = shown.line.x();
+    for (int at = part.start; at < part.start + part.length; ++at) {
+        if (shown.at(at) != u'\t')
             continue;
         GlyphStretch stretch;
-        const double one = line.cursorToX(at);
-        const double other = line.cursorToX(at + 1);
-        stretch.left = std::min(one, other);
-        stretch.right = std::max(one, other);
-        stretch.run = run;
+        const double one = shown.line.cursorToX(at) - origin;
+        const double other = shown.line.cursorToX(at + 1) - origin;
+        stretch.left = gaps.closed(std::min(one, other));
+        stretch.right = gaps.closed(std::max(one, other));
+        stretch.run = part.run;
         shape.stretches.push_back(std::move(stretch));
     }
 }
 
-void measureText(LineShape& shape, const QTextLine& line, const QString& text) {
-    qsizetype length = text.size();
-    while (length > 0 && text[length - 1].isSpace())
-        --length;
+void measureText(LineShape& shape, const LaidOutLine& shown, const ClosedGaps& gaps) {
+    int end = shown.parts.back().start + shown.parts.back().length;
+    while (end > shown.textStart && (shown.at(end - 1).isSpace() || !isShown(shown.at(end - 1))))
+        --end;
     double left = std::numeric_limits<double>::max();
     double right = std::numeric_limits<double>::lowest();
-    const QList<QGlyphRun> visible =
-        length > 0 ? line.glyphRuns(0, static_cast<int>(length)) : QList<QGlyphRun>();
-    for (const QGlyphRun& glyphs : visible) {
-        left = std::min(left, glyphs.boundingRect().left());
-        right = std::max(right, glyphs.boundingRect().right());
+    for (const LinePart& part : shown.parts) {
+        const int length = std::min(part.length, end - part.start);
+        if (length <= 0)
+            break;
+        for (const QGlyphRun& glyphs : shown.line.glyphRuns(part.start, length)) {
+            left = std::min(left, gaps.closed(glyphs.boundingRect().left() - shown.line.x()));
+            right = std::max(right, gaps.closed(glyphs.boundingRect().right() - shown.line.x()));
+        }
     }
     if (left < right) {
         shape.textLeft = left;
@@ -112,13 +161,57 @@ void measureText(LineShape& shape, const QTextLine& line, const QString& text) {
     }
 }
 
+/// Strokes follow the font that the run asks for.
+void setStrokeFont(LineShape& shape, std::size_t firstStretch, const CharacterFormat& format) {
+    if (!format.underline && !format.strikeThrough)
+        return;
+    const QRawFont font = QRawFont::fromFont(toTextFormat(format).font());
+    std::for_each(shape.stretches.begin() + static_cast<std::ptrdiff_t>(firstStretch),
+                  shape.stretches.end(),
+                  [&font](GlyphStretch& stretch) { stretch.strokeFont = font; });
+}
+
+LineShape shapeOf(const LaidOutLine& shown, const std::vector<StyledText>& runs,
+                  const ClosedGaps& gaps) {
+    LineShape shape;
+    for (const LinePart& part : shown.parts) {
+        const std::size_t first = shape.stretches.size();
+        addStretches(shape, shown, part, gaps);
+        addTabs(shape, shown, part, gaps);
+        setStrokeFont(shape, first, runs[part.run].format);
+    }
+    measureText(shape, shown, gaps);
+    shape.ascent = shown.line.ascent();
+    shape.height = shown.line.ascent() + shown.line.descent();
+    return shape;
+}
+
+/// The shown parts of a line, split where a marker is left out.
+LaidOutLine partsOf(const std::vector<StyledText>& runs, const QTextLine& line) {
+    LaidOutLine shown{line, {}, line.textStart(), {}};
+    for (std::size_t run = 0; run < runs.size(); ++run) {
+        bool joins = false;
+        for (const QChar character : runs[run].text) {
+            const bool isPart = isShown(character);
+            if (isPart && !joins) {
+                const int start = shown.textStart + static_cast<int>(shown.text.size());
+                shown.parts.push_back({start, 0, run});
+            }
+            if (isPart)
+                ++shown.parts.back().length;
+            joins = isPart;
+            shown.text += character;
+        }
+    }
+    return shown;
+}
+
 } // namespace
 
 LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft) {
-    LineShape shape;
     const ShownText shown = shownText(runs);
     if (shown.text.isEmpty())
-        return shape;
+        return {};
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(QTextOption::NoWrap);
@@ -131,23 +224,31 @@ LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft) {
     QTextLine line = layout.createLine();
     line.setLineWidth(UnlimitedWidth);
     layout.endLayout();
+    LaidOutLine laidOut{line, shown.text, 0, {}};
     for (std::size_t i = 0; i < shown.runOfRange.size(); ++i) {
-        const std::size_t run = shown.runOfRange[i];
         const auto& range = shown.ranges[static_cast<qsizetype>(i)];
-        const std::size_t first = shape.stretches.size();
-        addStretches(shape, line, range, run);
-        addTabs(shape, line, shown.text, range, run);
-        if (runs[run].format.underline || runs[run].format.strikeThrough) {
-            const QRawFont font = QRawFont::fromFont(range.format.font());
-            std::for_each(shape.stretches.begin() + static_cast<std::ptrdiff_t>(first),
-                          shape.stretches.end(),
-                          [&font](GlyphStretch& stretch) { stretch.strokeFont = font; });
+        laidOut.parts.push_back({range.start, range.length, shown.runOfRange[i]});
+    }
+    return shapeOf(laidOut, runs, {});
+}
+
+LineShape shapeLineOfParagraph(const std::vector<StyledText>& runs, const QTextLine& line) {
+    const LaidOutLine shown = partsOf(runs, line);
+    if (shown.parts.empty())
+        return {};
+    // A layout lets its glyphs go when it is done; this question, unlike glyphRuns, fetches them.
+    (void)line.cursorToX(shown.textStart);
+    ClosedGaps gaps;
+    for (qsizetype i = 0; i < shown.text.size(); ++i) {
+        if (isShown(shown.text[i]))
+            continue;
+        const int at = shown.textStart + static_cast<int>(i);
+        for (const QGlyphRun& glyphs : line.glyphRuns(at, 1)) {
+            const QRectF cell = glyphs.boundingRect().translated(-line.x(), 0);
+            gaps.add(cell.left(), cell.right());
         }
     }
-    measureText(shape, line, shown.text);
-    shape.ascent = line.ascent();
-    shape.height = line.ascent() + line.descent();
-    return shape;
+    return shapeOf(shown, runs, gaps);
 }
 
 } // namespace velmora

@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <vector>
 
+class QTextLine;
+
 namespace velmora {
 
 /// Glyphs of one font and one format, next to each other on the line.
@@ -44,6 +46,14 @@ struct LineShape final {
 };
 
 /// Shapes a line without its markers "^" and "~" and without line ends. No text: no stretches.
+///
+/// The line is all there is: where it is a part of a paragraph with text that runs from right to
+/// left, its order is another one than in the paragraph.
 [[nodiscard]] LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft);
+
+/// The same for a line of a laid out paragraph, in the order that it has there. The runs are the
+/// whole line's, from its first character on. Where a marker is left out the line closes up.
+[[nodiscard]] LineShape shapeLineOfParagraph(const std::vector<StyledText>& runs,
+                                             const QTextLine& line);
 
 } // namespace velmora

@@ -12,7 +12,7 @@ struct StyledText final {
     CharacterFormat format;
 };
 
-/// Where and how RichTextBox::SelPrint draws. All lengths are pixels of the target surface.
+/// Where and how RichTextBox::printRange draws. All lengths are pixels of the target surface.
 struct PrintBox final {
     /// Left text starts here.
     double left = 0;
@@ -27,7 +27,7 @@ struct PrintBox final {
     /// The background colour of the line's last run goes on from the text's end to the surface's
     /// right edge.
     bool extendBackground = false;
-    /// Reading order of the line's paragraph; SelPrint takes it from the document.
+    /// Reading order of the line's paragraph; printRange takes it from the document.
     bool rightToLeft = false;
 };
 

@@ -154,10 +154,12 @@ public:
     // --- drawing -----------------------------------------------------------------------------
     /// The runs of a range, which must lie inside one paragraph.
     [[nodiscard]] std::vector<StyledText> styledText(int position, int length) const;
-    /// Reading order of the paragraph that holds a position.
-    [[nodiscard]] bool isRightToLeft(int position) const;
-    /// Draws the selection, one line of it, into a surface; "^" and "~" are left out. Glyph masks
-    /// come from the cache, which must be of the same fonts for the life of the process.
+    /// Draws a range, a line or a part of one, into a surface; "^" and "~" are left out. A whole
+    /// line has the order of its paragraph where text runs from right to left. Glyph masks come
+    /// from the cache, which must be of the same fonts for the life of the process.
+    void printRange(Surface& target, int position, int length, const PrintBox& box,
+                    GlyphMaskCache& cache) const;
+    /// printRange of the selection.
     void SelPrint(Surface& target, const PrintBox& box, GlyphMaskCache& cache) const;
 
     /// Font families that the text asks for and the machine does not have, each with its

@@ -2,6 +2,8 @@
 #include "platform/rich_text/rich_text_box_private.h"
 
 #include "platform/drawing/line_printer.h"
+#include "platform/drawing/line_shape.h"
+#include "platform/rich_text/document_layout.h"
 #include "platform/rich_text/fragment_text.h"
 
 #include <QFontDatabase>
@@ -40,23 +42,64 @@ QSet<QString> usedFontNames(const QTextDocument& document) {
     return names;
 }
 
+struct UnitRange final {
+    char16_t first;
+    char16_t last;
+};
+
+/// UTF-16 units of which text from right to left consists, or which turn text around.
+constexpr UnitRange RightToLeftUnits[] = {
+    {0x0590, 0x08ff}, // Hebrew to the last Arabic block
+    {0x200f, 0x200f}, {0x202b, 0x202b}, {0x202e, 0x202e}, {0x2067, 0x2067}, // marks and overrides
+    {0xd802, 0xd803}, {0xd83a, 0xd83b},                                     // high surrogates
+    {0xfb1d, 0xfdff}, {0xfe70, 0xfeff},                                     // presentation forms
+};
+
+bool runsRightToLeft(const QString& text) {
+    return std::any_of(text.begin(), text.end(), [](QChar character) {
+        return character.unicode() >= RightToLeftUnits[0].first &&
+               std::any_of(std::begin(RightToLeftUnits), std::end(RightToLeftUnits),
+                           [unit = character.unicode()](const UnitRange& range) {
+                               return unit >= range.first && unit <= range.last;
+                           });
+    });
+}
+
+/// Whether the order of a line's characters needs the rest of its paragraph.
+bool needsParagraph(const LinePlace& place, DocumentRange range, const ParagraphFormat& format) {
+    if (place.block.lineCount() < 2 || place.start() != range.begin ||
+        range.end > range.begin + place.line.textLength())
+        return false;
+    return format.rightToLeft || runsRightToLeft(place.block.text());
+}
+
+void print(Surface& target, const QTextDocument& document, const DocumentLayout& layout,
+           DocumentRange range, const PrintBox& box, GlyphMaskCache& cache) {
+    const LinePlace place = layout.lineOfPosition(range.begin);
+    const ParagraphFormat format = fromBlockFormat(place.block.blockFormat());
+    const std::vector<StyledText> runs = styledRuns(document, range);
+    PrintBox directed = box;
+    directed.rightToLeft = format.rightToLeft;
+    if (needsParagraph(place, range, format)) {
+        printLine(target, shapeLineOfParagraph(runs, place.line), runs, directed, cache);
+    } else {
+        printLine(target, runs, directed, cache);
+    }
+}
+
 } // namespace
 
 std::vector<StyledText> RichTextBox::styledText(int position, int length) const {
     return styledRuns(d->document, d->rangeOf(position, length));
 }
 
-bool RichTextBox::isRightToLeft(int position) const {
-    const QTextBlock block = d->document.findBlock(toDocument(position));
-    return fromBlockFormat(block.blockFormat()).rightToLeft;
+void RichTextBox::printRange(Surface& target, int position, int length, const PrintBox& box,
+                             GlyphMaskCache& cache) const {
+    print(target, d->document, *d->layout, d->rangeOf(position, length), box, cache);
 }
 
 void RichTextBox::SelPrint(Surface& target, const PrintBox& box, GlyphMaskCache& cache) const {
-    const DocumentRange range = d->selected();
-    const QTextBlock block = d->document.findBlock(range.begin);
-    PrintBox directed = box;
-    directed.rightToLeft = fromBlockFormat(block.blockFormat()).rightToLeft;
-    printLine(target, styledRuns(d->document, range), directed, cache);
+    print(target, d->document, *d->layout, d->selected(), box, cache);
 }
 
 std::vector<RichTextBox::MissingFont> RichTextBox::missingFonts() const {

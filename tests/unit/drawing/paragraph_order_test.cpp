@@ -1,0 +1,132 @@
+#include "platform/drawing/color.h"
+#include "platform/drawing/glyph_mask_cache.h"
+#include "platform/drawing/surface.h"
+#include "platform/rich_text/document_layout.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "unit/drawing/ink.h"
+
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+using namespace velmora;
+
+namespace {
+
+constexpr double Zoom = 4;
+constexpr int Room = 40;
+
+struct Case final {
+    const char* name;
+    QString text;
+    bool rightToLeft = false;
+};
+
+void PrintTo(const Case& example, std::ostream* out) {
+    *out << example.name;
+}
+
+const QString Greeting = u"says \u05e9\u05dc\u05d5\u05dd \u05dc\u05db\u05d5\u05dc\u05dd, 12 "
+                         u"\u05d7\u05d1\u05e8\u05d9\u05dd, (\u05d0\u05d1) and "
+                         u"more [\u05d2\u05d3 45, 67 \u05d4\u05d5] to the end."_qs;
+const QString Arabic =
+    u"\u0627\u0644\u0633\u0644\u0627\u0645 (\u0639\u0644\u064a\u0643\u0645), 12 "
+    u"\u0635\u062f\u064a\u0642, Qt 6.4, \u0627\u0644\u0639\u0631\u0628\u064a\u0629!"_qs;
+
+/// In three formats, so that runs and directions end at different places.
+void fill(RichTextBox& box, const QString& text, bool rightToLeft, double wrapPixels) {
+    RichTextFragment fragment;
+    for (const char* styles : {"", "b", "i"}) {
+        fragment.formats.push_back(styled({}, u"DejaVu Sans"_qs, 28, styles).format);
+    }
+    Paragraph paragraph;
+    paragraph.text = text;
+    paragraph.format.rightToLeft = rightToLeft;
+    const int third = static_cast<int>(text.size()) / 3;
+    paragraph.runs = {{third, 0}, {third, 1}, {static_cast<int>(text.size()) - 2 * third, 2}};
+    fragment.paragraphs = {paragraph};
+    box.setWrapWidth(wrapPixels);
+    box.setFragment(fragment);
+}
+
+/// A line of the paragraph as the text engine draws it there.
+Ink drawnInItsParagraph(const RichTextBox& box, int line) {
+    const LinePlace place = box.layout().lineAt(line);
+    const double scale = Zoom / DocumentLayout::UnitsPerPixel;
+    QImage image(static_cast<int>(box.wrapWidth() * Zoom) + 2 * Room,
+                 static_cast<int>(place.height * scale) + 2 * Room, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.translate(Room, Room);
+    painter.scale(scale, scale);
+    place.line.draw(&painter, -place.line.position());
+    return inkOf(image);
+}
+
+Ink printed(const RichTextBox& box, int line) {
+    const int position = box.lineIndex(line);
+    PrintBox print;
+    print.width = box.wrapWidth() * Zoom + Room;
+    print.rowHeight = 2 * static_cast<int>(box.layout().lineAt(line).height);
+    print.zoom = Zoom;
+    Surface surface(static_cast<int>(print.width), print.rowHeight);
+    surface.fill(toPixel(Black));
+    GlyphMaskCache cache;
+    box.printRange(surface, position, box.lineLength(position), print, cache);
+    return inkOf(surface.image());
+}
+
+} // namespace
+
+class ParagraphOrder : public ::testing::TestWithParam<Case> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, ParagraphOrder,
+    ::testing::Values(
+        Case{"Mixed", Greeting}, Case{"MixedFromTheRight", Greeting, true},
+        Case{"Arabic", Arabic, true}, Case{"ArabicFromTheLeft", Arabic},
+        Case{"LatinFromTheRight", u"Well (as they say), 12, 13 - or [so]! And (again)."_qs, true},
+        Case{"SoftHyphens",
+             u"\u05d0\u05d1 extra\u00adordinary words hyphen\u00adation \u05d2\u05d3"_qs},
+        Case{"Plain", u"A line (of words), 12 and [more] of them."_qs}),
+    [](const auto& it) { return it.param.name; });
+
+// The narrow widths break the text at every one of its words, and inside of some.
+TEST_P(ParagraphOrder, OfEveryLineIsThatOfTheEditor) {
+    for (const double width : {60.0, 90.0, 125.0, 170.0, 298.0, 2000.0}) {
+        RichTextBox box;
+        fill(box, GetParam().text, GetParam().rightToLeft, width);
+        for (int line = 0; line < box.lineCount(); ++line) {
+            const Ink expected = drawnInItsParagraph(box, line);
+            const Ink ink = printed(box, line);
+            ASSERT_GT(expected.amount, 0);
+            EXPECT_NEAR(ink.amount / expected.amount, 1, 0.01) << width << " line " << line;
+            EXPECT_LT(unlikeness(expected, ink), 0.3) << width << " line " << line;
+        }
+    }
+}
+
+TEST(ParagraphOrderOfMarkedText, ClosesUpWhereMarkersAreLeftOut) {
+    const QString lines = u"%1says \u05e9\u05dc\u05d5\u05dd, %2 12 \u05d0\u05d1,\u2028"
+                          u"%1\u05d2\u05d3 (45%2), Qt\u2028"
+                          u"%1\u05d2\u05d3 and%2, more%1%2"_qs;
+    for (const bool rightToLeft : {false, true}) {
+        RichTextBox bare;
+        RichTextBox marked;
+        fill(bare, QString(lines).remove(u"%1"_qs).remove(u"%2"_qs), rightToLeft, 2000);
+        fill(marked, lines.arg(u"^"_qs, u"~"_qs), rightToLeft, 2000);
+        // One format: how kerning falls on the borders of formats is not the matter here.
+        for (RichTextBox* box : {&bare, &marked}) {
+            box->selectAll();
+            box->setSelBold(false);
+            box->setSelItalic(false);
+        }
+        for (int line = 0; line < 3; ++line) {
+            const Ink expected = printed(bare, line);
+            const Ink ink = printed(marked, line);
+            EXPECT_NEAR(ink.left, expected.left, 1) << rightToLeft << line;
+            EXPECT_NEAR(ink.right, expected.right, 1) << rightToLeft << line;
+            EXPECT_LT(unlikeness(expected, ink), 0.3) << rightToLeft << line;
+        }
+    }
+}
