@@ -6,6 +6,31 @@
 
 namespace velmora {
 
+namespace {
+
+/// Old systems list one family once for each script that it has, with the script behind its name;
+/// on today's machines only the family itself is known.
+QString familyOf(const QString& name, int codePage) {
+    struct Row final {
+        const char16_t* suffix;
+        int codePage;
+    };
+    static constexpr Row Rows[] = {
+        {u" CE", 1250},       {u" CYR", 1251},      {u" Greek", 1253},        {u" TUR", 1254},
+        {u" (Hebrew)", 1255}, {u" (Arabic)", 1256}, {u" Baltic", 1257},       {u" Cyr", 1251},
+        {u" Tur", 1254},      {u" (Thai)", 874},    {u" (Vietnamese)", 1258},
+    };
+    for (const Row& row : Rows) {
+        const QStringView suffix(row.suffix);
+        if (codePage == row.codePage && name.size() > suffix.size() && name.endsWith(suffix)) {
+            return name.chopped(suffix.size());
+        }
+    }
+    return name;
+}
+
+} // namespace
+
 void RtfFontTable::begin(int number) {
     finish();
     m_row = {};
@@ -43,8 +68,8 @@ void RtfFontTable::finish() {
     if (m_fonts.size() >= MaxFonts) {
         return;
     }
-    m_row.name = rtfFontName(m_row.name);
     m_row.codePage = nameCodePage();
+    m_row.name = familyOf(rtfFontName(m_row.name), m_row.codePage);
     if (m_rowCharset == CodePages::SymbolCharset) {
         m_row.symbols = symbolSetOfFont(m_row.name);
     }

@@ -109,6 +109,13 @@ TEST(RtfReader, FontTablesInEveryForm) {
         {"\\deff3{\\fonttbl{\\f3 C;}{\\f1 B;}}a", u"{'C':a}"_qs},
         {"{\\fonttbl{\\f5 C;}{\\f1 B;}}a", u"{'C':a}"_qs},
         {"{\\fonttbl}a", u"a"_qs},
+        // A family that has a name for each script, where the font says that it is of that script.
+        {"{\\fonttbl{\\f0\\fcharset238 Arial CE;}}a", u"{'Arial':a}"_qs},
+        {"{\\fonttbl{\\f0\\cpg1251 Times New Roman CYR;}}a", u"{'Times New Roman':a}"_qs},
+        {"{\\fonttbl{\\f0\\fcharset177 Arial (Hebrew){\\*\\falt X};}}a", u"{'Arial':a}"_qs},
+        {"{\\fonttbl{\\f0\\fcharset0 Arial CE;}}a", u"{'Arial CE':a}"_qs},
+        {"{\\fonttbl{\\f0\\fcharset161 Arial CE;}}a", u"{'Arial CE':a}"_qs},
+        {"{\\fonttbl{\\f0\\fcharset161  Greek;}}a", u"{'Greek':a}"_qs},
     });
 }
 
