@@ -48,6 +48,9 @@ void RtfFragmentBuilder::setFormat(const CharacterFormat& format) {
         m_format = *known;
         return;
     }
+    if (m_fragment.formats.size() >= MaxFormats) {
+        return;
+    }
     m_format = static_cast<int>(m_fragment.formats.size());
     m_fragment.formats.push_back(format);
     m_formatIndex.insert(format, m_format);
@@ -71,8 +74,11 @@ void RtfFragmentBuilder::beforeText() {
 void RtfFragmentBuilder::grow(qsizetype length) {
     if (!m_runs.empty() && m_runs.back().format == m_format) {
         m_runs.back().length += static_cast<int>(length);
-    } else {
+    } else if (m_runCount < MaxRuns) {
         m_runs.push_back({static_cast<int>(length), m_format});
+        ++m_runCount;
+    } else {
+        m_full = true;
     }
     m_textUnits += length;
     m_full = m_full || m_textUnits > MaxTextUnits;

@@ -15,6 +15,9 @@ public:
     /// from taking the machine's memory.
     static constexpr qsizetype MaxParagraphs = 1'000'000;
     static constexpr qsizetype MaxTextUnits = qsizetype{128} * 1024 * 1024;
+    static constexpr qsizetype MaxRuns = 4'000'000;
+    /// Text in further formats is kept, in the format of what stands before it.
+    static constexpr std::size_t MaxFormats = 65'536;
 
     /// The format of what is appended from now on, and of the end of its paragraph.
     void setFormat(const CharacterFormat& format);
@@ -67,6 +70,7 @@ private:
     ParagraphFormat m_rowFormat;
 
     qsizetype m_textUnits = 0;
+    qsizetype m_runCount = 0;
     bool m_full = false;
 };
 

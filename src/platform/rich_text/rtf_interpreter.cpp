@@ -20,7 +20,9 @@ RtfReadResult RtfInterpreter::read() {
         follow(token);
     }
     if (m_builder.full()) {
-        return {{}, Outcome::failure(QStringLiteral("The text is too long."))};
+        return {{},
+                Outcome::failure(
+                    QStringLiteral("The text is too long or changes its format too often."))};
     }
     dropHalfCharacter();
     refreshFormat();

@@ -210,9 +210,21 @@ TEST(RtfReader, AWordSaysWhatAGroupIsForOnlyAtItsStart) {
     }
 }
 
+/// One character in each of so many formats, all different.
+QByteArray manyFormats(int count) {
+    QByteArray rtf = "{\\colortbl";
+    for (int color = 0; color < 100; ++color) {
+        rtf += "\\red" + QByteArray::number(color) + ";";
+    }
+    rtf += "}";
+    for (int format = 0; format < count; ++format) {
+        rtf += "\\cf" + QByteArray::number(format % 100) + "\\fs" +
+               QByteArray::number(2 + format / 100) + " a";
+    }
+    return rtf;
+}
+
 TEST(RtfReader, HostileSizesAreBounded) {
-    QElapsedTimer timer;
-    timer.start();
     const qsizetype depth = static_cast<qsizetype>(RtfInterpreter::MaxDepth);
     struct Hostile final {
         QByteArray rtf;
@@ -229,20 +241,34 @@ TEST(RtfReader, HostileSizesAreBounded) {
         {"{\\rtf1{\\fonttbl{\\f0 " + QByteArray(500'000, 'x') + ";}}a}", 1},
         {"{\\rtf1{\\field{\\*\\fldinst " + QByteArray(500'000, 'x') + "}}a}", 1},
         {"{\\rtf1\\" + QByteArray(500'000, 'x') + " a}", 1},
+        {"{\\rtf1" + QByteArray("{\\info\\par ").repeated(200'000), 0},
+        {"{\\rtf1{\\fonttbl{\\f0\\fcharset2 Wingdings;}{\\f1 A;}}" +
+             QByteArray("\\'e0:").repeated(200'000) + "}",
+         400'000},
+        {"{\\rtf1" + manyFormats(140'000) + "}", 140'000},
         {"{\\rtf1\\uc999999\\u233 " + QByteArray(300, 'x') + "}", 46},
     };
     for (const Hostile& file : files) {
+        QElapsedTimer timer;
+        timer.start();
         const RtfReadResult result = readRtf(file.rtf);
+        EXPECT_LT(timer.elapsed(), 5'000) << file.rtf.first(40).constData();
+        EXPECT_LE(result.fragment.formats.size(), RtfFragmentBuilder::MaxFormats);
         ASSERT_TRUE(result.outcome) << file.rtf.first(40).constData();
         EXPECT_EQ(faultOf(result.fragment).toStdString(), "");
         ASSERT_FALSE(result.fragment.paragraphs.empty());
         EXPECT_EQ(result.fragment.paragraphs.back().text.size(), file.textLength)
             << file.rtf.first(40).constData();
     }
+}
+
+TEST(RtfReader, WhatIsBeyondEveryScriptIsRefused) {
     const QByteArray paragraphs = QByteArray("\\par").repeated(RtfFragmentBuilder::MaxParagraphs);
     EXPECT_FALSE(readRtf("{\\rtf1" + paragraphs + "}").outcome);
     EXPECT_TRUE(readRtf("{\\rtf1" + paragraphs.chopped(4) + "}").outcome);
-    EXPECT_LT(timer.elapsed(), 60'000);
+    const QByteArray runs = QByteArray("\\b a\\b0 a").repeated(RtfFragmentBuilder::MaxRuns / 2);
+    EXPECT_TRUE(readRtf("{\\rtf1" + runs + "a}").outcome);
+    EXPECT_FALSE(readRtf("{\\rtf1" + runs + "\\b a}").outcome);
 }
 
 } // namespace
