@@ -11,8 +11,12 @@ namespace velmora {
 
 void applyColourRule(RichTextFragment& text, Rgb24 target, Rgb24 other) {
     for (CharacterFormat& format : text.formats) {
-        if (format.color == other) {
-            format.color = target;
+        if (format.color != other) {
+            continue;
+        }
+        format.color = target;
+        if (format.backColor == target) {
+            format.backColor = 0;
         }
     }
 }

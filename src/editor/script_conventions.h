@@ -22,6 +22,9 @@ inline constexpr QStringView StoryBreakMarker = u"^----";
 /// target as a whole, else each character of the colour `other` does. With black and white as the
 /// only two colours that is the same as exchanging a colour in the table of formats, which takes no
 /// time however long the script is.
+///
+/// Text that would take the colour of its own background loses that background: it would not be
+/// seen. (Word processors put white behind text that they take from the web.)
 void applyColourRule(RichTextFragment& text, Rgb24 target, Rgb24 other);
 
 /// The colour rule for text that enters an editor: on black, black text turns white; on white,

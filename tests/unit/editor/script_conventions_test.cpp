@@ -81,6 +81,26 @@ RichTextFragment randomText(std::mt19937& random, const std::vector<Rgb24>& colo
     return text;
 }
 
+TEST(ColourRule, LeavesNoTextInTheColourOfItsOwnBackground) {
+    constexpr Rgb24 Yellow = 0x00FFFF;
+    struct Case final {
+        Rgb24 color;
+        Rgb24 behind;
+        Rgb24 newColor;
+        Rgb24 newBehind;
+    };
+    for (const Case& it : {Case{Black, White, White, 0}, Case{Black, Yellow, White, Yellow},
+                           Case{Red, White, Red, White}, Case{Black, 0, White, 0}}) {
+        RichTextFragment text;
+        text.formats.resize(1);
+        text.formats[0].color = it.color;
+        text.formats[0].backColor = it.behind;
+        applyColourRuleForBackground(text, Black);
+        EXPECT_EQ(text.formats[0].color, it.newColor) << it.color << " on " << it.behind;
+        EXPECT_EQ(text.formats[0].backColor, it.newBehind) << it.color << " on " << it.behind;
+    }
+}
+
 TEST(ColourRule, GivesWhatTheWalkInBlocksGives) {
     const std::vector<std::vector<Rgb24>> palettes = {{Black},
                                                       {White},
