@@ -19,9 +19,20 @@ int failed(const QString& text) {
     return 1;
 }
 
+/// The name says the format; what is written under another ending would not be what it says.
+bool isWritable(const QString& path) {
+    return path.endsWith(u".rtf"_qs, Qt::CaseInsensitive) ||
+           path.endsWith(u".txt"_qs, Qt::CaseInsensitive);
+}
+
 } // namespace
 
 int convertScript(Session& session, const QString& from, const QString& to) {
+    if (!isWritable(to)) {
+        return failed(QStringLiteral("I can only write RTF and text. Please give %1 a name that "
+                                     "ends in .rtf or .txt.")
+                          .arg(to));
+    }
     UnattendedHost host(session, UnattendedHost::Notices::Nowhere);
     applyEditorDefaults(session);
     const Outcome loaded = ScriptLoader(session, host, nullptr).loadUnattended(from);

@@ -178,5 +178,20 @@ TEST(Convert, WritesTheOtherFormatAndNothingOnFailure) {
     EXPECT_TRUE(test.read(QStringLiteral("files.ini")).isNull());
 }
 
+TEST(Convert, RefusesAnEndingThatItCannotWrite) {
+    TestSession test;
+    const QString in = test.write(QStringLiteral("in.txt"), "words");
+    for (const QString& name :
+         {QStringLiteral("a.docx"), QStringLiteral("a.DOC"), QStringLiteral("a"),
+          QStringLiteral("a.rtf.pdf"), QStringLiteral("artf"), QString()}) {
+        EXPECT_EQ(convertScript(test.session, in, test.path(name)), 1) << name.toStdString();
+        EXPECT_FALSE(QFileInfo(test.path(name)).isFile()) << name.toStdString();
+    }
+    for (const QString& name : {QStringLiteral("b.RTF"), QStringLiteral("b.Txt")}) {
+        EXPECT_EQ(convertScript(test.session, in, test.path(name)), 0) << name.toStdString();
+        EXPECT_TRUE(test.read(name).contains("words")) << name.toStdString();
+    }
+}
+
 } // namespace
 } // namespace velmora
