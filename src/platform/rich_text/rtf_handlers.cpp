@@ -142,13 +142,13 @@ void RtfInterpreter::setDirection(const RtfToken&, int rightToLeft) {
 
 void RtfInterpreter::setLeftOffset(const RtfToken& token, int) {
     m_group.formats.paragraph.leftOffsetTwips =
-        std::clamp(token.parameter, -MaxOffsetTwips, MaxOffsetTwips);
+        std::clamp(token.parameter, -RtfMaxOffsetTwips, RtfMaxOffsetTwips);
     given(PropertyLeftOffset);
 }
 
 void RtfInterpreter::setFirstLineOffset(const RtfToken& token, int) {
     m_group.formats.paragraph.firstLineOffsetTwips =
-        std::clamp(token.parameter, -MaxOffsetTwips, MaxOffsetTwips);
+        std::clamp(token.parameter, -RtfMaxOffsetTwips, RtfMaxOffsetTwips);
     given(PropertyFirstLineOffset);
 }
 

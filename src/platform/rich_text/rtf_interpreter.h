@@ -27,8 +27,6 @@ public:
     /// So many skipped groups without a closing brace are left again; each costs a look at the
     /// whole rest of the file.
     static constexpr int MaxUnclosedSkips = 64;
-    /// 22 inches, the widest that a page can be; offsets are limited to it.
-    static constexpr int MaxOffsetTwips = 31'680;
 
     // Handlers: the token, and the value of the control word's row in the table.
 

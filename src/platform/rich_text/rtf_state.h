@@ -6,6 +6,9 @@
 
 namespace velmora {
 
+/// 22 inches, the widest that a page can be; the offsets of a paragraph are limited to it.
+inline constexpr int RtfMaxOffsetTwips = 31'680;
+
 /// The character properties that RTF's control words set. Colours are resolved, the font is an
 /// index into the document's font table or DefaultFont.
 struct RtfCharacter final {

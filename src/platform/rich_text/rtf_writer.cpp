@@ -1,6 +1,7 @@
 #include "platform/rich_text/rtf_writer.h"
 
 #include "platform/rich_text/rtf_font_name.h"
+#include "platform/rich_text/rtf_state.h"
 
 #include <QHash>
 #include <QStringList>
@@ -19,8 +20,9 @@ namespace {
 
 /// Longest form of one UTF-16 unit: "\u-32768?", or "\line " and "\tab ".
 constexpr qsizetype MaxBytesPerUnit = 9;
-/// Widest offset of a page; the reader has the same limit.
-constexpr int MaxOffsetTwips = 31'680;
+/// So much is written between two looks at the room that is left: a whole run may be a book, and
+/// room for the longest form of each of its characters would be several times its size.
+constexpr qsizetype UnitsPerSlice = 4096;
 
 /// Bytes with room made ahead, so that the inner loops write without asking.
 class Output final {
@@ -94,15 +96,19 @@ char* putSpecial(char* at, char16_t unit) {
 }
 
 void writeText(Output& output, QStringView text) {
-    char* at = output.reserve(text.size() * MaxBytesPerUnit);
-    for (const QChar unit : text) {
-        if (isPlain(unit.unicode())) {
-            *at++ = static_cast<char>(unit.unicode());
-        } else {
-            at = putSpecial(at, unit.unicode());
+    while (!text.isEmpty()) {
+        const QStringView slice = text.first(std::min(text.size(), UnitsPerSlice));
+        text = text.sliced(slice.size());
+        char* at = output.reserve(slice.size() * MaxBytesPerUnit);
+        for (const QChar unit : slice) {
+            if (isPlain(unit.unicode())) {
+                *at++ = static_cast<char>(unit.unicode());
+            } else {
+                at = putSpecial(at, unit.unicode());
+            }
         }
+        output.finish(at);
     }
-    output.finish(at);
 }
 
 /// The fonts and colours that the text uses, in the order of their first use, and the control words
@@ -232,7 +238,7 @@ void writeParagraphFormat(Output& output, const ParagraphFormat& format) {
     }
     const auto offset = [&output](std::string_view word, int twips) {
         if (twips != 0) {
-            output.append(word, std::clamp(twips, -MaxOffsetTwips, MaxOffsetTwips));
+            output.append(word, std::clamp(twips, -RtfMaxOffsetTwips, RtfMaxOffsetTwips));
         }
     };
     offset("\\fi", format.firstLineOffsetTwips);

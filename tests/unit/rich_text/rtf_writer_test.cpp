@@ -42,6 +42,23 @@ TEST(RtfWriter, EveryRunNamesItsSizeAndTheFontTableHasItsClosingMark) {
     }
 }
 
+TEST(RtfWriter, ARunAsLongAsABookIsWrittenWholeAndWithoutRoomToSpare) {
+    const qsizetype length = 1'000'000;
+    for (const QChar special : {QChar(u'a'), QChar(u'{'), QChar(u'\u20ac'), QChar(0xFFFD)}) {
+        RichTextFragment fragment;
+        fragment.formats = {{}};
+        Paragraph paragraph;
+        paragraph.text = QString(length, u'a') + QString(9'999, special);
+        paragraph.runs = {{static_cast<int>(paragraph.text.size()), 0}};
+        fragment.paragraphs = {paragraph};
+        const QByteArray rtf = writeRtf(fragment);
+        EXPECT_LT(rtf.capacity(), 3 * length);
+        const RtfReadResult read = readRtf(rtf);
+        ASSERT_EQ(read.fragment.paragraphs.size(), 1u);
+        EXPECT_TRUE(read.fragment.paragraphs.front().text == paragraph.text) << int{special.unicode()};
+    }
+}
+
 TEST(RtfWriter, FormatsThatLookTheSameAreOne) {
     RichTextFragment fragment;
     CharacterFormat format;
