@@ -1,5 +1,7 @@
 #include "platform/rich_text/rtf_code_pages.h"
 
+#include "platform/text_services/text_encoding.h"
+
 #include <QByteArray>
 #include <QStringDecoder>
 
@@ -55,12 +57,6 @@ constexpr CharsetRow Charsets[] = {
     {222, 874},  {238, 1250}, {254, 437},  {255, 850},  {256, 10000},
 };
 
-constexpr std::array<char16_t, 32> Windows1252Upper = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
-};
-
 template<std::size_t Count>
 const char* converterOf(const CodePageName (&names)[Count], int number) {
     const auto* row = std::find_if(std::begin(names), std::end(names),
@@ -81,7 +77,8 @@ char16_t known(QChar unit) {
 } // namespace
 
 char16_t windows1252(unsigned char byte) {
-    return Windows1252Upper[static_cast<std::size_t>(byte - 0x80)];
+    const char16_t character = windows1252Character(byte);
+    return character == byte ? char16_t{0} : character;
 }
 
 CodePage::CodePage(int number) : m_number(number) {

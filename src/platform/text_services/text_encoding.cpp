@@ -47,13 +47,15 @@ int windows1252Byte(char16_t character) {
 
 } // namespace
 
+char16_t windows1252Character(unsigned char byte) {
+    return byte >= 0x80 && byte <= 0x9F ? Windows1252High[byte - 0x80U] : char16_t{byte};
+}
+
 QString decodeWindows1252(QByteArrayView bytes) {
     QString text(bytes.size(), Qt::Uninitialized);
     QChar* out = text.data();
     for (const char byte : bytes) {
-        const auto value = static_cast<unsigned char>(byte);
-        *out++ = value >= 0x80 && value <= 0x9F ? QChar(Windows1252High[value - 0x80U])
-                                                : QChar(char16_t{value});
+        *out++ = QChar(windows1252Character(static_cast<unsigned char>(byte)));
     }
     return text;
 }

@@ -17,5 +17,7 @@ namespace velmora {
 /// Windows-1252 alone. The five bytes that the code page leaves open are the control characters of
 /// the same number, so that every byte has a character of its own.
 [[nodiscard]] QString decodeWindows1252(QByteArrayView bytes);
+/// The same for one byte.
+[[nodiscard]] char16_t windows1252Character(unsigned char byte);
 
 } // namespace velmora
