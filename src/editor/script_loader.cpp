@@ -70,7 +70,7 @@ Outcome ScriptLoader::loadUnattended(const QString& path) {
     if (!outcome) {
         return Outcome::failure(failureText(outcome.reason()));
     }
-    m_host.showNotice(missingFontsText());
+    tell({noTextText(), missingFontsText()});
     return outcome;
 }
 
@@ -132,6 +132,7 @@ Outcome ScriptLoader::bringIn(Place place) {
     }
     Outcome outcome = readIntoStaging();
     if (outcome) {
+        m_holdsText = !rtb2.Text().trimmed().isEmpty();
         if (place == Place::End) {
             // An appended file is a story of its own that can be jumped to.
             rtb2.setSelStart(0);
@@ -179,9 +180,17 @@ void ScriptLoader::moveStagingToEditor(Place place) {
 }
 
 void ScriptLoader::tellAfterLoad(Place place) {
-    QStringList notes = {missingFontsText(), recentListText(place)};
+    tell({noTextText(), missingFontsText(), recentListText(place)});
+}
+
+/// One notice of what there is to say.
+void ScriptLoader::tell(QStringList notes) {
     notes.removeAll(QString());
     m_host.showNotice(notes.join(u' '));
+}
+
+QString ScriptLoader::noTextText() const {
+    return m_holdsText ? QString() : QStringLiteral("The file holds no text.");
 }
 
 QString ScriptLoader::missingFontsText() const {

@@ -41,6 +41,8 @@ private:
     Outcome readIntoStaging();
     void moveStagingToEditor(Place place);
     void tellAfterLoad(Place place);
+    void tell(QStringList notes);
+    [[nodiscard]] QString noTextText() const;
     [[nodiscard]] QString missingFontsText() const;
     [[nodiscard]] QString recentListText(Place place);
     [[nodiscard]] QString failureText(const QString& reason) const;
@@ -49,6 +51,8 @@ private:
     Session& m_session;
     EditorHost& m_host;
     RecentFileTable* m_recent;
+    /// Of the file that was read last: whether there is anything to see in it.
+    bool m_holdsText = true;
 };
 
 } // namespace velmora

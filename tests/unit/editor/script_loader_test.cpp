@@ -137,6 +137,24 @@ TEST_F(ScriptLoaderTest, DialogOpensInTheLastFolderAndMayBeCancelled) {
     expectAllPutAway();
 }
 
+TEST_F(ScriptLoaderTest, AFileWithNothingToShowIsNamedAsSuch) {
+    struct Case final {
+        QString name;
+        QByteArray bytes;
+        bool told;
+    };
+    for (const Case& it : {Case{rtf, "", true}, Case{txt, "", true}, Case{txt, " \r\n\t\r\n", true},
+                           Case{rtf, "{\\rtf1\\ansi{\\*\\unknown words}\\par}", true},
+                           Case{rtf, "{\\rtf1\\ansi .}", false}, Case{txt, ".", false}}) {
+        rtb1.setText(QString());
+        loadFile(it.name, it.bytes);
+        EXPECT_TRUE(test.messages.boxes.empty()) << it.bytes.toStdString();
+        ASSERT_FALSE(test.host.notices.isEmpty());
+        EXPECT_EQ(test.host.notices.last().contains(u"The file holds no text."_qs), it.told)
+            << it.bytes.toStdString();
+    }
+}
+
 TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
     struct Case final {
         QString name;
