@@ -32,6 +32,7 @@ RtfReadResult RtfInterpreter::read() {
 bool RtfInterpreter::readHeader() {
     RtfToken token = m_tokenizer.next();
     if (token.kind == RtfTokenKind::HighBytes && token.text == "\xEF\xBB\xBF") {
+        m_utf8Mark = true;
         token = m_tokenizer.next();
     }
     const auto isBlank = [](std::string_view text) {
@@ -83,8 +84,7 @@ void RtfInterpreter::follow(const RtfToken& token) {
         asciiText(rest.text);
         break;
     case RtfTokenKind::HighBytes:
-        std::for_each(rest.text.begin(), rest.text.end(),
-                      [this](char c) { byte(static_cast<unsigned char>(c)); });
+        highBytes(rest.text);
         break;
     case RtfTokenKind::Binary:
     case RtfTokenKind::End:

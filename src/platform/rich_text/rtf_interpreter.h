@@ -115,6 +115,9 @@ private:
     void symbol(unsigned char byte);
     void asciiText(std::string_view text);
     void bodyText(std::string_view text);
+    /// Bytes that stand in the file as they are. Behind a mark of UTF-8 an editor has saved the
+    /// file anew, and these are UTF-8 whatever the fonts say.
+    void highBytes(std::string_view bytes);
     void byte(unsigned char byte);
     void decode(unsigned char byte);
     void put(char16_t unit);
@@ -145,6 +148,7 @@ private:
     /// Closing braces without a group, from here to the end; -1 until it matters.
     int m_strayClosings = -1;
 
+    bool m_utf8Mark = false;
     int m_documentCodePage = CodePages::Windows1252;
     bool m_ansiCodePageGiven = false;
 

@@ -84,6 +84,18 @@ void RtfInterpreter::bodyText(std::string_view text) {
     m_builder.appendAscii(QLatin1StringView(text.data(), static_cast<qsizetype>(text.size())));
 }
 
+void RtfInterpreter::highBytes(std::string_view bytes) {
+    const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    if (m_utf8Mark && view.isValidUtf8()) {
+        for (const QChar unit : QString::fromUtf8(view)) {
+            put(unit.unicode());
+        }
+        return;
+    }
+    std::for_each(bytes.begin(), bytes.end(),
+                  [this](char c) { byte(static_cast<unsigned char>(c)); });
+}
+
 void RtfInterpreter::byte(unsigned char byte) {
     const bool decoded = inBody() || m_group.destination == RtfDestination::FontTable;
     if (byte < 0x80 && !decoded) {

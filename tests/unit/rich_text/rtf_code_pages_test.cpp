@@ -1,4 +1,5 @@
 #include "platform/rich_text/rtf_code_pages.h"
+#include "platform/rich_text/rtf_reader.h"
 #include "platform/rich_text/rtf_symbol_field.h"
 #include "platform/rich_text/rtf_symbol_fonts.h"
 
@@ -9,6 +10,7 @@
 namespace velmora {
 namespace {
 
+using test::describe;
 using test::describeRtf;
 
 TEST(RtfCodePages, ReadTheBytesOfEveryFamily) {
@@ -58,6 +60,24 @@ TEST(RtfCodePages, ReadTheBytesOfEveryFamily) {
     for (const Row& row : rows) {
         EXPECT_EQ(describeRtf(row.rtf).toStdString(), row.text.toStdString())
             << row.rtf.constData();
+    }
+}
+
+TEST(RtfCodePages, RawBytesBehindAMarkOfUtf8AreUtf8) {
+    struct Row final {
+        QByteArray rtf;
+        QString reading;
+    };
+    const Row rows[] = {
+        {"{\\rtf1{\\fonttbl{\\f0\\fcharset204 \xC3\xA9;}{\\f1\\fcharset2 Symbol;}}"
+         "\xC3\xA9 \xF0\x9F\x8E\xA5\\'e9\\b\\f1\xE2\x82\xAC}",
+         u"{'\u00e9':\u00e9 \U0001F3A5\u0439}{b '\u00e9':\u20ac}"_qs},
+        // The mark does not make UTF-8 of what is none.
+        {"{\\rtf1\\ansi caf\xE9}", u"caf\u00e9"_qs},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(describe(readRtf("\xEF\xBB\xBF" + row.rtf).fragment).toStdString(),
+                  row.reading.toStdString());
     }
 }
 

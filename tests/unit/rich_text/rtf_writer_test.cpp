@@ -55,7 +55,8 @@ TEST(RtfWriter, ARunAsLongAsABookIsWrittenWholeAndWithoutRoomToSpare) {
         EXPECT_LT(rtf.capacity(), 3 * length);
         const RtfReadResult read = readRtf(rtf);
         ASSERT_EQ(read.fragment.paragraphs.size(), 1u);
-        EXPECT_TRUE(read.fragment.paragraphs.front().text == paragraph.text) << int{special.unicode()};
+        EXPECT_TRUE(read.fragment.paragraphs.front().text == paragraph.text)
+            << int{special.unicode()};
     }
 }
 
