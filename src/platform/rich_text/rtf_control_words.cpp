@@ -119,6 +119,7 @@ constexpr RtfControlWord Words[] = {
     {"fldinst", IgnorableDestination, &Reader::enter, int(RtfDestination::FieldInstruction)},
     {"fldrslt", Destination, &Reader::enterFieldResult},
     {"nesttableprops", IgnorableDestination, &Reader::enter, int(RtfDestination::Silent)},
+    {"NeXTGraphic", Destination, &Reader::skipAttachment},
     // Destinations that are passed over, where they come without \\*
     {"aftncn", Destination, &Reader::skip},
     {"aftnsep", Destination, &Reader::skip},

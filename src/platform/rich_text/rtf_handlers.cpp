@@ -250,6 +250,11 @@ void RtfInterpreter::skip(const RtfToken&, int) {
     }
 }
 
+void RtfInterpreter::skipAttachment(const RtfToken& token, int) {
+    m_attachmentBefore = m_atGroupStart;
+    skip(token, 0);
+}
+
 void RtfInterpreter::enterUnicodeAlternative(const RtfToken&, int) {
     if (m_group.destination == RtfDestination::Alternative) {
         m_group.destination = m_group.outer;

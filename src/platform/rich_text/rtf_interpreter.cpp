@@ -50,7 +50,7 @@ bool RtfInterpreter::readHeader() {
 
 void RtfInterpreter::follow(const RtfToken& token) {
     RtfToken rest = token;
-    if (m_unitsToSkip > 0 && isReplaced(rest)) {
+    if (isAttachmentSign(token) || (m_unitsToSkip > 0 && isReplaced(rest))) {
         return;
     }
     // An alternative shows by its first words whether it is the one to read.
@@ -92,6 +92,15 @@ void RtfInterpreter::follow(const RtfToken& token) {
     }
     m_ignorable = rest.kind == RtfTokenKind::Symbol && rest.byte == '*';
     m_atGroupStart = rest.kind == RtfTokenKind::GroupStart || (m_atGroupStart && m_ignorable);
+}
+
+bool RtfInterpreter::isAttachmentSign(const RtfToken& token) {
+    constexpr unsigned char Sign = 0xAC;
+    if (!m_attachmentBefore || token.kind == RtfTokenKind::GroupEnd) {
+        return false;
+    }
+    m_attachmentBefore = false;
+    return token.kind == RtfTokenKind::Hex && token.byte == Sign;
 }
 
 bool RtfInterpreter::isReplaced(RtfToken& token) {

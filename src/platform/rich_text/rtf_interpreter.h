@@ -77,6 +77,8 @@ public:
     // Destinations
     void enter(const RtfToken& token, int destination);
     void skip(const RtfToken& token, int);
+    /// A file's name, in a group of its own; the sign behind the group stands for its picture.
+    void skipAttachment(const RtfToken& token, int);
     void enterUnicodeAlternative(const RtfToken& token, int);
     void enterLabel(const RtfToken& token, int);
     void beginField(const RtfToken& token, int);
@@ -94,6 +96,8 @@ private:
 
     [[nodiscard]] bool readHeader();
     void follow(const RtfToken& token);
+    /// Whether the token is the sign of the attachment whose group ended before it.
+    [[nodiscard]] bool isAttachmentSign(const RtfToken& token);
     /// Whether the token stands for a character that a \u before it has replaced.
     [[nodiscard]] bool isReplaced(RtfToken& token);
 
@@ -158,6 +162,7 @@ private:
     bool m_ignorable = false;
     int m_unclosedSkips = 0;
     int m_unitsToSkip = 0;
+    bool m_attachmentBefore = false;
 
     /// What the current font means for the text, kept while the formats stay.
     struct Run final {
