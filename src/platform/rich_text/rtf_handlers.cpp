@@ -1,6 +1,7 @@
 // The handlers of the control words: RtfInterpreter's members that its table names.
 
 #include "platform/rich_text/rtf_interpreter.h"
+#include "platform/rich_text/rtf_omissions.h"
 
 #include <algorithm>
 #include <utility>
@@ -244,15 +245,26 @@ void RtfInterpreter::enter(const RtfToken&, int destination) {
     }
 }
 
-void RtfInterpreter::skip(const RtfToken&, int) {
-    if (m_atGroupStart) {
-        skipGroup();
+void RtfInterpreter::skip(const RtfToken&, int omission) {
+    if (!m_atGroupStart) {
+        return;
     }
+    const bool shown = inBody() && !isHidden();
+    const RtfTokenizer start = m_tokenizer;
+    skipGroup();
+    if (shown) {
+        countOmission(m_omissions, static_cast<RtfOmission>(omission), start.bytesTo(m_tokenizer));
+    }
+}
+
+/// What an object shows in its place stands behind its data.
+void RtfInterpreter::enterObjectResult(const RtfToken&, int) {
+    m_omissions.objects = std::max(m_omissions.objects - 1, 0);
 }
 
 void RtfInterpreter::skipAttachment(const RtfToken& token, int) {
     m_attachmentBefore = m_atGroupStart;
-    skip(token, 0);
+    skip(token, int(RtfOmission::Picture));
 }
 
 void RtfInterpreter::enterUnicodeAlternative(const RtfToken&, int) {

@@ -26,7 +26,7 @@ RtfReadResult RtfInterpreter::read() {
     }
     dropHalfCharacter();
     refreshFormat();
-    return {m_builder.take(m_group.formats.paragraph), Outcome::success()};
+    return {m_builder.take(m_group.formats.paragraph), Outcome::success(), m_omissions};
 }
 
 bool RtfInterpreter::readHeader() {
@@ -260,7 +260,7 @@ void RtfInterpreter::word(const RtfToken& token) {
     if (otherAlternative) {
         skipGroup();
     } else if (unknownIgnorable) {
-        skip(token, 0);
+        skip(token, row && row->handler == &RtfInterpreter::skip ? row->value : 0);
     } else if (row) {
         (this->*row->handler)(token, row->value);
     }

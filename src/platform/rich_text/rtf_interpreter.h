@@ -76,7 +76,8 @@ public:
 
     // Destinations
     void enter(const RtfToken& token, int destination);
-    void skip(const RtfToken& token, int);
+    void skip(const RtfToken& token, int omission);
+    void enterObjectResult(const RtfToken& token, int);
     /// A file's name, in a group of its own; the sign behind the group stands for its picture.
     void skipAttachment(const RtfToken& token, int);
     void enterUnicodeAlternative(const RtfToken& token, int);
@@ -140,6 +141,7 @@ private:
     void refreshFormat();
 
     RtfTokenizer m_tokenizer;
+    RtfOmissions m_omissions;
     RtfFragmentBuilder m_builder;
     CodePages m_codePages;
     RtfFontTable m_fonts;

@@ -63,6 +63,12 @@ public:
     /// which the next token stands is not counted.
     [[nodiscard]] int unmatchedClosings() const;
 
+    /// The bytes from here to where another tokenizer of the same input stands, which is not
+    /// before.
+    [[nodiscard]] QByteArrayView bytesTo(const RtfTokenizer& later) const {
+        return {m_at, later.m_at};
+    }
+
 private:
     RtfToken control();
     RtfToken controlWord();

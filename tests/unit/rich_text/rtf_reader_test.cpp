@@ -167,6 +167,34 @@ TEST(RtfReader, FieldsObjectsAndLabels) {
     });
 }
 
+TEST(RtfReader, WhatIsLeftOutIsCountedWhereItHeldSomething) {
+    struct OmissionRow final {
+        QByteArray rtf;
+        RtfOmissions omitted;
+    };
+    const OmissionRow rows[] = {
+        {"a{\\info{\\title b}}{\\field{\\*\\fldinst PAGE}{\\fldrslt 1}}{\\*\\unheardof b}", {}},
+        {"{\\header\\pard\\par}{\\footnote  }{\\*\\annotation\\pard\\par}", {}},
+        {"{\\headerf a}{\\footer{\\b\\'e9}}{\\footerr{\\pict 01}}", {.headersAndFooters = 3}},
+        {"{\\header{\\*\\unheardof a}{\\xe b}\\par}", {}},
+        {"a{\\super\\chftn{\\footnote\\pard b}}{\\footnote\\u233?}", {.footnotes = 2}},
+        {"{\\*\\atnid a}{\\*\\atnauthor b}\\chatn{\\*\\annotation{\\*\\atndate 1}c}",
+         {.comments = 1}},
+        {"{\\*\\shppict{\\pict 01}}{\\nonshppict{\\pict 01}}{\\pict 02}", {.pictures = 2}},
+        {"{\\shp{\\*\\shpinst{\\sp{\\sn a}{\\sv b}}{\\shptxt\\pard c\\par}}}", {.textBoxes = 1}},
+        {"{\\shp{\\*\\shpinst{\\sp{\\sn pib}{\\sv{\\pict 01}}}}}", {.pictures = 1}},
+        {"{\\shp{\\*\\shpinst{\\sp{\\sn a}{\\sv b}}{\\shptxt\\pard\\par}}}", {}},
+        {"{\\*\\do\\dobxpage{\\dptxbx{\\dptxbxtext a}}}", {.textBoxes = 1}},
+        {"{\\object{\\*\\objdata 01}}{\\object{\\*\\objdata 01}{\\result b}}", {.objects = 1}},
+        {"{\\object{\\*\\objdata 01}{\\result{\\pict 01}}}", {.pictures = 1}},
+        {"{\\v{\\pict 01}}{\\*\\listpicture{\\*\\shppict{\\pict 01}}}", {}},
+    };
+    for (const OmissionRow& row : rows) {
+        EXPECT_TRUE(readRtf("{\\rtf1 " + row.rtf + "}").omitted == row.omitted)
+            << row.rtf.constData();
+    }
+}
+
 TEST(RtfReader, ADamagedFileGivesWhatCanBeRead) {
     expectReadings({
         {"{\\rtf1 a{\\b b", u"a{b:b}"_qs},
