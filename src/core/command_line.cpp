@@ -16,9 +16,11 @@ namespace {
 
 constexpr qsizetype ColumnWidth = 4;
 constexpr qsizetype ColumnStride = 5;
-/// Speeds above this do not move forward in Split Range.
+/// Split Range: speeds above the first do not move forward, those above the second move backward.
 constexpr double SlowestForward = 119;
-constexpr double MaxSpeed = 255;
+constexpr double DeadBandEnd = 136;
+/// Full Range: a show that starts at a speed above this plays another one.
+constexpr double FullRangeEnd = 127;
 
 CommandLine refused(const QString& problem) {
     CommandLine line;
@@ -112,9 +114,9 @@ constexpr std::array RehearsalOptionTable = {
            [](RehearsalArguments& to, const QString& value, const QDir&) {
                return takeWhole(value, 10, 3599, to.seconds);
            }},
-    Option{u"--speed", u"a number from 0 to 255",
+    Option{u"--speed", u"a number from 0 to 136, with --range full from 0 to 127",
            [](RehearsalArguments& to, const QString& value, const QDir&) {
-               return takeNumber(value, 0, MaxSpeed, to.speed);
+               return takeNumber(value, 0, DeadBandEnd, to.speed);
            }},
     Option{u"--for", u"a number of seconds from 0.1 to 86400",
            [](RehearsalArguments& to, const QString& value, const QDir&) {
@@ -173,9 +175,13 @@ QString contradiction(const RehearsalArguments& arguments) {
         return QStringLiteral("--seconds and --speed exclude each other.");
     }
     const bool splitRange = arguments.range.value_or(0) == 0;
-    if (splitRange && arguments.speed.value_or(0) > SlowestForward && !arguments.forSeconds) {
-        return QStringLiteral("At a --speed above 119 the Split Range does not reach the script's "
-                              "end: give --for or --range full as well.");
+    const double speed = arguments.speed.value_or(0);
+    if (!splitRange && speed > FullRangeEnd) {
+        return QStringLiteral("With --range full a show starts at a --speed from 0 to 127.");
+    }
+    if (splitRange && speed > SlowestForward && !arguments.forSeconds) {
+        return QStringLiteral("At a --speed above 119 the Split Range stands still and does not "
+                              "reach the script's end: give --for as well.");
     }
     return QString();
 }
@@ -282,7 +288,8 @@ QString usageText() {
         "--convert loads IN and saves it as OUT: rich text if OUT ends in .rtf, text if in .txt.\n"
         "\n"
         "--rehearse plays the script as a show with nobody at the keys, and leaves at its end:\n"
-        "  --speed S            scroll speed, 0 (fast) to 255; 60 without it\n"
+        "  --speed S            scroll speed, 0 (fast) to 119, standing still to 136; in the full\n"
+        "                       range 0 to 127; 60 without it\n"
         "  --seconds N          a timed show of 10 to 3599 seconds (not available yet)\n"
         "  --for N              leave after N seconds\n"
         "  --range split|full   meaning of the speed: both directions, or forward only\n"

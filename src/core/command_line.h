@@ -18,7 +18,7 @@ struct RehearsalArguments final {
     QString script;
     /// Duration of a timed show, 10 to 3599.
     std::optional<int> seconds;
-    /// ScrollSpeed, 0 to 255.
+    /// ScrollSpeed, 0 to 136; in Full Range 0 to 127.
     std::optional<double> speed;
     /// Leaves after so many seconds, above 0; without a value at the script's end.
     std::optional<double> forSeconds;

@@ -74,6 +74,15 @@ TEST_F(CommandLineTest, UnderstandsTheUnattendedRuns) {
     EXPECT_EQ(other.session.settings.ColumnMargin, 160);
 }
 
+TEST_F(CommandLineTest, TakesEverySpeedThatARehearsalPlaysAsGiven) {
+    for (const char* words :
+         {"--rehearse a.rtf --speed 119", "--rehearse a.rtf --speed 136 --for 5",
+          "--rehearse a.rtf --speed 127 --range full"}) {
+        const CommandLine line = parseWords(words);
+        EXPECT_EQ(line.action, Action::Rehearse) << words << ": " << line.problem.toStdString();
+    }
+}
+
 TEST_F(CommandLineTest, RefusesEverythingElseAndNamesIt) {
     const std::pair<const char*, const char16_t*> cases[] = {
         {"missing.rtf", u"missing.rtf"},
@@ -84,8 +93,10 @@ TEST_F(CommandLineTest, RefusesEverythingElseAndNamesIt) {
         {"--rehearse", u"script"},
         {"--rehearse --turbo", u"script"},
         {"--rehearse a.rtf --speed", u"--speed"},
-        {"--rehearse a.rtf --speed 256", u"0 to 255"},
-        {"--rehearse a.rtf --speed fast", u"0 to 255"},
+        {"--rehearse a.rtf --speed 137 --for 5", u"0 to 136"},
+        {"--rehearse a.rtf --speed fast", u"0 to 136"},
+        {"--rehearse a.rtf --speed 128 --range full --for 5", u"0 to 127"},
+        {"--rehearse a.rtf --range full --speed 200", u"0 to 127"},
         {"--rehearse a.rtf --speed 130", u"--for"},
         {"--rehearse a.rtf --for 0", u"--for"},
         {"--rehearse a.rtf --range half", u"split"},
