@@ -4,8 +4,9 @@
 
 namespace velmora {
 
-/// Marks a load or a save as running for as long as it lives. Both run handlers inside themselves
-/// (dialogs, the pump), and neither may begin inside the other or inside a show.
+/// Marks a load, a save or a paste as running for as long as it lives: all three use the staging
+/// control. The first two run handlers inside themselves (dialogs, the pump), and none may begin
+/// inside another or inside a show.
 class FileGuard final {
 public:
     explicit FileGuard(Session& session)

@@ -56,6 +56,13 @@ void applyPlainTextLook(RichTextFragment& text, const CharacterFormat& look) {
     }
 }
 
+void applyFont(RichTextFragment& text, const CharacterFormat& look) {
+    for (CharacterFormat& format : text.formats) {
+        format.fontName = look.fontName;
+        format.halfPoints = look.halfPoints;
+    }
+}
+
 CharacterFormat plainTextLook(const Session& session, const QString& fontName, double fontSize) {
     CharacterFormat look;
     look.fontName = fontName;

@@ -40,6 +40,9 @@ void clearOffsets(RichTextFragment& text);
 /// The font rule of plain text: one format for everything.
 void applyPlainTextLook(RichTextFragment& text, const CharacterFormat& look);
 
+/// The font rule of text that is pasted or dropped: font and size of the look, the rest stays.
+void applyFont(RichTextFragment& text, const CharacterFormat& look);
+
 /// The colour, font and size that plain text takes when it enters the editor: the setting's colour,
 /// what the two boxes show, no effects. Size in points.
 [[nodiscard]] CharacterFormat plainTextLook(const Session& session, const QString& fontName,

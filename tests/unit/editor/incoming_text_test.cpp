@@ -1,0 +1,136 @@
+#include "editor/incoming_text.h"
+
+#include "editor/script_conventions.h"
+#include "support/test_session.h"
+
+#include <gtest/gtest.h>
+
+#include <QMimeData>
+#include <QUrl>
+
+namespace velmora {
+namespace {
+
+constexpr Rgb24 Red = 0x0000FF;
+constexpr Rgb24 DarkBlue = 0x800000;
+
+/// RTF of these contents, in a font and a size that the editor's boxes do not show. \cf1 is red.
+QByteArray rtfOf(const char* contents) {
+    return QByteArray("{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil DejaVu Serif;}}"
+                      "{\\colortbl;\\red255\\green0\\blue0;\\red255\\green255\\blue255;}"
+                      "\\f0\\fs28 ") +
+           contents + "}";
+}
+
+/// An editor with text in it, into which something comes.
+class IncomingText : public ::testing::Test {
+protected:
+    IncomingText() {
+        applyEditorDefaults(test.session);
+        rtb1().setText(QStringLiteral("abcdef"));
+        rtb1().select(2, 4);
+    }
+    [[nodiscard]] RichTextBox& rtb1() { return test.session.script.rtb1; }
+    void enter(const QByteArray& rtf, const QString& plain = QString()) {
+        QMimeData data;
+        if (!rtf.isEmpty()) {
+            data.setData(QStringLiteral("text/rtf"), rtf);
+        }
+        if (!plain.isEmpty()) {
+            data.setText(plain);
+        }
+        insertIncomingText(test.session, test.host, data);
+    }
+    /// Selects one character of the script.
+    RichTextBox& at(int position) {
+        rtb1().select(position, position + 1);
+        return rtb1();
+    }
+
+    TestSession test;
+};
+
+TEST_F(IncomingText, TakesTheSelectionsPlaceAndLeavesTheCaretBehindIt) {
+    enter(rtfOf("x\\tab y\\par z"));
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("abx y\r\nzef"));
+    EXPECT_EQ(rtb1().SelStart(), 8);
+    EXPECT_EQ(rtb1().SelLength(), 0);
+    EXPECT_EQ(test.host.focusGiven, 1);
+    EXPECT_TRUE(test.session.script.rtb2.isEmpty());
+}
+
+TEST_F(IncomingText, StaysReadableOnBlackAndOnWhiteAndKeepsOtherColours) {
+    struct Row final {
+        const char* what;
+        Rgb24 background;
+        const char* contents;
+        Rgb24 color;
+    };
+    const Row rows[] = {
+        {"black on black", Black, "x", White},
+        {"white on black", Black, "\\cf2 x", White},
+        {"red on black", Black, "\\cf1 x", Red},
+        {"white on white", White, "\\cf2 x", Black},
+        {"black on white", White, "x", Black},
+        {"black on another", DarkBlue, "x", Black},
+        {"white on another", DarkBlue, "\\cf2 x", White},
+    };
+    for (const Row& row : rows) {
+        rtb1().setBackColor(row.background);
+        rtb1().select(0, 1);
+        enter(rtfOf(row.contents));
+        EXPECT_EQ(at(0).SelColor(), row.color) << row.what;
+    }
+}
+
+TEST_F(IncomingText, RichTextKeepsItsEffectsAndTakesTheFontShown) {
+    test.host.fontSize = 31.5;
+    enter(rtfOf("\\pard\\qc\\li720\\fi-360\\b\\i x\\par\\ul y\\par"));
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("abx\r\ny\r\nef"));
+    EXPECT_EQ(at(2).SelBold(), true);
+    EXPECT_EQ(at(2).SelItalic(), true);
+    EXPECT_EQ(at(5).SelUnderline(), true);
+    EXPECT_EQ(at(5).SelAlignment(), Alignment::Centre);
+    rtb1().select(2, 6);
+    EXPECT_EQ(rtb1().SelFontName(), test.host.fontName);
+    EXPECT_EQ(rtb1().SelFontSize(), 31.5);
+    rtb1().selectAll();
+    EXPECT_FALSE(rtb1().SelHasOffset());
+}
+
+TEST_F(IncomingText, PlainTextTakesThePrompterLookWhateverStandsAround) {
+    rtb1().selectAll();
+    rtb1().setSelBold(true);
+    rtb1().setSelColor(Red);
+    rtb1().setSelFontName(QStringLiteral("DejaVu Serif"));
+    test.session.settings.ScreenTextColor = 0x00FFFF;
+    rtb1().select(2, 4);
+    enter({}, QStringLiteral("x\ty"));
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("abx yef"));
+    rtb1().select(2, 5);
+    EXPECT_EQ(rtb1().SelColor(), Rgb24{0x00FFFF});
+    EXPECT_EQ(rtb1().SelBold(), false);
+    EXPECT_EQ(rtb1().SelFontName(), test.host.fontName);
+    EXPECT_EQ(rtb1().SelFontSize(), test.host.fontSize);
+    EXPECT_EQ(at(5).SelBold(), true);
+}
+
+TEST_F(IncomingText, NothingEntersWhereThereIsNoTextOrSomethingElseRuns) {
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile(test.write(QStringLiteral("a.txt"), "a"))});
+    insertIncomingText(test.session, test.host, file);
+    insertIncomingText(test.session, test.host, QMimeData());
+    test.session.show.ShowRunning = 1;
+    enter(rtfOf("x"), QStringLiteral("x"));
+    test.session.show.ShowRunning = 0;
+    // A load keeps its text in the staging control meanwhile.
+    test.session.script.fileInProgress = true;
+    test.session.script.rtb2.setText(QStringLiteral("being loaded"));
+    enter(rtfOf("x"), QStringLiteral("x"));
+    EXPECT_EQ(test.session.script.rtb2.Text(), QStringLiteral("being loaded"));
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("abcdef"));
+    EXPECT_EQ(rtb1().SelLength(), 2);
+}
+
+} // namespace
+} // namespace velmora
