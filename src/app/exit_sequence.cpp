@@ -2,6 +2,7 @@
 
 #include "core/editor_host.h"
 #include "core/session.h"
+#include "core/settings_file.h"
 #include "platform/desktop/message_boxes.h"
 
 #include <utility>
@@ -22,7 +23,7 @@ bool ExitSequence::run() {
         m_host.focusEditor();
         return false;
     }
-    m_steps.writeSettings();
+    writeSettings();
     saveIfAsked();
     if (m_session.script.SaveFailed == 1) {
         m_host.focusEditor();
@@ -37,6 +38,21 @@ void ExitSequence::askWhatBecomesOfTheText() {
     if (script.TextChanged == 1 && !script.rtb1.isEmpty()) {
         m_steps.askToSave();
     }
+}
+
+void ExitSequence::writeSettings() {
+    const Outcome written = m_steps.writeSettings();
+    if (written) {
+        return;
+    }
+    m_session.platform.messages.show(
+        MessageIcon::Warning, QStringLiteral("Could Not Save Settings"),
+        QStringLiteral(
+            "I could not save %1.\r\n\r\n%2\r\n\r\nThe next start will have the settings "
+            "of before. To keep new ones, please verify that you may write to this file "
+            "and its folder and that the disk is not full.")
+            .arg(m_session.AppFolder + SettingsFile::fileName(), written.reason()),
+        MessageButtons::Ok);
 }
 
 void ExitSequence::saveIfAsked() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/outcome.h"
+
 #include <functional>
 
 namespace velmora {
@@ -10,13 +12,14 @@ class Session;
 /// The unload step of Form1: the question, the settings, the save, in this order. Owned by Form1.
 ///
 /// The settings are written before the script, so that a Yes whose save is then cancelled leaves
-/// them on disk although the program goes on. A Cancel writes nothing.
+/// them on disk although the program goes on. A Cancel writes nothing. Settings that cannot be
+/// written are told to the user and hold nothing up.
 class ExitSequence final {
 public:
     struct Steps final {
         /// Opens the question; the answer is left in ExitAnswer.
         std::function<void()> askToSave;
-        std::function<void()> writeSettings;
+        std::function<Outcome()> writeSettings;
         /// The Save command; clears SaveFailed when the script was written.
         std::function<void()> saveScript;
     };
@@ -28,6 +31,7 @@ public:
 
 private:
     void askWhatBecomesOfTheText();
+    void writeSettings();
     void saveIfAsked();
 
     Session& m_session;

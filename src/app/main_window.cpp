@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include "app/dropped_file.h"
 #include "app/exit_question.h"
 #include "app/font_name_combo.h"
 #include "app/window_placement.h"
@@ -9,6 +10,7 @@
 #include "core/screen_scale.h"
 #include "core/session.h"
 #include "core/two_display_check.h"
+#include "editor/incoming_text.h"
 #include "editor/script_conventions.h"
 #include "platform/desktop/message_boxes.h"
 #include "platform/desktop/monitors.h"
@@ -23,25 +25,10 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QSlider>
-#include <QUrl>
 
 #include <array>
 
 namespace velmora {
-
-namespace {
-
-QString firstLocalFile(const QMimeData& data) {
-    const auto urls = data.urls();
-    for (const QUrl& url : urls) {
-        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile()) {
-            return url.toLocalFile();
-        }
-    }
-    return {};
-}
-
-} // namespace
 
 /// A key of rtb1 and its command; no command: the key is swallowed.
 struct Form1::Key final {
@@ -71,6 +58,7 @@ void Form1::connectControls() {
     connect(m_controls.Combo2, &QComboBox::activated, this, &Form1::Combo2_Click);
     connect(m_controls.Hscroll1, &QSlider::valueChanged, this, &Form1::Hscroll1_Change);
     connect(&m_session.script.rtb1, &RichTextBox::Change, this, &Form1::rtb1_Change);
+    m_controls.rtb1->setIncomingHandler([this](const QMimeData& mime) { enterText(mime); });
     m_controls.rtb1->installEventFilter(this);
     m_controls.rtb1->viewport()->installEventFilter(this);
 }
@@ -78,6 +66,11 @@ void Form1::connectControls() {
 // --- load step -----------------------------------------------------------------------------------
 
 void Form1::Form_Load() {
+    // It pumps: a key pressed before the editor is ready must not start a command inside it.
+    command([this] { runLoadStep(); });
+}
+
+void Form1::runLoadStep() {
     m_session.show.ShowRunning = 0;
     m_session.script.TextChanged = 0;
     measureScreen(m_session.platform.monitors, m_session.screen);
@@ -160,10 +153,8 @@ ExitSequence::Steps Form1::exitSteps() {
     ExitSequence::Steps steps;
     steps.askToSave = [this] { Form17(m_session, this).ask(); };
     steps.writeSettings = [this] {
-        if (m_session.keepsFiles && m_settingsFile) {
-            // Leaving is not refused for the settings' sake.
-            static_cast<void>(m_settingsFile->save(m_session.settings));
-        }
+        return m_session.keepsFiles && m_settingsFile ? m_settingsFile->save(m_session.settings)
+                                                      : Outcome::success();
     };
     steps.saveScript = [this] { m_saver.SaveText(); };
     return steps;
@@ -274,6 +265,10 @@ void Form1::Hscroll1_Change() {
     focusEditor();
 }
 
+void Form1::enterText(const QMimeData& mime) {
+    command([&] { insertIncomingText(m_session, *this, mime); });
+}
+
 void Form1::Combo1_Click() {
     m_session.script.rtb1.setSelFontName(m_controls.Combo1->currentText());
     focusEditor();
@@ -304,6 +299,7 @@ void Form1::scrollLineToTop(int line) {
 }
 
 void Form1::setEditorActive(bool active) {
+    m_controls.rtb1->setReadOnly(!active);
     m_session.script.rtb1.setRedraw(active);
     setEnabled(active);
 }

@@ -81,11 +81,14 @@ private:
     void rtb1_Change();
     /// True: the control does not see the key.
     bool rtb1_KeyDown(const QKeyEvent& event);
+    /// What is pasted or dropped.
+    void enterText(const QMimeData& mime);
     void startFromBeginning();
     void startFromCursor();
 
     // --- load and unload
     void connectControls();
+    void runLoadStep();
     void placeOnDisplay1();
     void readSettings();
     void checkTwoDisplays();

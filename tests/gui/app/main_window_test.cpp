@@ -7,8 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -90,6 +92,27 @@ TEST_F(Form1Test, TheHelpOnMonitorsOpensUnlessItIsIgnoredAndThenTheDisplaysAreCh
     ASSERT_EQ(test.messages.boxes.size(), 1U);
     EXPECT_EQ(test.messages.boxes.front().title, QStringLiteral("Display 2 Not Available"));
     EXPECT_EQ(control<QSlider>(u"Hscroll1")->minimum(), 12);
+}
+
+TEST_F(Form1Test, AKeyPressedInsideTheLoadStepStartsNothingAndLaterCommandsDo) {
+    settings.MirrorMode = NoDisplayWindow;
+    int pressed = 0;
+    test.pump.next([&] {
+        ++pressed;
+        test.session.show.StartFromCursor = 9;
+        rtb1().setText(QStringLiteral("typed early"));
+        press(Qt::Key_L, Qt::ControlModifier);
+        press(Qt::Key_F1);
+        // Without text, so that the exit would have nothing to ask.
+        rtb1().setText(QString());
+        EXPECT_FALSE(form->close());
+    });
+    load();
+    EXPECT_EQ(pressed, 1);
+    EXPECT_TRUE(test.dialogs.openRequests.empty());
+    EXPECT_EQ(test.session.show.StartFromCursor, 9) << "no show was handed over";
+    form->openScript(test.write(QStringLiteral("named.txt"), "named at the start"));
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("named at the start"));
 }
 
 TEST_F(Form1Test, ANarrowerSecondDisplayRaisesTheSlidersMinimum) {
@@ -261,6 +284,34 @@ TEST_F(Form1Test, AScriptFileDroppedOnTheTextIsLoaded) {
     QCoreApplication::processEvents();
     EXPECT_EQ(rtb1().Text(), QStringLiteral("dropped file"));
     EXPECT_TRUE(form->windowTitle().contains(QStringLiteral("news.txt")));
+}
+
+TEST_F(Form1Test, PastedTextIsTamedAndUnderAShowNothingIsPasted) {
+    load();
+    auto* rich = new QMimeData;
+    rich->setData(QStringLiteral("text/rtf"), "{\\rtf1\\ansi\\fs28\\b black\\tab bold}");
+    QGuiApplication::clipboard()->setMimeData(rich);
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("black bold"));
+    EXPECT_EQ(rtb1().SelStart(), 10);
+    rtb1().selectAll();
+    EXPECT_EQ(rtb1().SelColor(), White);
+    EXPECT_EQ(rtb1().SelBold(), true);
+    EXPECT_EQ(rtb1().SelFontSize(), settings.ScreenFontSize);
+    EXPECT_EQ(test.session.script.TextChanged, 1);
+
+    auto* view = control<RichTextView>(u"rtb1");
+    form->setEditorActive(false);
+    EXPECT_TRUE(view->isReadOnly());
+    view->paste();
+    form->setEditorActive(true);
+    test.session.show.ShowRunning = 1;
+    view->paste();
+    test.session.show.ShowRunning = 0;
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("black bold"));
+    view->paste();
+    EXPECT_EQ(rtb1().Text(), QStringLiteral("black bold")) << "in the place of the same text";
+    EXPECT_EQ(rtb1().SelLength(), 0);
 }
 
 } // namespace

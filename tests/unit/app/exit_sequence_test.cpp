@@ -47,7 +47,10 @@ TEST(ExitSequence, AsksThenWritesTheSettingsThenSaves) {
                                EXPECT_EQ(script.ExitAnswer, 0);
                                script.ExitAnswer = row.answer;
                            },
-                           [&] { steps += QStringLiteral("settings"); },
+                           [&] {
+                               steps += QStringLiteral("settings");
+                               return Outcome::success();
+                           },
                            [&] {
                                steps += QStringLiteral("save");
                                EXPECT_EQ(script.ExitSaveInProgress, 1);
@@ -59,6 +62,20 @@ TEST(ExitSequence, AsksThenWritesTheSettingsThenSaves) {
         EXPECT_EQ(script.ExitSaveInProgress, 0);
         EXPECT_EQ(test.host.focusGiven, row.leaves ? 0 : 1);
     }
+}
+
+TEST(ExitSequence, TellsThatTheSettingsCouldNotBeWrittenAndLeavesAllTheSame) {
+    TestSession test;
+    ExitSequence exit(
+        test.session, test.host,
+        {[] {}, [] { return Outcome::failure(QStringLiteral("No space left.")); }, [] {}});
+    EXPECT_TRUE(exit.run());
+    ASSERT_EQ(test.messages.boxes.size(), 1U);
+    const FakeMessageBoxes::Box& box = test.messages.boxes.front();
+    EXPECT_EQ(box.title, QStringLiteral("Could Not Save Settings"));
+    EXPECT_EQ(box.buttons, MessageButtons::Ok);
+    EXPECT_TRUE(box.text.contains(test.path(QStringLiteral("velmora.ini"))));
+    EXPECT_TRUE(box.text.contains(QStringLiteral("No space left.")));
 }
 
 } // namespace
