@@ -127,7 +127,8 @@ void RtfInterpreter::setShading(const RtfToken& token, int) {
 }
 
 void RtfInterpreter::resetParagraph(const RtfToken&, int) {
-    leaveUnclosedTable(false);
+    // A style may have a \pard; the style sheet itself, behind its styles, has none.
+    leaveUnclosedTable(m_group.ownsDestination && !m_styles.isEmpty());
     m_group.formats.paragraph = {};
 }
 

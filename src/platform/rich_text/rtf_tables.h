@@ -96,6 +96,7 @@ public:
     /// A style that is based on this number is based on none.
     static constexpr int BasedOnNothing = 222;
 
+    [[nodiscard]] bool isEmpty() const { return m_styles.isEmpty(); }
     void insert(Kind kind, int number, const Style& style);
     /// Works out what each style gives in the end; afterwards resolved() answers and no style is
     /// added, so that a file with many style sheets cannot make this costly.

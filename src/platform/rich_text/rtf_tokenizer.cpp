@@ -175,23 +175,29 @@ int RtfTokenizer::skipGroup() {
 
 bool RtfTokenizer::skipToParagraph(int groups) {
     RtfTokenizer ahead = *this;
+    const char* groupStart = nullptr; // while nothing has come since
     int depth = 0;
     while (ahead.m_at < ahead.m_end && depth >= 0) {
         const char* const before = ahead.m_at;
         const char byte = *ahead.m_at++;
+        if (byte == '{') {
+            groupStart = before;
+            ++depth;
+            continue;
+        }
         if (byte == '\\') {
             const RtfToken token = ahead.control();
             const bool paragraph =
                 token.kind == RtfTokenKind::Word && (token.text == "par" || token.text == "pard");
-            if (paragraph && depth < groups) {
-                m_at = before;
+            // The group of a paragraph is one deeper than the paragraph.
+            if (paragraph && depth < groups + (groupStart ? 1 : 0)) {
+                m_at = groupStart ? groupStart : before;
                 return true;
             }
-        } else if (byte == '{') {
-            ++depth;
         } else if (byte == '}') {
             --depth;
         }
+        groupStart = classOf(byte) == Dropped ? groupStart : nullptr;
     }
     return false;
 }

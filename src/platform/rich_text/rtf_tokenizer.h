@@ -52,7 +52,8 @@ public:
     int skipGroup();
 
     /// Moves in front of the first \par or \pard that stands in less than so many groups within the
-    /// one of the next token, and says whether there is one. Does not move where there is none.
+    /// one of the next token, or in front of the group that begins with it, and says whether there
+    /// is one. Does not move where there is none.
     [[nodiscard]] bool skipToParagraph(int groups);
 
     /// How many closing braces there are from here to the end of the input; -1 where anything but
