@@ -4,9 +4,11 @@ and back, and what both say and leave behind when they fail. Needs no X server."
 
 import json
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -24,20 +26,32 @@ class Unattended(unittest.TestCase):
     def setUp(self):
         self._folder = tempfile.TemporaryDirectory()
         self.folder = Path(self._folder.name)
-        self.home = self.folder / "home"
-        self.home.mkdir()
+        self.home, self.runtime, own = (
+            self.folder / name for name in ("home", "runtime", "program"))
+        for folder in (self.home, self.runtime, own):
+            folder.mkdir(mode=0o700)
+        # The program keeps its files beside itself: a copy has a folder that was empty before.
+        self.program = own / "velmora"
+        shutil.copy2(PROGRAM, self.program)
+        self.environment = dict(
+            os.environ, HOME=str(self.home), QT_QPA_PLATFORM="offscreen",
+            XDG_CONFIG_HOME=str(self.home), XDG_CACHE_HOME=str(self.home / "cache"),
+            XDG_RUNTIME_DIR=str(self.runtime))
 
     def tearDown(self):
-        left = [path for path in self.home.rglob("*")
-                if path.name in ("velmora.ini", "files.ini") or "lock" in path.name]
-        self.assertEqual(left, [], "an unattended run keeps no files and takes no lock")
+        kept = self.kept_files()
         self._folder.cleanup()
+        self.assertEqual(kept, [], "an unattended run keeps no files and takes no lock")
+
+    def kept_files(self):
+        """What lies in the places where an editor keeps its settings, its list and its lock."""
+        return [str(path.relative_to(self.folder))
+                for place in (self.program.parent, self.home, self.runtime)
+                for path in place.rglob("*") if path.suffix == ".ini" or "lock" in path.name]
 
     def run_program(self, *arguments):
-        environment = dict(os.environ, HOME=str(self.home), QT_QPA_PLATFORM="offscreen",
-                           XDG_CONFIG_HOME=str(self.home), XDG_RUNTIME_DIR=str(self.folder))
-        return subprocess.run([PROGRAM, *map(str, arguments)], env=environment, timeout=120,
-                              capture_output=True, text=True, check=False)
+        return subprocess.run([self.program, *map(str, arguments)], env=self.environment,
+                              timeout=120, capture_output=True, text=True, check=False)
 
     def rehearse(self, *arguments):
         report = self.folder / "report.json"
@@ -76,6 +90,34 @@ class Unattended(unittest.TestCase):
         script = self.folder / "word.txt"
         script.write_text("Hello.", encoding="utf-8")
         self.assertEqual(self.rehearse(script, "--screen", "1280x720")["steps"], 0)
+
+    def test_an_open_editor_of_the_same_user_is_no_hindrance(self):
+        lock = self.runtime / "velmora.lock"
+        editor = subprocess.Popen([self.program], env=self.environment, stderr=subprocess.DEVNULL)
+        try:
+            deadline = time.monotonic() + 20
+            while not lock.exists():
+                self.assertIsNone(editor.poll(), "the editor has ended")
+                self.assertLess(time.monotonic(), deadline, "the editor took no lock")
+                time.sleep(0.02)
+            held = lock.read_bytes()
+            # The lock is in force: a second editor ends at once, without a word.
+            self.assertEqual(self.run_program().returncode, 0)
+
+            script = self.folder / "word.txt"
+            script.write_text("Hello.", encoding="utf-8")
+            copy = self.folder / "copy.rtf"
+            done = self.run_program("--convert", script, copy)
+            self.assertEqual(done.returncode, 0, done.stderr)
+            self.assertIn(b"Hello.", copy.read_bytes())
+            self.assertEqual(self.rehearse(script, "--screen", "1280x720")["steps"], 0)
+            self.assertIsNone(editor.poll(), "the editor has ended")
+            self.assertEqual(lock.read_bytes(), held)
+        finally:
+            editor.terminate()
+            editor.wait(10)
+        # Ended by a signal, it leaves its lock behind, which is no doing of the other runs.
+        lock.unlink(missing_ok=True)
 
     def test_conversion_keeps_every_word(self):
         text, rtf, again = (self.folder / name for name in ("a.txt", "b.rtf", "c.txt"))
