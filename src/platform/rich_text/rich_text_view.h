@@ -50,7 +50,8 @@ public:
     using IncomingHandler = std::function<void(const QMimeData&)>;
     void setIncomingHandler(IncomingHandler handler);
 
-    /// Viewport rectangle of the caret at a position of the QTextDocument.
+    /// Viewport rectangle of the caret at a position of the QTextDocument; a position outside of
+    /// the text counts as its nearest end.
     [[nodiscard]] QRect caretRectAt(int documentPosition) const;
     /// Position of the QTextDocument that is nearest to a point of the viewport.
     [[nodiscard]] int documentPositionAt(QPointF point) const;

@@ -133,7 +133,7 @@ public:
     QString attributes(int offset, int* start, int* end) const override {
         const QTextBlock block = blockOf(offset);
         *start = block.position();
-        *end = block.position() + block.length();
+        *end = std::min(block.position() + block.length(), characterCount());
         for (auto run = block.begin(); !run.atEnd(); ++run) {
             if (run.fragment().contains(offset)) {
                 *start = run.fragment().position();
@@ -146,8 +146,9 @@ public:
 
     // --- places on the screen
     QRect characterRect(int offset) const override {
-        const QRect here = m_view.caretRectAt(offset);
-        const QRect next = m_view.caretRectAt(std::min(offset + 1, characterCount()));
+        const int first = std::clamp(offset, 0, characterCount());
+        const QRect here = m_view.caretRectAt(first);
+        const QRect next = m_view.caretRectAt(std::min(first + 1, characterCount()));
         const int width = next.top() == here.top() ? std::abs(next.left() - here.left()) : 0;
         const QRect rect(std::min(here.left(), width > 0 ? next.left() : here.left()), here.top(),
                          std::max(width, here.width()), here.height());
@@ -194,7 +195,8 @@ private:
 
     /// The word, sentence, line ... around an offset. Looks at its paragraph only: a script is
     /// long.
-    [[nodiscard]] Span spanAt(int offset, QAccessible::TextBoundaryType type) const {
+    [[nodiscard]] Span spanAt(int anyOffset, QAccessible::TextBoundaryType type) const {
+        const int offset = std::clamp(anyOffset, 0, characterCount());
         const QTextBlock block = blockOf(offset);
         const int blockEnd = std::min(block.position() + block.length(), characterCount());
         switch (type) {

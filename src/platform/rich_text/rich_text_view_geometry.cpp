@@ -26,6 +26,10 @@ int limitedToInt(double pixels) {
 
 } // namespace
 
+int ViewGeometry::limited(int position) const {
+    return std::clamp(position, 0, m_box.document().characterCount() - 1);
+}
+
 double ViewGeometry::scale() const {
     return m_box.zoom() / DocumentLayout::UnitsPerPixel;
 }
@@ -64,9 +68,10 @@ LinePlace ViewGeometry::lineAt(double viewportY) const {
 
 LinePlace ViewGeometry::lineOfPosition(int position, int preeditOffset) const {
     m_box.layout().ensureLaidOut();
-    const QTextBlock block = m_box.document().findBlock(position);
+    const int existing = limited(position);
+    const QTextBlock block = m_box.document().findBlock(existing);
     const QTextLine line =
-        block.layout()->lineForTextPosition(toLayout(block, position) + preeditOffset);
+        block.layout()->lineForTextPosition(toLayout(block, existing) + preeditOffset);
     return m_box.layout().lineOfBlock(block, line.isValid() ? line.lineNumber() : 0);
 }
 
@@ -111,7 +116,7 @@ int ViewGeometry::positionAt(QPointF point) const {
 
 double ViewGeometry::caretX(int position) const {
     const LinePlace line = lineOfPosition(position);
-    return line.line.cursorToX(toLayout(line.block, position));
+    return line.line.cursorToX(toLayout(line.block, limited(position)));
 }
 
 QRect ViewGeometry::caretRect(int position, int preeditOffset) const {
@@ -121,7 +126,7 @@ QRect ViewGeometry::caretRect(int position, int preeditOffset) const {
     }
     // Blanks at the end of a line may stand beyond the column; the caret stays to be seen.
     const int right = std::max(0, m_viewport.width() - caretWidth());
-    const int inLayout = toLayout(line.block, position) + preeditOffset;
+    const int inLayout = toLayout(line.block, limited(position)) + preeditOffset;
     const double x = columnLeft() + line.line.cursorToX(inLayout) * scale();
     const int top = documentTop(line.top) - m_scrollOffset;
     const int end = documentTop(line.top + line.height) - m_scrollOffset;

@@ -15,7 +15,8 @@ class RichTextBox;
 ///
 /// Three kinds of coordinates meet here: the layout's reference units (576 to the inch), document
 /// pixels (at the box's zoom, from the top of the text) and viewport pixels (document pixels less
-/// the scroll offset). Positions are those of the QTextDocument. Nothing here changes the layout.
+/// the scroll offset). Positions are those of the QTextDocument; one outside of the text counts as
+/// its nearest end. Nothing here changes the layout.
 class ViewGeometry final {
 public:
     explicit ViewGeometry(RichTextBox& box) : m_box(box) {}
@@ -69,6 +70,7 @@ public:
 
 private:
     [[nodiscard]] int documentTop(double units) const;
+    [[nodiscard]] int limited(int position) const;
 
     RichTextBox& m_box;
     QSize m_viewport;

@@ -4,6 +4,8 @@
 
 #include <QAccessible>
 
+#include <climits>
+
 namespace velmora {
 
 namespace {
@@ -121,6 +123,43 @@ TEST_F(ViewAccessibility, TellsPlacesAndFormats) {
     EXPECT_TRUE(attributes.contains(QStringLiteral("font-weight:bold")))
         << attributes.toStdString();
     EXPECT_TRUE(attributes.contains(QStringLiteral("color:rgb(255,255,255)")));
+}
+
+TEST_F(ViewAccessibility, OffsetsOutsideOfTheTextMeanItsEnds) {
+    for (const QString& content : {QString(), QStringLiteral("One two"), QStringLiteral("One\n")}) {
+        setText(content);
+        const int count = text().characterCount();
+        const struct {
+            int offset;
+            int nearest;
+        } rows[] = {{-1000, 0}, {-1, 0}, {count, count}, {count + 1, count}, {INT_MAX, count}};
+        for (const auto& row : rows) {
+            const auto where = [&] { return ::testing::Message() << count << ": " << row.offset; };
+            EXPECT_EQ(view.caretRectAt(row.offset), view.caretRectAt(row.nearest)) << where();
+            EXPECT_EQ(text().characterRect(row.offset), text().characterRect(row.nearest))
+                << where();
+            EXPECT_FALSE(text().characterRect(row.offset).isEmpty()) << where();
+            int start = -1;
+            int end = -1;
+            EXPECT_FALSE(text().attributes(row.offset, &start, &end).isEmpty()) << where();
+            EXPECT_TRUE(0 <= start && start <= end && end <= count) << where();
+            for (const auto type : {QAccessible::CharBoundary, QAccessible::WordBoundary,
+                                    QAccessible::SentenceBoundary, QAccessible::LineBoundary,
+                                    QAccessible::ParagraphBoundary, QAccessible::NoBoundary}) {
+                const QString nearest = text().textAtOffset(row.nearest, type, &start, &end);
+                EXPECT_EQ(text().textAtOffset(row.offset, type, &start, &end), nearest)
+                    << where() << ", unit " << type;
+                EXPECT_TRUE(0 <= start && start <= end && end <= count) << where();
+                text().textBeforeOffset(row.offset, type, &start, &end);
+                EXPECT_TRUE(0 <= start && start <= end && end <= count) << where();
+                text().textAfterOffset(row.offset, type, &start, &end);
+                EXPECT_TRUE(0 <= start && start <= end && end <= count) << where();
+            }
+            text().setCursorPosition(row.offset);
+            EXPECT_EQ(text().cursorPosition(), row.nearest) << where();
+            text().scrollToSubstring(row.offset, row.offset);
+        }
+    }
 }
 
 TEST_F(ViewAccessibility, EditsUnlessReadOnly) {
