@@ -7,6 +7,12 @@ namespace velmora {
 namespace {
 
 constexpr char16_t LineTabulation = u'\v';
+constexpr char16_t FormFeed = u'\f';
+constexpr char16_t FileSeparator = 0x1C;
+constexpr char16_t RecordSeparator = 0x1E;
+constexpr char16_t Delete = 0x7F;
+constexpr char16_t NextLine = 0x85;
+constexpr char16_t LastControl = 0x9F;
 constexpr char16_t LineSeparator = u'\u2028';
 constexpr char16_t ParagraphSeparator = u'\u2029';
 // Noncharacters with which a text document frames its own structure.
@@ -14,7 +20,30 @@ constexpr char16_t FrameBegin = u'\uFDD0';
 constexpr char16_t FrameEnd = u'\uFDD1';
 
 bool endsParagraph(QChar character) {
-    return character == u'\r' || character == u'\n' || character == ParagraphSeparator;
+    const char16_t unit = character.unicode();
+    return unit == u'\r' || unit == u'\n' || unit == FormFeed || unit == NextLine ||
+           unit == ParagraphSeparator || (unit >= FileSeparator && unit <= RecordSeparator);
+}
+
+/// Nothing that a reader sees, nor a line end; but a word may end there.
+bool isControl(QChar character) {
+    const char16_t unit = character.unicode();
+    return (unit < u' ' && unit != u'\t' && unit != LineTabulation) ||
+           (unit >= Delete && unit <= LastControl);
+}
+
+/// Steps over one line end, for which CR LF counts.
+qsizetype behindLineEnd(QStringView text, qsizetype at) {
+    const bool isPair = text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
+    return at + (isPair ? 2 : 1);
+}
+
+QString withoutControls(QStringView line) {
+    QString text = line.toString();
+    if (std::any_of(line.begin(), line.end(), isControl)) {
+        std::replace_if(text.begin(), text.end(), isControl, QChar(u' '));
+    }
+    return text;
 }
 
 bool isForeign(QChar character) {
@@ -63,7 +92,7 @@ RichTextFragment fragmentOfText(QStringView text, const CharacterFormat& format,
     result.formats.push_back(format);
     const auto addParagraph = [&](QStringView line) {
         Paragraph paragraph;
-        paragraph.text = paragraphText(line.toString());
+        paragraph.text = paragraphText(withoutControls(line));
         if (!line.isEmpty()) {
             paragraph.runs.push_back({static_cast<int>(line.size()), 0});
         }
@@ -71,18 +100,26 @@ RichTextFragment fragmentOfText(QStringView text, const CharacterFormat& format,
         result.paragraphs.push_back(std::move(paragraph));
     };
     qsizetype start = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
+    for (qsizetype i = 0; i < text.size();) {
         if (!endsParagraph(text[i])) {
+            ++i;
             continue;
         }
         addParagraph(text.sliced(start, i - start));
-        if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
-            ++i;
-        }
-        start = i + 1;
+        i = start = behindLineEnd(text, i);
     }
     addParagraph(text.sliced(start));
     return result;
+}
+
+qsizetype paragraphCount(QStringView text) {
+    qsizetype count = 1;
+    for (qsizetype i = 0; i < text.size();) {
+        const bool isEnd = endsParagraph(text[i]);
+        count += isEnd ? 1 : 0;
+        i = isEnd ? behindLineEnd(text, i) : i + 1;
+    }
+    return count;
 }
 
 QString textOfFragment(const RichTextFragment& fragment) {
@@ -91,7 +128,7 @@ QString textOfFragment(const RichTextFragment& fragment) {
         if (&paragraph != &fragment.paragraphs.front()) {
             result += u"\r\n";
         }
-        result += paragraph.text;
+        result += paragraphText(paragraph.text);
     }
     return result.replace(QChar(LineSeparator), QChar(LineTabulation));
 }

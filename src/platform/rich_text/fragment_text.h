@@ -7,10 +7,15 @@
 
 namespace velmora {
 
-/// Plain text in one format. CR LF, CR, LF and U+2029 end a paragraph; U+000B and U+2028 end a line
-/// inside of one. Text without a line end makes one paragraph, empty text too.
+/// Plain text in one format. CR LF, CR, LF, U+000C, U+001C to U+001E, U+0085 and U+2029 end a
+/// paragraph; U+000B and U+2028 end a line inside of one. Other control characters but the tab
+/// become blanks, so that the words beside them stay apart wherever the text goes. Text without a
+/// line end makes one paragraph, empty text too.
 [[nodiscard]] RichTextFragment fragmentOfText(QStringView text, const CharacterFormat& format,
                                               const ParagraphFormat& paragraphFormat = {});
+
+/// How many paragraphs fragmentOfText makes of a text.
+[[nodiscard]] qsizetype paragraphCount(QStringView text);
 
 /// The plain text, paragraphs joined by CR LF, U+2028 as U+000B.
 [[nodiscard]] QString textOfFragment(const RichTextFragment& fragment);

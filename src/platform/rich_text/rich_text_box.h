@@ -44,7 +44,8 @@ public:
     // --- contents ----------------------------------------------------------------------------
     /// The plain text, lines ended by CR LF, \line as U+000B. Kept until the text changes.
     [[nodiscard]] const QString& Text() const;
-    /// Replaces everything by plain text in the default format.
+    /// Replaces everything by plain text in the default format; line ends and control characters
+    /// as in setSelText.
     void setText(const QString& text);
     [[nodiscard]] bool isEmpty() const;
     /// Length of Text(), without building it.
@@ -53,10 +54,12 @@ public:
     /// Replaces everything. An empty array clears. On failure the contents stay as they were.
     Outcome setTextRTF(const QByteArray& rtf);
     /// Replaces the contents from a file; on failure they stay as they were.
-    /// Plain text: UTF-8 with or without BOM, UTF-16 with BOM, else Windows-1252.
+    /// Plain text: UTF-8 with or without BOM, UTF-16 with BOM, else Windows-1252; line ends and
+    /// control characters as in setSelText. A text of more than a million paragraphs fails.
     Outcome LoadFile(const QString& path, FileFormat format);
     /// Writes through a temporary file and a rename: a failure leaves an old file whole.
-    /// Plain text: Windows-1252 if every character fits, else UTF-8 with BOM; line ends CR LF.
+    /// Plain text: Windows-1252 if every character fits, else UTF-8 with BOM; line ends CR LF,
+    /// those inside a paragraph too, for other programs know no other.
     Outcome SaveFile(const QString& path, FileFormat format) const;
     [[nodiscard]] RichTextFragment fragment() const;
     void setFragment(const RichTextFragment& fragment);
@@ -74,7 +77,8 @@ public:
     [[nodiscard]] int caretPosition() const;
     [[nodiscard]] QString SelText() const;
     /// Replaces the selection; the caret stands behind the new text, the selection is empty.
-    /// CR LF, CR, LF and U+2029 are line ends, U+000B and U+2028 line ends inside a paragraph.
+    /// CR LF, CR, LF, U+000C, U+001C to U+001E, U+0085 and U+2029 are line ends, U+000B and U+2028
+    /// line ends inside a paragraph; other control characters but the tab become blanks.
     void setSelText(const QString& text);
     [[nodiscard]] QByteArray SelRTF() const;
     Outcome setSelRTF(const QByteArray& rtf);

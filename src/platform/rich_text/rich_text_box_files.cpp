@@ -1,5 +1,6 @@
 #include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rich_text_box_private.h"
+#include "platform/rich_text/rtf_fragment_builder.h"
 #include "platform/rich_text/rtf_reader.h"
 #include "platform/text_services/text_encoding.h"
 
@@ -50,6 +51,11 @@ Outcome readFile(const QString& path, qint64 limit, QByteArray& bytes) {
     return Outcome::success();
 }
 
+/// Other programs take U+000B for nothing at all and join the words beside it.
+QString withPlainLineEnds(QString text) {
+    return text.replace(QChar(u'\v'), QStringLiteral("\r\n"));
+}
+
 } // namespace
 
 Outcome RichTextBox::LoadFile(const QString& path, FileFormat format) {
@@ -60,12 +66,17 @@ Outcome RichTextBox::LoadFile(const QString& path, FileFormat format) {
     if (format == FileFormat::Rtf) {
         return setTextRTF(bytes);
     }
-    setText(decodeText(bytes));
+    const QString text = decodeText(bytes);
+    if (paragraphCount(text) > RtfFragmentBuilder::MaxParagraphs) {
+        return Outcome::failure(QStringLiteral("The text is too long."));
+    }
+    setText(text);
     return Outcome::success();
 }
 
 Outcome RichTextBox::SaveFile(const QString& path, FileFormat format) const {
-    const QByteArray bytes = format == FileFormat::Rtf ? TextRTF() : encodeText(Text());
+    const QByteArray bytes =
+        format == FileFormat::Rtf ? TextRTF() : encodeText(withPlainLineEnds(Text()));
     QSaveFile file(path);
     const bool written =
         file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();

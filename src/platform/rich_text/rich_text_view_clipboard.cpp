@@ -1,6 +1,8 @@
 #include "platform/rich_text/rich_text_view_clipboard.h"
 
+#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rich_text_box.h"
+#include "platform/rich_text/rtf_fragment_builder.h"
 
 #include <QMimeData>
 #include <QUrl>
@@ -63,7 +65,7 @@ bool insertMimeData(RichTextBox& box, const QMimeData& data) {
         return true;
     }
     const QString text = data.text();
-    if (text.isEmpty()) {
+    if (text.isEmpty() || paragraphCount(text) > RtfFragmentBuilder::MaxParagraphs) {
         return false;
     }
     box.setSelText(text);

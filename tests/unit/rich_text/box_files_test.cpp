@@ -1,3 +1,4 @@
+#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rich_text_box.h"
 
 #include <gtest/gtest.h>
@@ -41,15 +42,14 @@ TEST_F(BoxFiles, PlainTextOfEveryKindLoadsAndComesBack) {
     const Case cases[] = {
         {"", u""_qs, ""},
         {"a\nb\rc\r\nd", u"a\r\nb\r\nc\r\nd"_qs, "a\r\nb\r\nc\r\nd"},
-        {"line\x0Bnext", u"line\vnext"_qs, "line\x0Bnext"},
         {"\xE9t\xE9 \x80\x85", u"\u00E9t\u00E9 \u20AC\u2026"_qs, "\xE9t\xE9 \x80\x85"},
         {"\xC3\xA9", u"\u00E9"_qs, "\xE9"},
         {"\xEF\xBB\xBF\xD0\x96", u"\u0416"_qs, "\xEF\xBB\xBF\xD0\x96"},
         {QByteArray("\xFF\xFE\x16\x04\x0D\x00\x0A\x00", 8), u"\u0416\r\n"_qs,
          "\xEF\xBB\xBF\xD0\x96\r\n"},
         {QByteArray("\xFE\xFF\x04\x16", 4), u"\u0416"_qs, "\xEF\xBB\xBF\xD0\x96"},
-        {QByteArray("a\0b\x01\x1A", 5), QString::fromLatin1("a\0b\x01\x1A", 5),
-         QByteArray("a\0b\x01\x1A", 5)},
+        {QByteArray("a\0b\x01\x1A\tc", 7), u"a b  \tc"_qs, "a b  \tc"},
+        {"one\ftwo\x1Cthree", u"one\r\ntwo\r\nthree"_qs, "one\r\ntwo\r\nthree"},
     };
     for (const Case& c : cases) {
         const QString name = write(u"in.txt"_qs, c.bytes);
@@ -61,6 +61,46 @@ TEST_F(BoxFiles, PlainTextOfEveryKindLoadsAndComesBack) {
         ASSERT_TRUE(box.LoadFile(out, FileFormat::PlainText));
         EXPECT_EQ(box.Text(), c.text);
     }
+}
+
+TEST_F(BoxFiles, WordsThatAnyControlCharacterPartsStayApart) {
+    const QString out = path(QStringLiteral("out"));
+    for (int unit = 0; unit <= 0xA0; unit = unit == 0x1F ? 0x7F : unit + 1) {
+        const QString text = QStringLiteral("page one%1page two").arg(QChar(unit));
+        const QString bytes = write(QStringLiteral("in.txt"), "\xEF\xBB\xBF" + text.toUtf8());
+        for (const int way : {0, 1, 2}) {
+            RichTextBox first;
+            if (way == 0) {
+                first.setText(text);
+            } else if (way == 1) {
+                first.setSelText(text);
+            } else {
+                ASSERT_TRUE(first.LoadFile(bytes, FileFormat::PlainText));
+            }
+            for (const FileFormat format : {FileFormat::Rtf, FileFormat::PlainText}) {
+                ASSERT_TRUE(first.SaveFile(out, format));
+                ASSERT_TRUE(box.LoadFile(out, format));
+                EXPECT_EQ(box.Text().simplified(), QStringLiteral("page one page two"))
+                    << unit << ", way " << way;
+                const QString expected = format == FileFormat::PlainText && unit == u'\v'
+                                             ? QStringLiteral("page one\r\npage two")
+                                             : first.Text();
+                EXPECT_EQ(box.Text(), expected) << unit << ", way " << way;
+            }
+        }
+    }
+}
+
+TEST_F(BoxFiles, PlainTextMayHaveAMillionParagraphs) {
+    constexpr int most = 1'000'000;
+    box.setText(QStringLiteral("kept"));
+    const QString name = write(QStringLiteral("long.txt"), QByteArray(most, '\n'));
+    const Outcome outcome = box.LoadFile(name, FileFormat::PlainText);
+    EXPECT_FALSE(outcome);
+    EXPECT_EQ(outcome.reason(), QStringLiteral("The text is too long."));
+    EXPECT_EQ(box.Text(), QStringLiteral("kept"));
+    EXPECT_EQ(paragraphCount(QString(most - 1, u'\n')), most);
+    EXPECT_EQ(paragraphCount(u"\r\n\r\n\r\n\n\r\f"), 7);
 }
 
 TEST_F(BoxFiles, RichTextComesBack) {
