@@ -10,6 +10,7 @@
 #include <QTextBlock>
 
 #include <cmath>
+#include <utility>
 
 namespace velmora {
 
@@ -59,16 +60,22 @@ void RichTextBox::Private::putCaret(int position) {
     typingFormat.reset();
 }
 
-void RichTextBox::Private::patchText(int controlBegin, int controlEnd,
-                                     const RichTextFragment& fragment) {
-    if (!text) {
-        return;
+/// Somebody may ask for the text while the document signals a change of its own: it would then be
+/// kept with the change in it, and patched once more. So it is out of reach until it is patched.
+void RichTextBox::Private::replaceInDocument(DocumentRange range,
+                                             const RichTextFragment& fragment) {
+    std::optional<QString> kept = std::exchange(text, std::nullopt);
+    const int edits = editsSinceText + 1;
+    const int begin = fromDocument(range.begin);
+    const int length = fromDocument(range.end) - begin;
+    putCaret(replaceRange(document, range.begin, range.end, fragment));
+    if (kept && edits <= MaxEditsOfCachedText) {
+        kept->replace(begin, length, textOfFragment(fragment));
+    } else {
+        kept.reset();
     }
-    if (++editsSinceText > MaxEditsOfCachedText) {
-        text.reset();
-        return;
-    }
-    text->replace(controlBegin, controlEnd - controlBegin, textOfFragment(fragment));
+    text = std::move(kept);
+    editsSinceText = edits;
 }
 
 void RichTextBox::Private::replaceSelection(const RichTextFragment& fragment) {
@@ -77,14 +84,11 @@ void RichTextBox::Private::replaceSelection(const RichTextFragment& fragment) {
     const bool differs =
         range.isEmpty() ? !textOfFragment(fragment).isEmpty()
                         : !sameContents(fragmentOf(document, range.begin, range.end), fragment);
-    int behind = range.end;
     if (differs) {
-        const int controlBegin = fromDocument(range.begin);
-        const int controlEnd = fromDocument(range.end);
-        behind = replaceRange(document, range.begin, range.end, fragment);
-        patchText(controlBegin, controlEnd, fragment);
+        replaceInDocument(range, fragment);
+    } else {
+        putCaret(range.end);
     }
-    putCaret(behind);
     notify(differs, oldSelection);
 }
 

@@ -33,7 +33,7 @@ public:
     void setSelection(int newAnchor, int newCaret);
 
     // --- changes (rich_text_box.cpp)
-    /// Replaces the selection, keeps the cached text in step, puts the caret behind, and signals.
+    /// Replaces the selection, puts the caret behind, and signals.
     void replaceSelection(const RichTextFragment& fragment);
     /// Replaces everything and puts the caret at the beginning.
     void replaceAll(const RichTextFragment& fragment);
@@ -42,7 +42,9 @@ public:
     [[nodiscard]] std::pair<int, int> selection() const { return {anchor, caret}; }
     /// Moves the caret without a signal; the selection becomes empty.
     void putCaret(int position);
-    void patchText(int controlBegin, int controlEnd, const RichTextFragment& fragment);
+    /// Replaces a range, patches the cached text and puts the caret behind; without a signal of
+    /// the box.
+    void replaceInDocument(DocumentRange range, const RichTextFragment& fragment);
 
     // --- formats (rich_text_box_format.cpp)
     using FormatChange = std::function<void(CharacterFormat&)>;

@@ -162,6 +162,27 @@ TEST(BoxBehaviour, TextKeepsUpWithEditsWhileItIsAskedFor) {
     EXPECT_EQ(box.Text().size(), expected.size() + 50);
 }
 
+TEST(BoxBehaviour, TextMayBeAskedForInTheMiddleOfAChange) {
+    RichTextBox box;
+    QString asked;
+    QObject::connect(&box.document(), &QTextDocument::contentsChange, &box,
+                     [&] { asked = box.Text(); });
+    box.setText(QStringLiteral("start"));
+    QString expected = box.Text();
+    for (int i = 0; i < 40; ++i) { // more than the text is kept for without a question
+        box.select(i, i + 1);
+        box.setSelText(QStringLiteral("a\r\n"));
+        expected.replace(i, 1, QStringLiteral("a\r\n"));
+        ASSERT_EQ(asked, expected) << i;
+        ASSERT_EQ(box.Text(), expected) << i;
+        box.setSelStart(0);
+        box.setSelText(QStringLiteral("x"));
+        expected.prepend(u'x');
+        ASSERT_EQ(box.SelText(), QString());
+    }
+    EXPECT_EQ(box.Text(), expected);
+}
+
 TEST(BoxBehaviour, ALineEndKeepsWhatIsTypedNext) {
     RichTextBox box;
     box.setText(QStringLiteral("plain"));
