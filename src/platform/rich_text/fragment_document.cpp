@@ -1,5 +1,6 @@
 #include "platform/rich_text/fragment_document.h"
 
+#include "platform/drawing/color.h"
 #include "platform/rich_text/document_layout.h"
 
 #include <QBrush>
@@ -18,11 +19,6 @@ enum BlockProperty : int {
     LeftOffset = QTextFormat::UserProperty + 1,
     FirstLineOffset,
 };
-
-QColor toColor(Rgb24 color) {
-    return QColor::fromRgb(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
-                           static_cast<int>((color >> 16) & 0xFF));
-}
 
 Rgb24 fromBrush(const QBrush& brush) {
     if (brush.style() == Qt::NoBrush) {

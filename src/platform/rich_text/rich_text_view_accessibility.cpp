@@ -1,5 +1,6 @@
 #include "platform/rich_text/rich_text_view_accessibility.h"
 
+#include "platform/drawing/color.h"
 #include "platform/rich_text/document_layout.h"
 #include "platform/rich_text/fragment_document.h"
 #include "platform/rich_text/rich_text_box.h"

@@ -1,5 +1,6 @@
 #include "platform/rich_text/rich_text_view_painting.h"
 
+#include "platform/drawing/color.h"
 #include "platform/rich_text/rich_text_view_geometry.h"
 
 #include <QPainter>
@@ -93,11 +94,6 @@ private:
 };
 
 } // namespace
-
-QColor toColor(Rgb24 color) {
-    return {static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
-            static_cast<int>((color >> 16) & 0xFF)};
-}
 
 QColor contrastingColor(const QColor& background) {
     const QColor black(Qt::black);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/rich_text/rich_text_fragment.h"
-
 #include <QColor>
 #include <QRect>
 
@@ -14,8 +12,6 @@ class QTextDocument;
 namespace velmora {
 
 class ViewGeometry;
-
-[[nodiscard]] QColor toColor(Rgb24 color);
 
 /// Colours of selected text. The palette's own, unless its highlight could hardly be told from the
 /// background; then black on white or white on black, whichever stands out.

@@ -1,5 +1,6 @@
 #include "platform/rich_text/rich_text_view_private.h"
 
+#include "platform/drawing/color.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/rich_text/rich_text_view_painting.h"
 

@@ -1,5 +1,6 @@
 #include "view_fixture.h"
 
+#include "platform/drawing/color.h"
 #include "platform/rich_text/rich_text_view_painting.h"
 
 #include <QPaintEvent>
