@@ -1,5 +1,6 @@
 #include "display/frame_composer.h"
 
+#include "core/script_marks.h"
 #include "platform/drawing/color.h"
 
 #include <algorithm>
@@ -10,17 +11,15 @@ namespace velmora {
 
 namespace {
 
-constexpr QStringView StoryBreakMark = u"^----";
-
 bool isStoryBreak(const std::vector<StyledText>& runs) {
     QString start;
     for (const StyledText& run : runs) {
-        start += run.text.left(StoryBreakMark.size() - start.size());
-        if (start.size() >= StoryBreakMark.size()) {
+        start += run.text.left(StoryBreakMarker.size() - start.size());
+        if (start.size() >= StoryBreakMarker.size()) {
             break;
         }
     }
-    return start == StoryBreakMark;
+    return start == StoryBreakMarker;
 }
 
 } // namespace

@@ -3,17 +3,10 @@
 #include "platform/rich_text/rich_text_fragment.h"
 
 #include <QString>
-#include <QStringView>
 
 namespace velmora {
 
 class Session;
-
-/// The markers of a script: plain characters in its text.
-inline constexpr QChar BookmarkMarker = u'^';
-inline constexpr QChar SelectiveBookmarkMarker = u'~';
-/// Parts two stories, on a line of its own; a bookmark as well, since it begins with one.
-inline constexpr QStringView StoryBreakMarker = u"^----";
 
 /// The colour rule: text of the colour `other` takes the colour `target`; every other colour stays.
 /// One of the two is black, the other white.

@@ -1,6 +1,7 @@
 #include "editor/script_loader.h"
 
 #include "core/editor_host.h"
+#include "core/script_marks.h"
 #include "core/session.h"
 #include "editor/file_guard.h"
 #include "editor/recent_files.h"
