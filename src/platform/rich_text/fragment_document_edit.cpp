@@ -1,5 +1,6 @@
 #include "platform/rich_text/fragment_document.h"
 
+#include "platform/rich_text/fragment_format_numbers.h"
 #include "platform/rich_text/fragment_text.h"
 
 #include <QTextBlock>
@@ -27,16 +28,18 @@ public:
 
 private:
     int numberOf(const CharacterFormat& format) {
-        const auto found = std::find(m_formats.begin(), m_formats.end(), format);
-        const auto index = found - m_formats.begin();
-        if (found == m_formats.end()) {
+        const auto [number, isNew] = m_numberOfFormat.of(format);
+        if (isNew) {
             m_formats.push_back(format);
         }
-        return static_cast<int>(index);
+        return number;
     }
 
+    /// Empty at first: numbers are places in it.
     std::vector<CharacterFormat>& m_formats;
+    /// By the document's own number of a format, and by what it looks like.
     std::unordered_map<int, int> m_numbers;
+    FormatNumbers m_numberOfFormat;
 };
 
 Paragraph paragraphOf(const QTextBlock& block, int begin, int end, FormatCollector& formats) {

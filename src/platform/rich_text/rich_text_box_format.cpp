@@ -1,4 +1,5 @@
 #include "platform/rich_text/fragment_document.h"
+#include "platform/rich_text/fragment_format_numbers.h"
 #include "platform/rich_text/rich_text_box_private.h"
 
 #include <QTextCursor>
@@ -85,11 +86,9 @@ private:
         const CharacterFormat before = fromTextFormat(oldFormat);
         CharacterFormat after = before;
         m_change(after);
-        const QTextCharFormat newFormat = toTextFormat(after);
-        const auto found = std::find(m_newFormats.begin(), m_newFormats.end(), newFormat);
-        const auto number = static_cast<int>(found - m_newFormats.begin());
-        if (found == m_newFormats.end()) {
-            m_newFormats.push_back(newFormat);
+        const auto [number, isNew] = m_numbers.of(after);
+        if (isNew) {
+            m_newFormats.push_back(toTextFormat(after));
         }
         return {number, before != after};
     }
@@ -97,6 +96,8 @@ private:
     QList<QTextFormat> m_oldFormats;
     const std::function<void(CharacterFormat&)>& m_change;
     std::vector<QTextCharFormat> m_newFormats;
+    /// Places in m_newFormats.
+    FormatNumbers m_numbers;
     std::unordered_map<int, Changed> m_changed;
     std::vector<Stretch> m_stretches;
 };
