@@ -33,6 +33,9 @@ void DragHandler::drag() {
     if (!data) {
         return;
     }
+    const int start = m_core.selectionStart();
+    const int end = m_core.selectionEnd();
+    const QString dragged = m_core.box().SelText();
     const QPointer<QWidget> viewport(&m_core.viewport());
     auto* drag = new QDrag(viewport);
     drag->setMimeData(data.release());
@@ -47,8 +50,11 @@ void DragHandler::drag() {
     }
     m_ownDrag = false;
     leave();
-    if (result == Qt::MoveAction && !m_droppedHere) {
-        m_core.remove(m_core.selectionStart(), m_core.selectionEnd());
+    // The script may have changed while the drag went on: only what was dragged goes.
+    const bool isStillThere = m_core.selectionStart() == start && m_core.selectionEnd() == end &&
+                              m_core.box().SelText() == dragged;
+    if (result == Qt::MoveAction && !m_droppedHere && isStillThere) {
+        m_core.remove(start, end);
     }
 }
 

@@ -170,6 +170,34 @@ TEST_F(ViewClipboard, TextDraggedAwayIsDeletedIfItMoved) {
     }
 }
 
+TEST_F(ViewClipboard, WhatChangedDuringADragIsNotDeleted) {
+    const struct {
+        const char* what;
+        std::function<void()> change;
+        QString left;
+    } rows[] = {
+        {"another selection", [&] { box.select(0, 3); }, QStringLiteral("one two three")},
+        {"another text", [&] { setText(QStringLiteral("six")); }, QStringLiteral("six")},
+        {"another text in the same place",
+         [&] {
+             setText(QStringLiteral("one six three"));
+             box.select(4, 7);
+         },
+         QStringLiteral("one six three")},
+    };
+    for (const auto& row : rows) {
+        setText(QStringLiteral("one two three"));
+        box.select(4, 7);
+        ViewCore core(box, view);
+        DragHandler handler(core, [&](QDrag&, Qt::DropActions, Qt::DropAction) {
+            row.change();
+            return Qt::MoveAction;
+        });
+        handler.drag();
+        EXPECT_EQ(box.Text(), row.left) << row.what;
+    }
+}
+
 TEST_F(ViewClipboard, ADragInsideMovesOrCopies) {
     const struct {
         const char* what;
