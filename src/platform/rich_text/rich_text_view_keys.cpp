@@ -172,7 +172,8 @@ void KeyHandler::move(const MoveBinding& binding, SelectionMode mode) {
     cursor.setPosition(m_core.caret());
     const bool oneCharacter = binding.step == Step::Left || binding.step == Step::Right;
     if (oneCharacter && mode == SelectionMode::Move && m_core.hasSelection()) {
-        const bool rightToLeft = cursor.block().textDirection() == Qt::RightToLeft;
+        // As the layout has it; textDirection() would guess from the text.
+        const bool rightToLeft = cursor.blockFormat().layoutDirection() == Qt::RightToLeft;
         const bool toStart = (binding.step == Step::Left) != rightToLeft;
         m_core.moveCaret(toStart ? m_core.selectionStart() : m_core.selectionEnd(), mode);
         return;

@@ -83,7 +83,8 @@ private:
         const QTextLine line = layout.lineAt(layout.lineCount() - 1);
         const double end = line.cursorToX(line.textStart() + line.textLength());
         const double width = line.height() * LineEndMarkWidth;
-        const bool toTheLeft = m_block.textDirection() == Qt::RightToLeft;
+        // As the layout has it; textDirection() would guess from the text.
+        const bool toTheLeft = m_block.blockFormat().layoutDirection() == Qt::RightToLeft;
         m_painter.fillRect(QRectF(toTheLeft ? end - width : end, line.y(), width, line.height()),
                            m_state.selection.background);
     }
