@@ -1,6 +1,5 @@
 #include "editor/progress_window.h"
 
-#include <QCoreApplication>
 #include <QLabel>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -28,8 +27,6 @@ void Form31::showText(const QString& text) {
     move(around.center() - rect().center());
     show();
     raise();
-    // The window has to be on the screen before the work begins that keeps everything else waiting.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     repaint();
 }
 

@@ -13,8 +13,9 @@ class Form31 final : public QWidget {
 public:
     explicit Form31(QWidget* parent = nullptr);
 
-    /// Shows the text in the middle of the parent, or of the screen, and paints it at once. Does
-    /// not block and runs no handler of input.
+    /// Shows the text in the middle of the parent, or of the screen, and paints it at once
+    /// where it is on the screen already. Runs no handler: a window system that shows windows in
+    /// its own time does so at the caller's next pump.
     void showText(const QString& text);
 
 private:

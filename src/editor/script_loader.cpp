@@ -157,6 +157,8 @@ Outcome ScriptLoader::readIntoStaging() {
         return convertInto(rtb2, path);
     }
     m_host.showProgress(QStringLiteral("Loading File."));
+    // The window has to be on the screen before the work begins that keeps all else waiting.
+    m_session.platform.pump.DoEvents();
     return rtb2.LoadFile(path, static_cast<FileFormat>(type));
 }
 
