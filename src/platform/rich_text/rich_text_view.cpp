@@ -35,7 +35,7 @@ RichTextView::RichTextView(RichTextBox& box, QWidget* parent)
     connect(&box, &RichTextBox::Change, this, [this] { d->textChanged(); });
     connect(&box, &RichTextBox::SelChange, this, [this] { d->selectionChanged(); });
     connect(&box, &RichTextBox::appearanceChanged, this, [this] { d->appearanceChanged(); });
-    connect(&d->caret, &CaretBlink::toggled, this, [this] { d->updateCaret(); });
+    connect(&d->caret, &CaretBlink::toggled, this, [this] { d->repaintCaret(); });
     connect(&d->mouse, &MouseHandler::dragStarted, this, [this] { d->drag.drag(); });
     connect(&d->inputMethod, &InputMethodHandler::composedChanged, this,
             [this](int position, int length) { d->composedChanged(position, length); });

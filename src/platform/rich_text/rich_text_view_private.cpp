@@ -168,6 +168,13 @@ void RichTextView::Private::restartCaret() {
 }
 
 void RichTextView::Private::updateCaret() {
+    if (core.box().redraw()) {
+        repaintCaret();
+        q.updateMicroFocus();
+    }
+}
+
+void RichTextView::Private::repaintCaret() {
     if (!core.box().redraw()) {
         return;
     }
@@ -175,7 +182,6 @@ void RichTextView::Private::updateCaret() {
     const QRect now = shown ? core.caretRect() : QRect();
     repaint(QRegion(m_shownCaret) + now);
     m_shownCaret = now;
-    q.updateMicroFocus();
 }
 
 QColor RichTextView::Private::caretColor(int position) const {

@@ -27,7 +27,10 @@ public:
     void viewportResized();
     void viewportScrolled(int rows);
     void paint(const QRegion& region);
+    /// Shows the caret where it is now, and tells the input method.
     void updateCaret();
+    /// The same without a word to the input method: the caret blinked.
+    void repaintCaret();
     /// Shows the caret at once and lets it blink anew; hides it without the focus.
     void restartCaret();
 

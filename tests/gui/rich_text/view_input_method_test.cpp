@@ -1,5 +1,6 @@
 #include "view_fixture.h"
 
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QTextLayout>
 
@@ -118,6 +119,37 @@ TEST_F(ViewInputMethod, TellsTheTextAround) {
     EXPECT_EQ(view.inputMethodQuery(Qt::ImTextBeforeCursor, 3), QVariant(QStringLiteral("ond")));
     EXPECT_NEAR(cursor().center().x(), pointOf(second + 6).x(), 2);
     EXPECT_NEAR(cursor().center().y(), pointOf(second + 6).y(), 2);
+}
+
+/// Counts how often a widget paints.
+class PaintCounter final : public QObject {
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+    [[nodiscard]] int count() const { return m_count; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        m_count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    int m_count = 0;
+};
+
+TEST_F(ViewInputMethod, TheBlinkingCaretIsNoNewsForTheInputMethod) {
+    QApplication::setCursorFlashTime(10);
+    setText(QStringLiteral("one"));
+    int told = 0;
+    QObject::connect(QGuiApplication::inputMethod(), &QInputMethod::cursorRectangleChanged, &view,
+                     [&] { ++told; });
+    press(Qt::Key_Right);
+    EXPECT_GT(told, 0);
+    told = 0;
+    const PaintCounter blinks(*view.viewport());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return blinks.count() >= 4; }));
+    EXPECT_EQ(told, 0);
+    QApplication::setCursorFlashTime(0);
 }
 
 } // namespace velmora
