@@ -27,6 +27,15 @@ QString withLineFeeds(QString text) {
     return text;
 }
 
+/// What stands between two positions, each limited to the text.
+QString textBetween(QTextDocument& document, int start, int end) {
+    const int last = document.characterCount() - 1;
+    QTextCursor cursor(&document);
+    cursor.setPosition(std::clamp(start, 0, last));
+    cursor.setPosition(std::clamp(end, 0, last), QTextCursor::KeepAnchor);
+    return withLineFeeds(cursor.selectedText());
+}
+
 /// Character attributes by the names of IAccessible2's text attributes.
 QString attributeText(const CharacterFormat& format, const QColor& background) {
     const auto rgb = [](const QColor& color) {
@@ -107,13 +116,7 @@ public:
 
     // --- text
     int characterCount() const override { return document().characterCount() - 1; }
-    QString text(int start, int end) const override {
-        const int count = characterCount();
-        QTextCursor cursor(&document());
-        cursor.setPosition(std::clamp(start, 0, count));
-        cursor.setPosition(std::clamp(end, 0, count), QTextCursor::KeepAnchor);
-        return withLineFeeds(cursor.selectedText());
-    }
+    QString text(int start, int end) const override { return textBetween(document(), start, end); }
     QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int* start,
                              int* end) const override {
         const Span here = spanAt(offset, type);
@@ -262,16 +265,21 @@ void AccessibilityNotifier::tellTextChange() {
         m_text.reset();
         return;
     }
-    const QString text = withLineFeeds(m_view.box().document().toRawText());
+    QTextDocument& document = m_view.box().document();
     if (change && m_text) {
-        const QString removed = m_text->mid(change->from, change->oldEnd - change->from);
-        const QString added = text.mid(change->from, change->newEnd - change->from);
+        const QString added = textBetween(document, change->from, change->newEnd);
+        const qsizetype length = change->oldEnd - change->from;
+        const QString removed = m_text->mid(change->from, length);
+        m_text->replace(change->from, length, added);
         if (removed != added) {
             QAccessibleTextUpdateEvent event(&m_view, change->from, removed, added);
             m_listeners.tell(&event);
         }
     }
-    m_text = text;
+    // A change of the whole text may be told with the document's own last line end.
+    if (!m_text || m_text->size() != document.characterCount() - 1) {
+        m_text = withLineFeeds(document.toRawText());
+    }
 }
 
 void AccessibilityNotifier::tellCaretChange() {

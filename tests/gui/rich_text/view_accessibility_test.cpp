@@ -197,6 +197,14 @@ TEST_F(ViewAccessibility, TellsChanges) {
     EXPECT_TRUE(told().contains(QStringLiteral("caret 5")));
     EXPECT_TRUE(told().contains(QStringLiteral("text 4 -\n +")));
     EXPECT_TRUE(told().contains(QStringLiteral("selection 4 5")));
+    const QString before = text().text(0, text().characterCount());
+    setText(QStringLiteral("A new text"));
+    EXPECT_TRUE(told().contains(QStringLiteral("text 0 -%1 +A new text").arg(before)))
+        << told().join(u'|').toStdString();
+    box.setSelText(QStringLiteral("x"));
+    box.select(0, 2);
+    box.setSelText({});
+    EXPECT_TRUE(told().contains(QStringLiteral("text 0 -xA +")));
 }
 
 } // namespace velmora
