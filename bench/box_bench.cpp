@@ -170,6 +170,38 @@ void keystroke(benchmark::State& state, double place) {
     }
 }
 
+/// A letter in the middle of a single paragraph of so many lines: it is laid out as a whole.
+void BM_KeystrokeInOneParagraph(benchmark::State& state) {
+    RichTextBox box;
+    box.setText(QStringLiteral("a line of a song\v").repeated(state.range(0)));
+    box.setSelStart(box.textLength() / 2);
+    (void)box.lineCount();
+    for (auto _ : state) {
+        box.setSelText(QStringLiteral("x"));
+        benchmark::DoNotOptimize(box.GetLineFromChar(box.SelStart()));
+    }
+}
+
+/// To the control and back, each paragraph in a format that no other has.
+void BM_ManyFormats(benchmark::State& state) {
+    RichTextFragment fragment;
+    for (int i = 0; i < static_cast<int>(state.range(0)); ++i) {
+        fragment.formats.push_back(scriptFormats().front());
+        fragment.formats.back().color = static_cast<Rgb24>(i);
+        fragment.paragraphs.push_back({QStringLiteral("word"), {{4, i}}, i, {}});
+    }
+    RichTextBox box;
+    for (auto _ : state) {
+        state.PauseTiming();
+        box.setText({});
+        state.ResumeTiming();
+        box.setFragment(fragment);
+        benchmark::DoNotOptimize(box.fragment());
+        box.selectAll();
+        box.setSelBold(true);
+    }
+}
+
 void registerAll() {
     const std::vector<std::int64_t> lines = {1000, 10000, 32000};
     const auto add = [&](const char* name, auto function) {
@@ -187,6 +219,8 @@ void registerAll() {
     add("BM_Keystroke/start", [](benchmark::State& state) { keystroke(state, 0); });
     add("BM_Keystroke/middle", [](benchmark::State& state) { keystroke(state, 0.5); });
     add("BM_Keystroke/end", [](benchmark::State& state) { keystroke(state, 1); });
+    add("BM_KeystrokeInOneParagraph", BM_KeystrokeInOneParagraph);
+    add("BM_ManyFormats", BM_ManyFormats);
 }
 
 const bool isRegistered = (registerAll(), true);
