@@ -314,6 +314,17 @@ TEST(BoxBehaviour, NamesFontsThatAreMissing) {
     box.select(0, 2);
     box.setSelText({});
     EXPECT_TRUE(box.missingFonts().empty());
+    // Of very many names, the first ones.
+    RichTextFragment many;
+    for (int i = 0; i < 500; ++i) {
+        many.formats.push_back(missing);
+        many.formats.back().fontName = QStringLiteral("No Such Font %1").arg(i, 3, 10, QChar(u'0'));
+        many.paragraphs.push_back({QStringLiteral("ab"), {{2, i}}, i, {}});
+    }
+    box.setFragment(many);
+    const std::vector<RichTextBox::MissingFont> first = box.missingFonts();
+    ASSERT_EQ(first.size(), 32u);
+    EXPECT_EQ(first.back().name, QStringLiteral("No Such Font 031"));
 }
 
 } // namespace
