@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QRegularExpression>
 #include <QStandardPaths>
 
@@ -70,6 +71,21 @@ void prepare(QFileDialog& dialog, const FileDialogRequest& request) {
     }
 }
 
+/// Qt adds the default ending to a name without one even where a file of the bare name is there,
+/// chosen from the list or typed: such a file could not be opened.
+class OpenDialog final : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    void accept() override {
+        const auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (edit != nullptr && QFileInfo(directory(), edit->text()).isFile()) {
+            setDefaultSuffix(QString());
+        }
+        QFileDialog::accept();
+    }
+};
+
 /// 1-based. The dialog names its filter with or without the patterns, as its version has it.
 int chosenFilter(const QFileDialog& dialog, const FileDialogRequest& request) {
     const QString selected = dialog.selectedNameFilter().trimmed();
@@ -110,7 +126,7 @@ QString dialogFilter(const QString& filter) {
 }
 
 std::optional<FileDialogChoice> WidgetFileDialogs::open(const FileDialogRequest& request) {
-    QFileDialog dialog(dialogParent());
+    OpenDialog dialog(dialogParent());
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     prepare(dialog, request);

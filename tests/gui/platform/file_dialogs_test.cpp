@@ -48,37 +48,53 @@ protected:
     WidgetFileDialogs dialogs{boxes};
 };
 
-TEST(FileDialogsContract, CancelGivesNothingAndAChoiceIsAbsoluteWithItsFilter) {
-    FakeMessageBoxes boxes;
-    WidgetFileDialogs real(boxes);
+/// What a user does in a dialog and what comes of it. The fake is given the same as its choice.
+struct DialogCase final {
+    const char* what;
+    bool saves;
+    /// Null: cancelled.
+    const char16_t* typed;
+    const char16_t* chosen;
+    /// The file that save() may replace unasked.
+    const char16_t* ownFile = nullptr;
+};
+
+constexpr DialogCase DialogCases[] = {
+    {"open, cancelled", false, nullptr, nullptr},
+    {"open", false, u"show.rtf", u"show.rtf"},
+    {"open without an ending", false, u"noending", u"noending"},
+    {"save, cancelled", true, nullptr, nullptr},
+    {"save under a new name", true, u"new.rtf", u"new.rtf"},
+    {"save without an ending", true, u"new", u"new.rtf"},
+    {"save with another ending", true, u"new.txt", u"new.txt"},
+    {"save in its own file", true, u"show.rtf", u"show.rtf", u"show.rtf"},
+};
+
+TEST_F(FileDialogTest, TheRealAndTheFakeGiveAnAbsoluteChoiceWithItsFilterOrNothing) {
     FakeFileDialogs fake;
-    QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("a.rtf"));
-    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
-    const FileDialogRequest request{
-        .title = QStringLiteral("Load"),
-        .filters = {QStringLiteral("Text (*.TXT)"), QStringLiteral("Rich Text (*.RTF)")},
-        .filterIndex = 2,
-        .defaultExtension = QStringLiteral(".rtf"),
-        .folder = folder.path(),
-        .fileName = QString()};
-    for (FileDialogs* dialogs :
-         {static_cast<FileDialogs*>(&real), static_cast<FileDialogs*>(&fake)}) {
-        {
-            fake.choices.clear();
-            const ModalAction user([](QWidget& window) { window.close(); });
-            EXPECT_FALSE(dialogs->open(request).has_value());
+    for (const DialogCase& row : DialogCases) {
+        request.ownFile =
+            row.ownFile != nullptr ? path(QString::fromUtf16(row.ownFile)) : QString();
+        fake.choices.clear();
+        if (row.typed != nullptr) {
+            fake.choose(path(QString::fromUtf16(row.typed)), request.filterIndex);
         }
-        fake.choices = {FileDialogChoice{file, 2}};
-        const ModalAction user([](QWidget& window) {
-            window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
-                ->setText(QStringLiteral("a.rtf"));
-            static_cast<QDialog&>(window).accept();
-        });
-        const auto choice = dialogs->open(request);
-        ASSERT_TRUE(choice.has_value());
-        EXPECT_EQ(choice->path, file);
-        EXPECT_EQ(choice->filterIndex, 2);
+        for (FileDialogs* service :
+             {static_cast<FileDialogs*>(&dialogs), static_cast<FileDialogs*>(&fake)}) {
+            SCOPED_TRACE(QString::fromLatin1(row.what).toStdString() +
+                         (service == &fake ? ", fake" : ", real"));
+            const ModalAction user([&row](QWidget& window) {
+                row.typed != nullptr ? enterName(window, QString::fromUtf16(row.typed))
+                                     : static_cast<void>(window.close());
+            });
+            const auto choice = row.saves ? service->save(request) : service->open(request);
+            ASSERT_EQ(choice.has_value(), row.chosen != nullptr);
+            if (choice) {
+                EXPECT_EQ(choice->path, path(QString::fromUtf16(row.chosen)));
+                EXPECT_EQ(choice->filterIndex, 2);
+            }
+            EXPECT_TRUE(boxes.boxes.empty());
+        }
     }
 }
 
@@ -112,21 +128,6 @@ TEST_F(FileDialogTest, FiltersIgnoreCaseAndAllDocumentsShowsFilesWithoutAnEnding
         EXPECT_FALSE(dialogs.open(request).has_value());
         EXPECT_EQ(shown, row.shown);
         EXPECT_EQ(label, request.filters.at(row.filterIndex - 1));
-    }
-}
-
-TEST_F(FileDialogTest, SavingAddsTheDefaultEndingOnlyWhereNoneWasTyped) {
-    struct Row final {
-        const char16_t* typed;
-        const char16_t* saved;
-    };
-    for (const Row& row : {Row{u"new", u"new.rtf"}, Row{u"new.txt", u"new.txt"}}) {
-        const ModalAction user(
-            [&row](QWidget& window) { enterName(window, QString::fromUtf16(row.typed)); });
-        const auto choice = dialogs.save(request);
-        ASSERT_TRUE(choice.has_value());
-        EXPECT_EQ(choice->path, path(QString::fromUtf16(row.saved)));
-        EXPECT_TRUE(boxes.boxes.empty());
     }
 }
 
