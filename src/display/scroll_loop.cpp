@@ -89,6 +89,7 @@ void ScrollLoop::fillWindow(double startLine) {
 
 void ScrollLoop::startTiming() {
     m_owedTicks = 0;
+    m_lastDue = 0;
     m_housekeeping.restart();
 }
 
@@ -161,6 +162,7 @@ bool ScrollLoop::pausedTurn() {
     }
     m_housekeeping.restartCycle();
     m_owedTicks = 0;
+    m_lastDue = 0;
     return !exitRequested();
 }
 
@@ -172,6 +174,7 @@ void ScrollLoop::idleTurn() {
     waitIdly();
     m_housekeeping.restartCycle();
     m_owedTicks = 0;
+    m_lastDue = 0;
 }
 
 ScrollLoop::StepEnd ScrollLoop::step() {
@@ -214,12 +217,19 @@ void ScrollLoop::waitForNextStep() {
     // paint takes; a long stall is not made up for, because the text would visibly race.
     StepRecord record;
     record.painted = m_parts.presenter.stepDone(waitTicks + composeTicks);
-    const std::int64_t repaid = std::min(m_owedTicks, waitTicks);
-    const Pacer::Wait wait = m_pacer.wait(stepStart - repaid, waitMs);
-    const std::int64_t late = wait.end - wait.due;
     const auto mostOwed =
         static_cast<std::int64_t>(MostOwedSeconds * static_cast<double>(clock.frequency()));
-    m_owedTicks = std::min(m_owedTicks - repaid + late, mostOwed);
+    const std::int64_t locked = m_parts.presenter.lockedPeriod(waitTicks);
+    const bool isLocked = locked != waitTicks && m_lastDue != 0;
+    // Counted from the last due moment, not from now: a lock must not drift.
+    const std::int64_t start = isLocked
+                                   ? std::clamp(m_lastDue + locked - waitTicks,
+                                                stepStart - mostOwed, stepStart + waitTicks / 20)
+                                   : stepStart - std::min(m_owedTicks, waitTicks);
+    const Pacer::Wait wait = m_pacer.wait(start, waitMs);
+    const std::int64_t late = wait.end - wait.due;
+    m_owedTicks = isLocked ? 0 : std::min(m_owedTicks - (stepStart - start) + late, mostOwed);
+    m_lastDue = wait.due;
     clock.spinUntil(m_blitStamp + LeastStepTicks);
     if (m_parts.observer != nullptr) {
         record.composeTicks = composeTicks;

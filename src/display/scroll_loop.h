@@ -80,6 +80,8 @@ private:
     std::int64_t m_blitStamp = 0;
     /// What the steps so far ended behind their due moments and have not made up for.
     std::int64_t m_owedTicks = 0;
+    /// Due moment of the last step's wait; 0 where none came before.
+    std::int64_t m_lastDue = 0;
 };
 
 } // namespace velmora

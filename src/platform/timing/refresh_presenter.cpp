@@ -1,9 +1,17 @@
 #include "platform/timing/refresh_presenter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace velmora {
+
+namespace {
+
+/// Nobody sees a hundredth of the speed; everybody sees a picture that is skipped now and then.
+constexpr double LockTolerance = 0.01;
+
+} // namespace
 
 RefreshPresenter::RefreshPresenter(const Clock& clock, double refreshRate,
                                    std::function<void()> paint)
@@ -19,10 +27,26 @@ bool RefreshPresenter::stepDone(std::int64_t periodTicks) {
         return false;
     }
     m_behind = false;
-    // The moment before the paint: how long painting takes must not shift the next one.
-    m_lastPaint = now;
+    // The moment before the paint: how long painting takes must not shift the next one. Where steps
+    // and refreshes are locked, a step that was late must not either: the paints keep to their
+    // grid.
+    const std::int64_t target = m_lastPaint + m_refreshTicks;
+    const bool onGrid = lockedPeriod(periodTicks) != periodTicks &&
+                        std::abs(now - target) < std::min(periodTicks, m_refreshTicks);
+    m_lastPaint = onGrid ? target : now;
     m_paint();
     return true;
+}
+
+std::int64_t RefreshPresenter::lockedPeriod(std::int64_t periodTicks) const {
+    if (periodTicks <= 0) {
+        return periodTicks;
+    }
+    const double refresh = static_cast<double>(m_refreshTicks);
+    const double period = static_cast<double>(periodTicks);
+    const double whole = period < refresh ? refresh / std::round(refresh / period)
+                                          : refresh * std::round(period / refresh);
+    return std::abs(whole - period) <= period * LockTolerance ? std::llround(whole) : periodTicks;
 }
 
 void RefreshPresenter::presentNow() {

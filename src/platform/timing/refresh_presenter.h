@@ -18,6 +18,7 @@ public:
     RefreshPresenter(const Clock& clock, double refreshRate, std::function<void()> paint);
 
     bool stepDone(std::int64_t periodTicks) override;
+    [[nodiscard]] std::int64_t lockedPeriod(std::int64_t periodTicks) const override;
     void presentNow() override;
     void settle() override;
 

@@ -42,11 +42,15 @@ public:
         }
         return true;
     }
+    [[nodiscard]] std::int64_t lockedPeriod(std::int64_t period) const override {
+        return lock ? lock(period) : period;
+    }
     void presentNow() override {}
     void settle() override {}
 
     int steps = 0;
     std::function<void()> onStep;
+    std::function<std::int64_t(std::int64_t)> lock;
 };
 
 class CountingObserver final : public ShowObserver {
@@ -353,6 +357,18 @@ TEST_F(ScrollLoopTest, BusyMachineDoesNotSlowTheTextDown) {
         run();
         EXPECT_NEAR(presenter.steps, 10 / stepSeconds(60), 12);
     }
+}
+
+TEST_F(ScrollLoopTest, LockedStepsKeepTheirPeriodHoweverLongTheyTake) {
+    prepare(3000);
+    constexpr std::int64_t Period = FakeClock::TicksPerSecond / 360;
+    presenter.lock = [](std::int64_t) { return Period; };
+    t.pump.setPumpMicroseconds(70);
+    t.session.settings.ScrollSpeed = 41;
+    startAt(0);
+    exitAt(10);
+    run();
+    EXPECT_NEAR(presenter.steps, 3600, 3);
 }
 
 TEST_F(ScrollLoopTest, LongStallIsNotMadeUpFor) {

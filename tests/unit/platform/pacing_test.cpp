@@ -74,6 +74,21 @@ TEST(RefreshPresenter, EveryPictureHasMovedByTheSameNumberOfSteps) {
     }
 }
 
+TEST(RefreshPresenter, LocksPeriodsThatAreNearAWholeNumberOfRefreshes) {
+    const FakeClock clock;
+    const RefreshPresenter presenter(clock, 60, [] {});
+    const auto lockedMs = [&](double periodMs) {
+        const auto ticks = static_cast<std::int64_t>(periodMs * TicksPerMs);
+        return static_cast<double>(presenter.lockedPeriod(ticks)) / TicksPerMs;
+    };
+    for (const auto& [period, locked] :
+         {std::pair{16.7, 1000.0 / 60}, std::pair{8.36, 1000.0 / 120},
+          std::pair{2.752, 1000.0 / 360}, std::pair{33.5, 1000.0 / 30}, std::pair{4.4, 4.4},
+          std::pair{17.0, 17.0}, std::pair{25.0, 25.0}, std::pair{0.0, 0.0}}) {
+        EXPECT_NEAR(lockedMs(period), locked, 0.001) << period;
+    }
+}
+
 TEST(RefreshPresenter, SettlesOnlyAPictureThatIsBehind) {
     FakeClock clock;
     int paints = 0;
