@@ -11,9 +11,9 @@ public:
     /// A step has been composed; periodTicks is the time from one step to the next, in counter
     /// ticks. Returns whether it painted.
     virtual bool stepDone(std::int64_t periodTicks) = 0;
-    /// The period, in counter ticks, that a step shall have so that a whole number of steps falls into
-    /// a refresh of the screen (or of refreshes into a step). The period itself where that would
-    /// change it by more than a hundredth.
+    /// The period, in counter ticks, that a step shall have so that a whole number of steps falls
+    /// into a refresh of the screen (or of refreshes into a step). The period itself where that
+    /// would change it by more than a hundredth.
     [[nodiscard]] virtual std::int64_t lockedPeriod(std::int64_t periodTicks) const = 0;
     /// Paints at once: after a jump.
     virtual void presentNow() = 0;
