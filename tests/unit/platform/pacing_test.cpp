@@ -89,6 +89,30 @@ TEST(RefreshPresenter, LocksPeriodsThatAreNearAWholeNumberOfRefreshes) {
     }
 }
 
+TEST(RefreshPresenter, LockedPaintsKeepTheirGridAfterALateStep) {
+    FakeClock clock;
+    clock.setTicksPerRead(0);
+    std::vector<std::int64_t> paints;
+    RefreshPresenter presenter(clock, 60, [&] { paints.push_back(clock.ticks()); });
+    presenter.presentNow();
+    constexpr std::int64_t TableWait = 27520;
+    const std::int64_t period = presenter.lockedPeriod(TableWait);
+    ASSERT_NE(period, TableWait);
+    // Each step falls on its moment but one, which is late and paints.
+    for (std::int64_t step = 1; step <= 600; ++step) {
+        const std::int64_t late = step == 60 ? 2 * TicksPerMs : 0;
+        clock.advanceTicks(step * period + late - clock.ticks());
+        presenter.stepDone(TableWait);
+    }
+    ASSERT_GT(paints.size(), 50u);
+    for (std::size_t i = 2; i < paints.size(); ++i) {
+        const bool isTheLateOne = paints[i] > 60 * period && paints[i] < 61 * period;
+        if (!isTheLateOne) {
+            EXPECT_NEAR(static_cast<double>(paints[i] % (6 * period)), 0, 1) << i;
+        }
+    }
+}
+
 TEST(RefreshPresenter, SettlesOnlyAPictureThatIsBehind) {
     FakeClock clock;
     int paints = 0;
