@@ -56,7 +56,8 @@ struct ScriptState final {
     /// The path without its extension, as the last save took it.
     QString ScriptFileBase;
     /// The file that holds this script and nothing else: it was saved there, or loaded from there
-    /// into an empty editor. A save replaces it without a question. Empty for none.
+    /// into an empty editor without anything left out. A save replaces it without a question. Empty
+    /// for none.
     QString ownFile;
     /// True while a script is loaded or saved: neither starts inside the other.
     bool fileInProgress = false;

@@ -12,10 +12,13 @@ namespace velmora {
 
 namespace {
 
-int failed(const QString& text) {
-    QString lines = text;
+void say(QString text) {
     QTextStream(stderr) << "velmora: "
-                        << lines.replace(QStringLiteral("\r\n\r\n"), QStringLiteral("\n")) << '\n';
+                        << text.replace(QStringLiteral("\r\n\r\n"), QStringLiteral("\n")) << '\n';
+}
+
+int failed(const QString& text) {
+    say(text);
     return 1;
 }
 
@@ -35,13 +38,17 @@ int convertScript(Session& session, const QString& from, const QString& to) {
     }
     UnattendedHost host(session, UnattendedHost::Notices::Nowhere);
     applyEditorDefaults(session);
-    const Outcome loaded = ScriptLoader(session, host, nullptr).loadUnattended(from);
+    ScriptLoader loader(session, host, nullptr);
+    const Outcome loaded = loader.loadUnattended(from);
     if (!loaded) {
         return failed(loaded.reason());
     }
     const Outcome saved = writeScriptTo(session, to);
     if (!saved) {
         return failed(QStringLiteral("I could not save %1.\n%2").arg(to, saved.reason()));
+    }
+    if (const QString leftOut = loader.leftOutText(); !leftOut.isEmpty()) {
+        say(leftOut);
     }
     return 0;
 }

@@ -9,10 +9,13 @@
 #include "editor/script_files.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_boxes.h"
+#include "platform/rich_text/rtf_reader.h"
 #include "platform/timing/event_pump.h"
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <array>
 
 namespace velmora {
 
@@ -23,6 +26,31 @@ constexpr int PumpsBeforeAppend = 4;
 
 ScriptType currentType(const Session& session) {
     return static_cast<ScriptType>(session.script.ScriptFileType);
+}
+
+/// "2 pictures, 1 footnote": what a file showed that the script does not. Empty for nothing.
+QString listOf(const RtfOmissions& omitted) {
+    struct Kind final {
+        int RtfOmissions::*count;
+        const char16_t* one;
+        const char16_t* many;
+    };
+    static constexpr std::array kinds = {
+        Kind{&RtfOmissions::pictures, u"picture", u"pictures"},
+        Kind{&RtfOmissions::objects, u"object", u"objects"},
+        Kind{&RtfOmissions::textBoxes, u"text box", u"text boxes"},
+        Kind{&RtfOmissions::headersAndFooters, u"header or footer", u"headers and footers"},
+        Kind{&RtfOmissions::footnotes, u"footnote", u"footnotes"},
+        Kind{&RtfOmissions::comments, u"comment", u"comments"},
+    };
+    QStringList parts;
+    for (const Kind& kind : kinds) {
+        if (const int count = omitted.*kind.count; count > 0) {
+            parts.append(QStringLiteral("%1 %2").arg(count).arg(
+                QString::fromUtf16(count == 1 ? kind.one : kind.many)));
+        }
+    }
+    return parts.join(QStringLiteral(", "));
 }
 
 /// Where the converter of DOC and DOCX will stand: it leaves the file's text in the box.
@@ -71,7 +99,7 @@ Outcome ScriptLoader::loadUnattended(const QString& path) {
     if (!outcome) {
         return Outcome::failure(failureText(outcome.reason()));
     }
-    tell({noTextText(), missingFontsText()});
+    tell({noTextText(), leftOutText(), missingFontsText()});
     return outcome;
 }
 
@@ -83,7 +111,7 @@ void ScriptLoader::load(const QString& path) {
         return;
     }
     ScriptState& script = m_session.script;
-    const QString ownFile = script.rtb1.isEmpty() ? script.ScriptFileName : script.ownFile;
+    const bool intoEmptyEditor = script.rtb1.isEmpty();
     const Outcome outcome = bringIn(place);
     m_host.showProgress(QString());
     m_session.platform.pump.DoEvents();
@@ -93,7 +121,10 @@ void ScriptLoader::load(const QString& path) {
                                          failureText(outcome.reason()), MessageButtons::Ok);
         return;
     }
-    script.ownFile = ownFile;
+    if (intoEmptyEditor) {
+        // To save over a file of which something was left out would lose that for good.
+        script.ownFile = m_leftOut.isEmpty() ? script.ScriptFileName : QString();
+    }
     tellAfterLoad(place);
 }
 
@@ -134,6 +165,7 @@ Outcome ScriptLoader::bringIn(Place place) {
     Outcome outcome = readIntoStaging();
     if (outcome) {
         m_holdsText = !rtb2.Text().trimmed().isEmpty();
+        m_leftOut = listOf(rtb2.omitted());
         if (place == Place::End) {
             // An appended file is a story of its own that can be jumped to.
             rtb2.setSelStart(0);
@@ -183,7 +215,7 @@ void ScriptLoader::moveStagingToEditor(Place place) {
 }
 
 void ScriptLoader::tellAfterLoad(Place place) {
-    tell({noTextText(), missingFontsText(), recentListText(place)});
+    tell({noTextText(), leftOutText(), missingFontsText(), recentListText(place)});
 }
 
 /// One notice of what there is to say.
@@ -194,6 +226,10 @@ void ScriptLoader::tell(QStringList notes) {
 
 QString ScriptLoader::noTextText() const {
     return m_holdsText ? QString() : QStringLiteral("The file holds no text.");
+}
+
+QString ScriptLoader::leftOutText() const {
+    return m_leftOut.isEmpty() ? QString() : QStringLiteral("Left out: %1.").arg(m_leftOut);
 }
 
 QString ScriptLoader::missingFontsText() const {

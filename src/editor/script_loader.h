@@ -29,6 +29,9 @@ public:
     /// Loads a file for an unattended run: at the caret, without a question, a message or a recent
     /// list. On failure the reason is a whole text for the user, the path included.
     Outcome loadUnattended(const QString& path);
+    /// A sentence about what the file that was read last showed beside its text, and the script
+    /// does not; empty where there was nothing of the kind.
+    [[nodiscard]] QString leftOutText() const;
 
 private:
     /// Where the new text goes, or Nowhere: the user cancelled.
@@ -53,6 +56,8 @@ private:
     RecentFileTable* m_recent;
     /// Of the file that was read last: whether there is anything to see in it.
     bool m_holdsText = true;
+    /// Of the same file: what was left out, as a list in words.
+    QString m_leftOut;
 };
 
 } // namespace velmora

@@ -92,7 +92,9 @@ void RichTextBox::Private::replaceSelection(const RichTextFragment& fragment) {
     notify(differs, oldSelection);
 }
 
-void RichTextBox::Private::replaceAll(const RichTextFragment& fragment) {
+void RichTextBox::Private::replaceAll(const RichTextFragment& fragment,
+                                      const RtfOmissions& leftOut) {
+    omitted = leftOut;
     const std::pair<int, int> oldSelection = selection();
     const bool differs = setContents(document, fragment, defaultFormat);
     if (differs) {
@@ -135,9 +137,13 @@ Outcome RichTextBox::setTextRTF(const QByteArray& rtf) {
     }
     const RtfReadResult read = readRtf(rtf);
     if (read.outcome) {
-        d->replaceAll(read.fragment);
+        d->replaceAll(read.fragment, read.omitted);
     }
     return read.outcome;
+}
+
+const RtfOmissions& RichTextBox::omitted() const {
+    return d->omitted;
 }
 
 RichTextFragment RichTextBox::fragment() const {

@@ -19,6 +19,7 @@ namespace velmora {
 class DocumentLayout;
 class GlyphMaskCache;
 class Surface;
+struct RtfOmissions;
 
 /// How a file is read and written. The numbers are those of ScriptFileType.
 enum class FileFormat : int { Rtf = 0, PlainText = 1 };
@@ -57,6 +58,9 @@ public:
     /// Plain text: UTF-8 with or without BOM, UTF-16 with BOM, else Windows-1252; line ends and
     /// control characters as in setSelText. A text of more than a million paragraphs fails.
     Outcome LoadFile(const QString& path, FileFormat format);
+    /// What the file showed beside its text, which a control has no place for. Of the RTF that came
+    /// with the last LoadFile or setTextRTF; nothing once something else has replaced everything.
+    [[nodiscard]] const RtfOmissions& omitted() const;
     /// Writes through a temporary file and a rename: a failure leaves an old file whole.
     /// Plain text: Windows-1252 if every character fits, else UTF-8 with BOM; line ends CR LF,
     /// those inside a paragraph too, for other programs know no other.

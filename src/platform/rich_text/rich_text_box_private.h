@@ -2,6 +2,7 @@
 
 #include "platform/rich_text/format_cells.h"
 #include "platform/rich_text/rich_text_box.h"
+#include "platform/rich_text/rtf_reader.h"
 
 #include <functional>
 #include <utility>
@@ -36,7 +37,7 @@ public:
     /// Replaces the selection, puts the caret behind, and signals.
     void replaceSelection(const RichTextFragment& fragment);
     /// Replaces everything and puts the caret at the beginning.
-    void replaceAll(const RichTextFragment& fragment);
+    void replaceAll(const RichTextFragment& fragment, const RtfOmissions& leftOut = {});
     /// Signals a change of the contents, and of the selection where it is no longer the old one.
     void notify(bool changed, std::pair<int, int> oldSelection);
     [[nodiscard]] std::pair<int, int> selection() const { return {anchor, caret}; }
@@ -76,6 +77,8 @@ public:
     CharacterFormat defaultFormat;
     /// Set by a setter at an empty selection, dropped by the next movement of the caret.
     std::optional<CharacterFormat> typingFormat;
+    /// Of the contents that came in last, as a whole.
+    RtfOmissions omitted;
     Rgb24 backColor = White;
     double wrapPixels = DefaultWrapPixels;
     double zoom = 1;

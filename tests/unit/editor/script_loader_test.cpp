@@ -1,5 +1,6 @@
 #include "editor/script_loader.h"
 
+#include "editor/convert.h"
 #include "editor/recent_files.h"
 #include "editor/script_conventions.h"
 #include "editor/script_saver.h"
@@ -153,6 +154,35 @@ TEST_F(ScriptLoaderTest, AFileWithNothingToShowIsNamedAsSuch) {
         EXPECT_EQ(test.host.notices.last().contains(u"The file holds no text."_qs), it.told)
             << it.bytes.toStdString();
     }
+}
+
+TEST_F(ScriptLoaderTest, WhatWasLeftOutIsToldAndTheFileNotReplacedUnasked) {
+    struct Case final {
+        QByteArray rtf;
+        QString notice;
+    };
+    for (const Case& it :
+         {Case{"a{\\pict 01}{\\pict 02}{\\footnote b}", u"Left out: 2 pictures, 1 footnote."_qs},
+          Case{"a{\\header b}{\\pict 01}{\\footnote b}{\\footnote c}",
+               u"Left out: 1 picture, 1 header or footer, 2 footnotes."_qs},
+          Case{"{\\footer b}{\\header b}",
+               u"The file holds no text. Left out: 2 headers and footers."_qs},
+          Case{"a", QString()}}) {
+        rtb1.setText(QString());
+        session.script.ownFile = QStringLiteral("before");
+        loadFile(rtf, "{\\rtf1 " + it.rtf + "}");
+        EXPECT_EQ(test.host.notices.value(test.host.notices.size() - 1), it.notice);
+        EXPECT_EQ(session.script.ownFile, it.notice.isEmpty() ? test.path(rtf) : QString());
+        TestSession unattended;
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(convertScript(unattended.session, test.path(rtf), test.path(txt)), 0);
+        EXPECT_EQ(testing::internal::GetCapturedStderr().find("Left out: ") != std::string::npos,
+                  it.notice.contains(u"Left out: "_qs));
+    }
+    // A file whose text is appended later leaves the script its own file.
+    loadFileWithAnswer(MessageAnswer::Yes, QStringLiteral("b.rtf"), "{\\rtf1 b{\\pict 01}}");
+    EXPECT_EQ(session.script.ownFile, test.path(rtf));
+    EXPECT_EQ(test.host.notices.last(), u"Left out: 1 picture."_qs);
 }
 
 TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
