@@ -3,7 +3,7 @@
 #include "display/display_window.h"
 #include "display/script_preparation.h"
 #include "display/show_hand_over.h"
-#include "display/show_observer.h"
+#include "support/quiet_observer.h"
 #include "support/test_session.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ using namespace velmora;
 namespace {
 
 /// A show over a script of forty lines, with acts on its window at given moments.
-class HandOver : public ::testing::Test, public ShowObserver {
+class HandOver : public ::testing::Test, public QuietObserver {
 protected:
     void SetUp() override {
         RichTextBox& rtb1 = t.session.script.rtb1;
@@ -46,9 +46,6 @@ protected:
         display = &window;
     }
     void loopStarted() override { ++shows; }
-    void stepDone(const StepRecord&) override {}
-    void limitReached() override {}
-    void loopEnded() override {}
 
     void press(int key) {
         QWidget* text = display->focusWidget();

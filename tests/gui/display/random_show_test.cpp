@@ -1,8 +1,8 @@
 #include "core/screen_scale.h"
 #include "display/display_geometry.h"
 #include "display/show_hand_over.h"
-#include "display/show_observer.h"
 #include "display/text_window.h"
+#include "support/quiet_observer.h"
 #include "support/test_session.h"
 #include "tall_picture.h"
 
@@ -21,7 +21,7 @@ namespace {
 
 /// Plays a show with random acts at its keys and scroll bar, and compares the window with the tall
 /// picture of the script at every moment at which a handler can look.
-class RandomShow final : public ShowObserver {
+class RandomShow final : public QuietObserver {
 public:
     explicit RandomShow(unsigned seed) : m_random(seed) {}
 
@@ -55,9 +55,6 @@ public:
         m_tall = std::make_unique<TallPicture>(rtb1, tables, geometry.WindowWidth(), rtb1.zoom(),
                                                rtb1.SelAlignment().value_or(Alignment::Left));
     }
-    void loopStarted() override {}
-    void stepDone(const StepRecord&) override {}
-    void limitReached() override {}
     void loopEnded() override { m_text = nullptr; }
 
     TestSession t;

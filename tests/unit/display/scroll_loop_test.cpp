@@ -1,6 +1,9 @@
 #include "display/scroll_loop.h"
 
 #include "display/show_navigation.h"
+#include "support/fake_presenter.h"
+#include "support/fake_show_screen.h"
+#include "support/quiet_observer.h"
 #include "support/test_session.h"
 
 #include <gtest/gtest.h>
@@ -14,61 +17,15 @@ namespace {
 constexpr int TextRows = 101;
 constexpr int LineHeight = 10;
 
-/// A display window that keeps what the loop tells it.
-class FakeScreen final : public ShowScreen {
-public:
-    void setElapsedText(const QString& text) override { elapsed = text; }
-    void setRemainingText(const QString& text) override { remaining = text; }
-    void setScrollValue(int line) override { scrollValues.push_back(line); }
-    void showDirection(int direction) override { shownDirection = direction; }
-    void hideNotice() override { ++noticesHidden; }
-    void showPicture() override { ++shown; }
-    void focusPicture() override {}
-
-    QString elapsed;
-    QString remaining;
-    std::vector<int> scrollValues;
-    int shownDirection = 1;
-    int noticesHidden = 0;
-    int shown = 0;
-};
-
-class FakePresenter final : public Presenter {
-public:
-    bool stepDone(std::int64_t) override {
-        ++steps;
-        if (onStep) {
-            onStep();
-        }
-        return true;
-    }
-    [[nodiscard]] std::int64_t lockedPeriod(std::int64_t period) const override {
-        return lock ? lock(period) : period;
-    }
-    void presentNow() override {}
-    void settle() override {}
-
-    int steps = 0;
-    std::function<void()> onStep;
-    std::function<std::int64_t(std::int64_t)> lock;
-};
-
-class CountingObserver final : public ShowObserver {
-public:
-    void showPrepared(const ShowTables&, const DisplayGeometry&, QWidget&) override {}
-    void loopStarted() override {}
-    void stepDone(const StepRecord&) override {}
-    void limitReached() override { ++limits; }
-    void loopEnded() override {}
-
-    int limits = 0;
-};
-
 /// A loop over a script of equal lines, on the fake clock.
 class ScrollLoopTest : public ::testing::Test {
 protected:
+    /// A show of so many lines from its beginning; may be called again after one.
     void prepare(int lines) {
-        screen = FakeScreen();
+        show = ShowState();
+        tables = ShowTables();
+        screen = FakeShowScreen();
+        presenter.steps = 0;
         QStringList text;
         for (int line = 0; line < lines; ++line) {
             text.append(QString::number(line));
@@ -96,12 +53,6 @@ protected:
         navigation = std::make_unique<ShowNavigation>(t.session, tables, composer, TextRows);
     }
 
-    void run() {
-        ScrollLoop loop({t.session, screen, tables, composer, *navigation, presenter, &observer},
-                        TextRows);
-        loop.run();
-    }
-
     /// The picture must follow ScrollRow at every moment at which a handler could look.
     void watch() {
         if (screen.shown > 0) {
@@ -109,23 +60,38 @@ protected:
         }
     }
 
-    void startAt(double seconds) {
-        t.pump.at(seconds, [this] { t.session.show.PauseState = 0; });
+    /// Seconds count from the last run's end.
+    void at(double seconds, FakeEventPump::Action act) {
+        t.pump.at(m_begin + seconds, std::move(act));
     }
-    void exitAt(double seconds) {
-        t.pump.at(seconds, [this] { t.session.show.ExitRequested = 1; });
+    void startAt(double seconds) {
+        at(seconds, [this] { show.PauseState = 0; });
+    }
+    void runUntil(double seconds) {
+        at(seconds, [this] { show.ExitRequested = 1; });
+        ScrollLoop loop({t.session, screen, tables, composer, *navigation, presenter, &observer},
+                        TextRows);
+        loop.run();
+        lasted = t.clock.secondsSinceStart() - m_begin;
+        m_begin += lasted;
     }
     [[nodiscard]] double stepSeconds(int speed) const { return std::pow(1.025, speed) / 1000; }
 
     TestSession t;
-    FakeScreen screen;
+    ShowState& show = t.session.show;
+    Settings& settings = t.session.settings;
+    FakeShowScreen screen;
     FakePresenter presenter;
-    CountingObserver observer;
+    QuietObserver observer;
     ShowTables tables;
     ScrollSurface ring;
     GlyphMaskCache masks;
     FrameComposer composer{masks};
     std::unique_ptr<ShowNavigation> navigation;
+    double lasted = 0;
+
+private:
+    double m_begin = 0;
 };
 
 } // namespace
@@ -133,72 +99,55 @@ protected:
 TEST_F(ScrollLoopTest, MovesARowAStepAtThePaceOfTheTable) {
     for (const int speed : {0, 60, 110}) {
         SCOPED_TRACE(speed);
-        t.session.show = ShowState();
-        t.session.settings.ScrollSpeed = speed;
-        tables = ShowTables();
+        settings.ScrollSpeed = speed;
         prepare(3000);
-        presenter.steps = 0;
-        const double now = t.clock.secondsSinceStart();
-        startAt(now + 1);
-        exitAt(now + 11);
-        run();
+        startAt(1);
+        runUntil(11);
         const double expected = 10 / stepSeconds(speed);
         EXPECT_NEAR(presenter.steps, expected, expected * 0.001 + 3);
-        EXPECT_EQ(t.session.show.ScrollRow, TextRows - 1 + presenter.steps);
+        EXPECT_EQ(show.ScrollRow, TextRows - 1 + presenter.steps);
     }
 }
 
-TEST_F(ScrollLoopTest, ElapsedClockStandsUntilTheFirstStartAndRunsOnInAPause) {
+TEST_F(ScrollLoopTest, ElapsedClockStandsUntilTheFirstStartAndRunsOnWhileNothingMoves) {
     prepare(2000);
-    QString beforeStart;
-    QString inPause;
-    t.pump.at(7, [&] { beforeStart = screen.elapsed; });
+    int stepsBefore = 0;
+    at(7, [&] { EXPECT_EQ(screen.elapsed, QStringLiteral("00:00")); });
     startAt(8);
-    t.pump.at(20, [&] { t.session.show.PauseState = 1; });
-    t.pump.at(33.5, [&] { inPause = screen.elapsed; });
-    exitAt(34);
-    run();
-    EXPECT_EQ(beforeStart, QStringLiteral("00:00"));
-    EXPECT_EQ(inPause, QStringLiteral("00:25"));
+    at(20, [&] { show.PauseState = 1; });
+    at(33.5, [&] {
+        EXPECT_EQ(screen.elapsed, QStringLiteral("00:25")) << "in a pause";
+        stepsBefore = presenter.steps;
+        settings.ScrollSpeed = 128;
+        show.PauseState = 0;
+    });
+    at(40.5, [&] { EXPECT_EQ(screen.elapsed, QStringLiteral("00:32")) << "in the dead band"; });
+    runUntil(41);
+    EXPECT_GT(stepsBefore, 0);
+    EXPECT_EQ(presenter.steps, stepsBefore);
 }
 
 TEST_F(ScrollLoopTest, ElapsedClockRestartsAtMidnight) {
     prepare(2000);
     t.clock.setTimer(86395);
     startAt(0);
-    QString after;
-    t.pump.at(12.5, [&] { t.session.show.PauseState = 1; });
-    t.pump.at(13.5, [&] { after = screen.elapsed; });
-    exitAt(14);
-    run();
-    EXPECT_EQ(after, QStringLiteral("00:08"));
-}
-
-TEST_F(ScrollLoopTest, DeadBandMovesNothingAndKeepsTheClock) {
-    prepare(2000);
-    t.session.settings.ScrollSpeed = 128;
-    startAt(0);
-    QString shown;
-    t.pump.at(5.5, [&] { shown = screen.elapsed; });
-    exitAt(6);
-    run();
-    EXPECT_EQ(presenter.steps, 0);
-    EXPECT_EQ(shown, QStringLiteral("00:05"));
+    at(12.5, [&] { show.PauseState = 1; });
+    at(13.5, [&] { EXPECT_EQ(screen.elapsed, QStringLiteral("00:08")); });
+    runUntil(14);
 }
 
 TEST_F(ScrollLoopTest, SpeedBeyondTheMiddleTurnsTheTextWithoutMovingIt) {
     prepare(2000);
     startAt(0);
     std::int64_t topAtTurn = 0;
-    t.pump.at(10, [&] {
+    at(10, [&] {
         topAtTurn = navigation->topRow();
-        t.session.settings.ScrollSpeed = 128;
+        settings.ScrollSpeed = 128;
     });
-    t.pump.at(11, [&] { EXPECT_EQ(navigation->topRow(), topAtTurn); });
-    t.pump.at(12, [&] { t.session.settings.ScrollSpeed = 195; });
-    exitAt(13);
-    run();
-    EXPECT_EQ(t.session.show.ScrollDirection, -1);
+    at(11, [&] { EXPECT_EQ(navigation->topRow(), topAtTurn); });
+    at(12, [&] { settings.ScrollSpeed = 195; });
+    runUntil(13);
+    EXPECT_EQ(show.ScrollDirection, -1);
     EXPECT_EQ(screen.shownDirection, -1);
     EXPECT_LT(ring.top(), topAtTurn - 100);
 }
@@ -206,29 +155,25 @@ TEST_F(ScrollLoopTest, SpeedBeyondTheMiddleTurnsTheTextWithoutMovingIt) {
 TEST_F(ScrollLoopTest, EndOfTheScriptStopsWithTheLastRowAtTheBottomAndTurnsInPlace) {
     for (const int rowStep : {1, 2}) {
         SCOPED_TRACE(rowStep);
-        t.session.show = ShowState();
-        t.session.settings.RowStep = rowStep;
-        t.session.settings.ScrollSpeed = 0;
-        tables = ShowTables();
+        settings.RowStep = rowStep;
+        settings.ScrollSpeed = 0;
         prepare(20);
-        const double now = t.clock.secondsSinceStart();
         const std::int64_t lastTop = tables.LastScrollRow - (TextRows - 1);
         std::int64_t topAtLimit = 0;
-        startAt(now);
-        t.pump.at(now + 5, [&] {
-            EXPECT_EQ(t.session.show.PauseState, 1);
+        startAt(0);
+        at(5, [&] {
+            EXPECT_EQ(show.PauseState, 1);
             topAtLimit = ring.top();
-            t.session.settings.ScrollSpeed = 250;
+            settings.ScrollSpeed = 250;
         });
-        t.pump.at(now + 5.003, [&] { EXPECT_GE(ring.top(), topAtLimit - 4 * rowStep); });
-        t.pump.at(now + 9, [&] {
-            EXPECT_EQ(t.session.show.PauseState, 1);
+        at(5.003, [&] { EXPECT_GE(ring.top(), topAtLimit - 4 * rowStep); });
+        at(9, [&] {
+            EXPECT_EQ(show.PauseState, 1);
             EXPECT_LE(ring.top(), rowStep);
-            t.session.settings.ScrollSpeed = 0;
+            settings.ScrollSpeed = 0;
         });
-        t.pump.at(now + 9.5, [&] { EXPECT_GT(ring.top(), 50); });
-        exitAt(now + 10);
-        run();
+        at(9.5, [&] { EXPECT_GT(ring.top(), 50); });
+        runUntil(10);
         EXPECT_GT(topAtLimit, lastTop - rowStep);
         EXPECT_LE(topAtLimit, lastTop);
     }
@@ -237,97 +182,84 @@ TEST_F(ScrollLoopTest, EndOfTheScriptStopsWithTheLastRowAtTheBottomAndTurnsInPla
 
 TEST_F(ScrollLoopTest, JumpEndsTheWaitAtALimitWithoutATurn) {
     prepare(60);
-    t.session.settings.ScrollSpeed = 0;
+    settings.ScrollSpeed = 0;
     startAt(0);
-    t.pump.at(3, [&] {
-        EXPECT_EQ(t.session.show.PauseState, 1);
+    at(3, [&] {
+        EXPECT_EQ(show.PauseState, 1);
         navigation->reposition(5);
     });
-    t.pump.at(3.2, [&] {
-        EXPECT_EQ(t.session.show.ScrollDirection, 1);
+    at(3.2, [&] {
+        EXPECT_EQ(show.ScrollDirection, 1);
         EXPECT_GT(ring.top(), 5 * LineHeight);
     });
-    exitAt(3.3);
-    run();
+    runUntil(3.3);
 }
 
 TEST_F(ScrollLoopTest, LoopingShowStartsByItselfAndBeginsAgainAtTheTop) {
     prepare(30);
-    t.session.settings.AutomaticLooping = 1;
-    t.session.settings.ScrollSpeed = 0;
-    t.session.show.StartFromCursor = 1;
-    t.session.show.StartPosition = 10;
-    t.pump.at(1, [&] { EXPECT_EQ(ring.top(), 10 * LineHeight); });
-    t.pump.at(3.9, [&] { EXPECT_EQ(presenter.steps, 0); });
-    t.pump.at(4.05, [&] { EXPECT_GT(presenter.steps, 0); });
+    // The first wait goes over midnight.
+    t.clock.setTimer(86398);
+    settings.AutomaticLooping = 1;
+    settings.ScrollSpeed = 0;
+    show.StartFromCursor = 1;
+    show.StartPosition = 10;
+    at(1, [&] { EXPECT_EQ(ring.top(), 10 * LineHeight); });
+    at(3.9, [&] { EXPECT_EQ(presenter.steps, 0); });
+    at(4.05, [&] { EXPECT_GT(presenter.steps, 0); });
     // About 0.1 s to the end, 4 s there, 4 s at the top.
-    t.pump.at(9, [&] { EXPECT_EQ(ring.top(), 0); });
-    t.pump.at(12.25, [&] { EXPECT_GT(ring.top(), 0); });
-    exitAt(13);
-    run();
+    at(9, [&] { EXPECT_EQ(ring.top(), 0); });
+    at(12.25, [&] { EXPECT_GT(ring.top(), 0); });
+    runUntil(13);
     EXPECT_EQ(screen.shown, 2);
     // Leaving inside the wait works at once.
-    EXPECT_LT(t.clock.secondsSinceStart(), 13.1);
-}
-
-TEST_F(ScrollLoopTest, WaitOfALoopingShowSurvivesMidnight) {
-    prepare(30);
-    t.session.settings.AutomaticLooping = 1;
-    t.clock.setTimer(86398);
-    t.pump.at(3.9, [&] { EXPECT_EQ(presenter.steps, 0); });
-    exitAt(4.2);
-    run();
-    EXPECT_GT(presenter.steps, 0);
+    EXPECT_LT(lasted, 13.1);
 }
 
 TEST_F(ScrollLoopTest, ScriptShorterThanTheWindowStandsStill) {
     prepare(5);
     startAt(1);
-    t.pump.at(2, [&] { t.session.settings.ScrollSpeed = 250; });
-    exitAt(5);
-    run();
+    at(2, [&] { settings.ScrollSpeed = 250; });
+    runUntil(5);
     EXPECT_EQ(presenter.steps, 0);
     EXPECT_EQ(screen.shown, 1);
-    EXPECT_EQ(t.session.show.ReachedEnd, 1);
+    EXPECT_EQ(show.ReachedEnd, 1);
     EXPECT_EQ(navigation->returnLine(), 0);
 }
 
 TEST_F(ScrollLoopTest, FullRangeTurnsByRequestAndStopsInItsZone) {
     prepare(2000);
-    t.session.settings.ScrollSpeedControl = FullRange;
-    t.session.settings.ScrollSpeed = 100;
+    settings.ScrollSpeedControl = FullRange;
+    settings.ScrollSpeed = 100;
     startAt(0);
     std::int64_t turnedAt = 0;
-    t.pump.at(10, [&] {
+    at(10, [&] {
         turnedAt = ring.top();
-        t.session.show.ReverseToBackward = 1;
+        show.ReverseToBackward = 1;
     });
     std::int64_t stoppedAt = 0;
-    t.pump.at(12, [&] {
+    at(12, [&] {
         EXPECT_LT(ring.top(), turnedAt);
-        t.session.settings.ScrollSpeed = 244;
+        settings.ScrollSpeed = 244;
     });
-    t.pump.at(12.5, [&] { stoppedAt = ring.top(); });
-    t.pump.at(14, [&] {
+    at(12.5, [&] { stoppedAt = ring.top(); });
+    at(14, [&] {
         EXPECT_EQ(ring.top(), stoppedAt);
-        t.session.show.ReverseToForward = 1;
-        t.session.settings.ScrollSpeed = 100;
+        show.ReverseToForward = 1;
+        settings.ScrollSpeed = 100;
     });
-    exitAt(16);
-    run();
+    runUntil(16);
     EXPECT_GT(ring.top(), stoppedAt);
     EXPECT_EQ(screen.remaining, QStringLiteral("00:00"));
 }
 
 TEST_F(ScrollLoopTest, HousekeepingFollowsTheStepsInForwardSplitRange) {
     prepare(3000);
-    t.session.settings.ScrollSpeed = 60;
+    settings.ScrollSpeed = 60;
     startAt(0);
-    exitAt(10);
-    run();
+    runUntil(10);
     // Set once at the start, then once in 91 steps.
     EXPECT_NEAR(static_cast<double>(screen.scrollValues.size()), presenter.steps / 91.0 + 1, 1.5);
-    const auto rowsLeft = static_cast<double>(tables.LastScrollRow - t.session.show.ScrollRow);
+    const auto rowsLeft = static_cast<double>(tables.LastScrollRow - show.ScrollRow);
     const double secondsLeft = rowsLeft * stepSeconds(60);
     const QStringList shown = screen.remaining.split(u':');
     ASSERT_EQ(shown.size(), 2);
@@ -345,16 +277,11 @@ TEST_F(ScrollLoopTest, BusyMachineDoesNotSlowTheTextDown) {
                 t.clock.advanceMicroseconds(paintMicroseconds);
             }
         };
-        t.session.show = ShowState();
-        tables = ShowTables();
         prepare(3000);
-        presenter.steps = 0;
-        t.session.settings.ScrollSpeed = 60;
-        const double now = t.clock.secondsSinceStart();
+        settings.ScrollSpeed = 60;
         t.pump.setPumpMicroseconds(300);
-        startAt(now);
-        exitAt(now + 10);
-        run();
+        startAt(0);
+        runUntil(10);
         EXPECT_NEAR(presenter.steps, 10 / stepSeconds(60), 12);
     }
 }
@@ -364,26 +291,24 @@ TEST_F(ScrollLoopTest, LockedStepsKeepTheirPeriodHoweverLongTheyTake) {
     constexpr std::int64_t Period = FakeClock::TicksPerSecond / 360;
     presenter.lock = [](std::int64_t) { return Period; };
     t.pump.setPumpMicroseconds(70);
-    t.session.settings.ScrollSpeed = 41;
+    settings.ScrollSpeed = 41;
     startAt(0);
-    exitAt(10);
-    run();
+    runUntil(10);
     EXPECT_NEAR(presenter.steps, 3600, 3);
 }
 
 TEST_F(ScrollLoopTest, LongStallIsNotMadeUpFor) {
     prepare(3000);
-    t.session.settings.ScrollSpeed = 60;
+    settings.ScrollSpeed = 60;
     startAt(0);
     int before = 0;
-    t.pump.at(5, [&] {
+    at(5, [&] {
         before = presenter.steps;
         t.clock.advanceSeconds(0.5);
     });
     int after = 0;
-    t.pump.at(5.6, [&] { after = presenter.steps; });
-    exitAt(6);
-    run();
+    at(5.6, [&] { after = presenter.steps; });
+    runUntil(6);
     // A tenth of a second's steps and those of one refresh, not the half second's.
     EXPECT_LE(after - before, (0.1 + 0.016) / stepSeconds(60) + 2);
     EXPECT_GE(after - before, 0.1 / stepSeconds(60) - 1);
@@ -391,48 +316,44 @@ TEST_F(ScrollLoopTest, LongStallIsNotMadeUpFor) {
 
 TEST_F(ScrollLoopTest, BlankScreenHoldsTheAutomaticStart) {
     prepare(100);
-    t.session.settings.AutomaticLooping = 1;
-    t.pump.at(2, [&] { t.session.show.BlankState = 1; });
-    t.pump.at(8, [&] {
+    settings.AutomaticLooping = 1;
+    at(2, [&] { show.BlankState = 1; });
+    at(8, [&] {
         EXPECT_EQ(presenter.steps, 0);
-        t.session.show.BlankState = 0;
+        show.BlankState = 0;
     });
-    t.pump.at(8.2, [&] { EXPECT_GT(presenter.steps, 0); });
-    exitAt(9);
-    run();
+    at(8.2, [&] { EXPECT_GT(presenter.steps, 0); });
+    runUntil(9);
 }
 
 TEST_F(ScrollLoopTest, JumpInTheWaitToLoopWinsOverTheReturnToTheTop) {
     prepare(30);
-    t.session.settings.AutomaticLooping = 1;
-    t.session.settings.ScrollSpeed = 0;
-    t.pump.at(6, [&] {
-        EXPECT_EQ(t.session.show.PauseState, 0) << "at the end, waiting";
+    settings.AutomaticLooping = 1;
+    settings.ScrollSpeed = 0;
+    at(6, [&] {
+        EXPECT_EQ(show.PauseState, 0) << "at the end, waiting";
         navigation->reposition(7);
     });
-    t.pump.at(8.3, [&] { EXPECT_GT(ring.top(), 7 * LineHeight); });
-    exitAt(8.4);
-    run();
+    at(8.3, [&] { EXPECT_GT(ring.top(), 7 * LineHeight); });
+    runUntil(8.4);
     EXPECT_EQ(screen.shown, 1);
 }
 
 TEST_F(ScrollLoopTest, OddRangeFromADamagedFileIsSplitRangeEverywhere) {
     prepare(500);
-    t.session.settings.ScrollSpeedControl = 2;
-    t.session.settings.ScrollSpeed = speedAfterKey(SpeedKey::End, 60, 2);
+    settings.ScrollSpeedControl = 2;
+    settings.ScrollSpeed = speedAfterKey(SpeedKey::End, 60, 2);
     startAt(0);
-    exitAt(3);
-    run();
+    runUntil(3);
     EXPECT_EQ(presenter.steps, 0) << "End stops the text";
 }
 
 TEST_F(ScrollLoopTest, FullScreenSparesEveryControl) {
     prepare(2000);
-    t.session.settings.FullScreenMode = 1;
-    t.session.settings.ScrollSpeed = 0;
+    settings.FullScreenMode = 1;
+    settings.ScrollSpeed = 0;
     startAt(0);
-    exitAt(2.0);
-    run();
+    runUntil(2.0);
     EXPECT_EQ(screen.scrollValues.size(), 1u);
     EXPECT_EQ(screen.remaining, QStringLiteral("00:00"));
 }
@@ -440,11 +361,10 @@ TEST_F(ScrollLoopTest, FullScreenSparesEveryControl) {
 TEST_F(ScrollLoopTest, NoticeGoesAfterTwoSeconds) {
     prepare(2000);
     startAt(0);
-    t.pump.at(5, [&] { t.session.show.MessageShownAt = t.clock.Timer(); });
-    t.pump.at(6.8, [&] { EXPECT_EQ(screen.noticesHidden, 0); });
-    t.pump.at(8, [&] { EXPECT_EQ(screen.noticesHidden, 1); });
-    exitAt(9);
-    run();
+    at(5, [&] { show.MessageShownAt = t.clock.Timer(); });
+    at(6.8, [&] { EXPECT_EQ(screen.noticesHidden, 0); });
+    at(8, [&] { EXPECT_EQ(screen.noticesHidden, 1); });
+    runUntil(9);
 }
 
 TEST_F(ScrollLoopTest, EveryWaitingStateCanBeLeft) {
@@ -454,19 +374,15 @@ TEST_F(ScrollLoopTest, EveryWaitingStateCanBeLeft) {
     };
     const State states[] = {
         {"before the start", [] {}},
-        {"paused", [&] { t.session.show.PauseState = 1; }},
-        {"blanked", [&] { t.session.show.PauseState = 1, t.session.show.BlankState = 1; }},
-        {"dead band", [&] { t.session.show.PauseState = 0, t.session.settings.ScrollSpeed = 128; }},
+        {"paused", [&] { show.PauseState = 1; }},
+        {"blanked", [&] { show.PauseState = 1, show.BlankState = 1; }},
+        {"dead band", [&] { show.PauseState = 0, settings.ScrollSpeed = 128; }},
     };
     for (const State& state : states) {
         SCOPED_TRACE(state.name);
-        t.session.show = ShowState();
-        tables = ShowTables();
         prepare(100);
-        const double now = t.clock.secondsSinceStart();
-        t.pump.at(now + 1, state.enter);
-        exitAt(now + 2);
-        run();
-        EXPECT_LT(t.clock.secondsSinceStart(), now + 2.1);
+        at(1, state.enter);
+        runUntil(2);
+        EXPECT_LT(lasted, 2.1);
     }
 }

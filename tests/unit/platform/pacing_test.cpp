@@ -113,19 +113,6 @@ TEST(RefreshPresenter, LockedPaintsKeepTheirGridAfterALateStep) {
     }
 }
 
-TEST(RefreshPresenter, SettlesOnlyAPictureThatIsBehind) {
-    FakeClock clock;
-    int paints = 0;
-    RefreshPresenter presenter(clock, 60, [&] { ++paints; });
-    presenter.presentNow();
-    presenter.settle();
-    EXPECT_EQ(paints, 1);
-    EXPECT_FALSE(presenter.stepDone(TicksPerMs));
-    presenter.settle();
-    presenter.settle();
-    EXPECT_EQ(paints, 2);
-}
-
 TEST(TimeOfDay, SpansSurviveMidnight) {
     EXPECT_DOUBLE_EQ(secondsSince(100, 104), 4);
     EXPECT_DOUBLE_EQ(secondsSince(86398, 2), 4);
