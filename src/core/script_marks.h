@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QChar>
+#include "platform/drawing/hidden_marks.h"
+
 #include <QStringView>
 
 namespace velmora {
 
-/// The markers of a script: plain characters in its text.
-inline constexpr QChar BookmarkMarker = u'^';
-inline constexpr QChar SelectiveBookmarkMarker = u'~';
-/// Parts two stories, on a line of its own; a bookmark as well, since it begins with one.
+/// Parts two stories, on a line of its own; a bookmark as well, since it begins with one. The
+/// markers themselves are defined where lines are drawn, which leaves them out.
 inline constexpr QStringView StoryBreakMarker = u"^----";
+static_assert(StoryBreakMarker[0] == BookmarkMarker);
 
 } // namespace velmora

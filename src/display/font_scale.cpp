@@ -1,6 +1,7 @@
 #include "display/font_scale.h"
 
 #include "display/display_geometry.h"
+#include "platform/drawing/reference_units.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -21,15 +22,13 @@ constexpr int LargestFit = 1000;
 constexpr int CoarseStep = 10;
 /// The fitted text may be so many pixels short of the ratio.
 constexpr double Slack = 12;
-/// Metrics are taken at 8 units a point, as the layout does, and told in pixels of 96 dpi.
-constexpr int UnitsPerPoint = 8;
-constexpr double UnitsPerPixel = 6;
 
 QString measuringString() {
     return QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ abcdefghijklmnopqrstuvwxyz1234567890`~!@#$%^"
                           "&*()-_=+\\|[]{};':,./<>?");
 }
 
+/// Metrics are taken in the layout's units, and told in pixels of 96 dpi.
 QFont referenceFont(const QString& name, int units) {
     QFont font(name);
     font.setPixelSize(std::max(1, units));
@@ -120,7 +119,7 @@ int largestScaledPoints(const QByteArray& rtf, double fontScale) {
 }
 
 double textHeight(const CharacterFormat& format) {
-    QFont font = referenceFont(format.fontName, format.halfPoints * UnitsPerPoint / 2);
+    QFont font = referenceFont(format.fontName, format.halfPoints * UnitsPerHalfPoint);
     font.setBold(format.bold);
     font.setItalic(format.italic);
     return QFontMetricsF(font).height() / UnitsPerPixel;

@@ -2,6 +2,7 @@
 
 #include "core/line_spacing.h"
 #include "core/number_format.h"
+#include "core/script_marks.h"
 #include "display/font_scale.h"
 #include "platform/rich_text/rich_text_box.h"
 
@@ -101,8 +102,8 @@ std::vector<int> linesOfMark(const RichTextBox& rtb1, QChar mark) {
 }
 
 void collectBookmarks(const RichTextBox& rtb1, ShowTables& tables) {
-    tables.BookmarkLines = linesOfMark(rtb1, u'^');
-    const std::vector<int> selective = linesOfMark(rtb1, u'~');
+    tables.BookmarkLines = linesOfMark(rtb1, BookmarkMarker);
+    const std::vector<int> selective = linesOfMark(rtb1, SelectiveBookmarkMarker);
     tables.BookmarkLines.insert(tables.BookmarkLines.end(), selective.begin(), selective.end());
     std::sort(tables.BookmarkLines.begin(), tables.BookmarkLines.end());
     tables.SelectiveBookmarkLines.assign(SelectiveSlots, 0);

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Reads every #include under src/ and refuses an arrow between layers that is not allowed.
+"""Reads every #include under src/ and refuses an arrow between layers, or between the parts of
+platform, that is not allowed.
 
     check_includes.py SOURCE_DIR QT_WIDGETS_HEADER_DIR
 
@@ -24,6 +25,16 @@ LAYERS = {
     "app": ["setup", "printing", "display", "editor"],
 }
 
+# The same for the folders inside platform. A file beside them may include none of them.
+PLATFORM_PARTS = {
+    "desktop": [],
+    "devices": [],
+    "drawing": [],
+    "text_services": [],
+    "timing": [],
+    "rich_text": ["drawing", "text_services"],
+}
+
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 SYSTEM_TEST = re.compile(
     r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*"
@@ -37,6 +48,18 @@ def reachable(layer):
     for below in LAYERS[layer]:
         found |= reachable(below)
     return found
+
+
+def part_of(path):
+    """The folder inside platform that a path from src/ on lies in; None outside, or beside them."""
+    parts = path.split("/")
+    return parts[1] if parts[0] == "platform" and len(parts) > 2 else None
+
+
+def crosses_parts(path, name):
+    """Whether a file of platform includes a header of a part that it may not know."""
+    part, target = part_of(path), part_of(name)
+    return target not in (None, part, *PLATFORM_PARTS.get(part, []))
 
 
 def source_files(root):
@@ -84,6 +107,8 @@ def violations(root, widget_headers):
             if target in LAYERS and "/" in name:
                 if target not in reachable(layer):
                     found.append(f"{where}: {layer} may not include {name}")
+                elif layer == "platform" and crosses_parts(where.as_posix(), name):
+                    found.append(f"{where}: {where.parent} may not include {name}")
             elif mark == '"' and not name.endswith(".moc") and not name.startswith(("moc_", "ui_")):
                 found.append(f"{where}: {name} is not named from src/ downwards")
         if layer == "core":

@@ -45,6 +45,8 @@ class IncludesTest(PlantedTree):
             ("display/a.cpp", '#include "editor/b.h"\n#include <QWidget>\n'),
             ("core/a.cpp", '#include "core/b.h"\n#include <QString>\n#include <vector>\n'),
             ("editor/a.cpp", '#include "a.moc"\n'),
+            ("platform/rich_text/a.h", '#include "platform/drawing/b.h"\n'),
+            ("platform/drawing/a.h", '#include "platform/outcome.h"\n'),
             ("platform/a_linux.cpp", "#ifdef Q_OS_LINUX\n#endif\n"),
         ]:
             with self.subTest(path):
@@ -54,6 +56,11 @@ class IncludesTest(PlantedTree):
         for path, text, word in [
             ("core/a.cpp", '#include "display/b.h"\n', "core may not include display/b.h"),
             ("platform/a.h", '  # include "core/b.h"\n', "platform may not include core/b.h"),
+            ("platform/drawing/a.h", '#include "platform/rich_text/b.h"\n',
+             "platform/drawing may not include platform/rich_text/b.h"),
+            ("platform/rich_text/a.h", '#include "platform/timing/b.h"\n', "timing/b.h"),
+            ("platform/stray/a.h", '#include "platform/drawing/b.h"\n', "drawing/b.h"),
+            ("platform/a.h", '#include "platform/drawing/b.h"\n', "drawing/b.h"),
             ("setup/a.h", '#include "display/b.h"\n', "setup may not include display/b.h"),
             ("editor/a.h", "#include <display/b.h>\n", "editor may not include display/b.h"),
             ("display/a.h", '#include "b.h"\n', "not named from src/"),

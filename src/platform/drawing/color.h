@@ -1,13 +1,19 @@
 #pragma once
 
-#include "platform/rich_text/rich_text_fragment.h"
-
 #include <QColor>
+
+#include <cstdint>
 
 namespace velmora {
 
-/// The pixel (0xffRRGGBB) of a colour of the rich text control (0x00BBGGRR). Every picture and
-/// every format takes its colours through here.
+/// A 24-bit colour as the rich text control keeps it: red in the low byte (0x00BBGGRR).
+using Rgb24 = std::uint32_t;
+
+inline constexpr Rgb24 Black = 0x000000;
+inline constexpr Rgb24 White = 0xFFFFFF;
+
+/// The pixel (0xffRRGGBB) of a colour of the rich text control. Every picture and every format
+/// takes its colours through here.
 [[nodiscard]] constexpr QRgb toPixel(Rgb24 color) {
     return qRgb(static_cast<int>(color & 0xff), static_cast<int>(color >> 8 & 0xff),
                 static_cast<int>(color >> 16 & 0xff));

@@ -4,8 +4,8 @@
 #include "platform/drawing/coverage_blend.h"
 #include "platform/drawing/glyph_mask_cache.h"
 #include "platform/drawing/line_shape.h"
+#include "platform/drawing/reference_units.h"
 #include "platform/drawing/surface.h"
-#include "platform/rich_text/document_layout.h"
 
 #include <QGlyphRun>
 #include <QPainter>
@@ -36,7 +36,7 @@ struct Placement final {
 
 Placement placeLine(const LineShape& shape, const PrintBox& box) {
     Placement place;
-    place.scale = box.zoom / DocumentLayout::UnitsPerPixel;
+    place.scale = box.zoom / UnitsPerPixel;
     const double width = (shape.textRight - shape.textLeft) * place.scale;
     double textLeft = box.left;
     if (box.alignment == Alignment::Centre)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/rich_text/print_box.h"
+#include "platform/drawing/print_box.h"
 
 #include <vector>
 

@@ -1,9 +1,10 @@
 #include "platform/drawing/line_shape.h"
 
-#include "platform/rich_text/document_layout.h"
-#include "platform/rich_text/fragment_document.h"
+#include "platform/drawing/hidden_marks.h"
+#include "platform/drawing/reference_units.h"
 
 #include <QGlyphRun>
+#include <QTextCharFormat>
 #include <QTextLayout>
 #include <QTextOption>
 
@@ -22,8 +23,8 @@ constexpr QChar Hyphen(u'-');
 
 bool isShown(QChar character) {
     switch (character.unicode()) {
-    case u'^':
-    case u'~':
+    case BookmarkMarker.unicode():
+    case SelectiveBookmarkMarker.unicode():
     case u'\r':
     case u'\n':
     case u'\v':
@@ -216,7 +217,7 @@ LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft) {
     option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(QTextOption::NoWrap);
     option.setUseDesignMetrics(true);
-    option.setTabStopDistance(DocumentLayout::TabDistanceUnits);
+    option.setTabStopDistance(TabDistanceUnits);
     QTextLayout layout(shown.text);
     layout.setTextOption(option);
     layout.setFormats(shown.ranges);

@@ -42,7 +42,7 @@ QTextOption optionFor(const ParagraphFormat& format) {
     option.setTextDirection(format.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(WrapMode);
     option.setUseDesignMetrics(true);
-    option.setTabStopDistance(DocumentLayout::TabDistanceUnits);
+    option.setTabStopDistance(TabDistanceUnits);
     return option;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/drawing/reference_units.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QTextBlock>
 #include <QTextLayout>
@@ -24,7 +26,7 @@ struct LinePlace final {
     [[nodiscard]] int start() const { return block.position() + line.textStart(); }
 };
 
-/// The layout of a script in reference units of 576 dpi: 8 units a point, 6 units a 96-dpi pixel.
+/// The layout of a script in reference units.
 ///
 /// Owned by its QTextDocument. Breaks depend on the text, its fonts and the wrap width alone, never
 /// on a screen or a zoom: whoever draws scales by a painter or by arithmetic. The layout is lazy:
@@ -37,13 +39,6 @@ struct LinePlace final {
 class DocumentLayout final : public QAbstractTextDocumentLayout {
     Q_OBJECT
 public:
-    static constexpr int UnitsPerPoint = 8;
-    static constexpr int UnitsPerPixel = 6;
-    /// Reference units of a font whose size is one half point; its whole multiples are font sizes.
-    static constexpr int UnitsPerHalfPoint = 4;
-    /// Tab stops stand every half inch.
-    static constexpr int TabDistanceUnits = 288;
-
     explicit DocumentLayout(QTextDocument* document);
 
     /// In reference units, at least MinWrapWidth. Changing it marks everything.

@@ -34,7 +34,7 @@ RichTextBox::Private::Private(RichTextBox& owner) : q(owner) {
     document.setDocumentMargin(0);
     layout = new DocumentLayout(&document);
     document.setDocumentLayout(layout);
-    layout->setWrapWidth(DefaultWrapPixels * DocumentLayout::UnitsPerPixel);
+    layout->setWrapWidth(DefaultWrapPixels * UnitsPerPixel);
     setContents(document, {}, defaultFormat);
 }
 
@@ -223,7 +223,7 @@ double RichTextBox::wrapWidth() const {
 void RichTextBox::setWrapWidth(double pixels) {
     if (d->wrapPixels != pixels && std::isfinite(pixels)) {
         d->wrapPixels = pixels;
-        d->layout->setWrapWidth(pixels * DocumentLayout::UnitsPerPixel);
+        d->layout->setWrapWidth(pixels * UnitsPerPixel);
         Q_EMIT appearanceChanged();
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/drawing/print_box.h"
 #include "platform/outcome.h"
-#include "platform/rich_text/print_box.h"
 #include "platform/rich_text/rich_text_fragment.h"
 
 #include <QByteArray>

@@ -13,7 +13,7 @@ namespace {
 
 /// 1 + floor(top * zoom), top in reference units.
 int verticalPixels(double topUnits, double zoom) {
-    const double pixels = 1 + std::floor(topUnits * zoom / DocumentLayout::UnitsPerPixel);
+    const double pixels = 1 + std::floor(topUnits * zoom / UnitsPerPixel);
     return static_cast<int>(std::min(pixels, double{std::numeric_limits<int>::max()}));
 }
 
@@ -90,7 +90,7 @@ std::vector<RichTextBox::LineMetrics> RichTextBox::lineMetrics(int count) const 
 
 double RichTextBox::lineHeight(int line) const {
     const LinePlace place = d->layout->lineAt(line);
-    return place.height * d->zoom / DocumentLayout::UnitsPerPixel;
+    return place.height * d->zoom / UnitsPerPixel;
 }
 
 } // namespace velmora

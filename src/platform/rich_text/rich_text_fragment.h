@@ -1,40 +1,12 @@
 #pragma once
 
+#include "platform/drawing/text_format.h"
+
 #include <QString>
 
-#include <cstdint>
 #include <vector>
 
 namespace velmora {
-
-/// A 24-bit colour as the rich text control keeps it: red in the low byte (0x00BBGGRR).
-using Rgb24 = std::uint32_t;
-
-inline constexpr Rgb24 Black = 0x000000;
-inline constexpr Rgb24 White = 0xFFFFFF;
-
-/// The format of a run of characters. Equality means: looks the same.
-struct CharacterFormat final {
-    QString fontName;
-    /// Font size in half points, the unit of RTF's \fs; MinHalfPoints to MaxHalfPoints.
-    int halfPoints = 24;
-    /// Text colour; the automatic colour is 0, black.
-    Rgb24 color = Black;
-    /// Background of the text; 0 is no background.
-    Rgb24 backColor = 0;
-    bool bold = false;
-    bool italic = false;
-    bool underline = false;
-    bool strikeThrough = false;
-
-    bool operator==(const CharacterFormat&) const = default;
-
-    static constexpr int MinHalfPoints = 2;
-    static constexpr int MaxHalfPoints = 2000;
-};
-
-/// Alignment of a paragraph, numbered as the control's SelAlignment property.
-enum class Alignment : std::int8_t { Left = 0, Right = 1, Centre = 2 };
 
 /// The format of a paragraph. Offsets are in twips (1/20 point).
 struct ParagraphFormat final {

@@ -31,7 +31,7 @@ int ViewGeometry::limited(int position) const {
 }
 
 double ViewGeometry::scale() const {
-    return m_box.zoom() / DocumentLayout::UnitsPerPixel;
+    return m_box.zoom() / UnitsPerPixel;
 }
 
 int ViewGeometry::columnLeft() const {
@@ -40,7 +40,7 @@ int ViewGeometry::columnLeft() const {
 }
 
 int ViewGeometry::documentTop(double units) const {
-    return limitedToInt(TopRow + std::floor(units * m_box.zoom() / DocumentLayout::UnitsPerPixel));
+    return limitedToInt(TopRow + std::floor(units * m_box.zoom() / UnitsPerPixel));
 }
 
 int ViewGeometry::maximumScroll() const {

@@ -75,8 +75,7 @@ protected:
         const double columnLeft =
             std::floor((view.viewport()->width() - box.wrapWidth() * box.zoom()) / 2);
         const int top = box.verticalPosition(position) - view.verticalScrollBar()->value();
-        return {columnLeft + x * box.zoom() / DocumentLayout::UnitsPerPixel,
-                top + box.lineHeight(line.number) / 2};
+        return {columnLeft + x * box.zoom() / UnitsPerPixel, top + box.lineHeight(line.number) / 2};
     }
     /// A point on the character, a little right of its left edge.
     [[nodiscard]] QPoint pointOn(int position) const {

@@ -71,7 +71,7 @@ TEST_F(ViewPainting, PaintsWhatTheLayoutDraws) {
         expected.fill(QColor(0, 0, 128));
         QPainter painter(&expected);
         painter.translate(std::floor((expected.width() - box.wrapWidth() * zoom) / 2), 1);
-        painter.scale(zoom / DocumentLayout::UnitsPerPixel, zoom / DocumentLayout::UnitsPerPixel);
+        painter.scale(zoom / UnitsPerPixel, zoom / UnitsPerPixel);
         for (QTextBlock block = box.document().begin(); block.isValid(); block = block.next()) {
             block.layout()->draw(&painter, QPointF(0, box.layout().blockTop(block)));
         }
@@ -252,8 +252,8 @@ TEST_F(ViewPainting, SelectsWhatTheEyeSeesInMixedDirections) {
         }
         const double columnLeft =
             std::floor((view.viewport()->width() - box.wrapWidth() * box.zoom()) / 2);
-        const int x = static_cast<int>(columnLeft + (left + right) / 2 * box.zoom() /
-                                                        DocumentLayout::UnitsPerPixel);
+        const int x =
+            static_cast<int>(columnLeft + (left + right) / 2 * box.zoom() / UnitsPerPixel);
         const bool isSelected = position >= 2 && position < 7;
         EXPECT_EQ(image.pixelColor(x, y) == highlight, isSelected) << position;
     }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/drawing/print_box.h"
 #include "platform/drawing/surface.h"
-#include "platform/rich_text/print_box.h"
 
 #include <QImage>
 

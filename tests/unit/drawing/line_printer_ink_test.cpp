@@ -1,11 +1,12 @@
 #include "platform/drawing/glyph_mask_cache.h"
 #include "platform/drawing/line_printer.h"
-#include "platform/rich_text/document_layout.h"
-#include "platform/rich_text/fragment_document.h"
+#include "platform/drawing/reference_units.h"
+#include "platform/drawing/text_format.h"
 #include "unit/drawing/ink.h"
 
 #include <QFontDatabase>
 #include <QPainter>
+#include <QTextCharFormat>
 #include <QTextLayout>
 
 #include <gtest/gtest.h>
@@ -37,7 +38,7 @@ Window windowFor(const Screen& screen, int columnMargin) {
     const double wrapPixels = (640 - columnMargin) / 2.0 - 16;
     const double side = std::floor((freeWidth - wrapPixels * window.zoom - 12) / 2);
     window.width = static_cast<int>(freeWidth - 2 * std::max(0.0, side));
-    window.wrapUnits = wrapPixels * DocumentLayout::UnitsPerPixel;
+    window.wrapUnits = wrapPixels * UnitsPerPixel;
     return window;
 }
 
@@ -98,7 +99,7 @@ void setOptions(QTextLayout& layout, Qt::LayoutDirection direction) {
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setUseDesignMetrics(true);
-    option.setTabStopDistance(DocumentLayout::TabDistanceUnits);
+    option.setTabStopDistance(TabDistanceUnits);
     option.setTextDirection(direction);
     layout.setTextOption(option);
 }
@@ -117,7 +118,7 @@ Line drawnByTheTextEngine(const std::vector<StyledText>& runs, const Window& win
     line.setLineWidth(1 << 20);
     layout.endLayout();
     line.setPosition({line.naturalTextRect().x() * -1, 0});
-    const double scale = window.zoom / DocumentLayout::UnitsPerPixel;
+    const double scale = window.zoom / UnitsPerPixel;
     Line result{runs, line.height() * scale, Room + (line.ascent() + line.descent()) * scale, {}};
     result.reference =
         QImage(window.width + 2 * Room, static_cast<int>(result.naturalHeight) + 2 * Room,

@@ -52,7 +52,7 @@ void fill(RichTextBox& box, const QString& text, bool rightToLeft, double wrapPi
 /// A line of the paragraph as the text engine draws it there.
 Ink drawnInItsParagraph(const RichTextBox& box, int line) {
     const LinePlace place = box.layout().lineAt(line);
-    const double scale = Zoom / DocumentLayout::UnitsPerPixel;
+    const double scale = Zoom / UnitsPerPixel;
     QImage image(static_cast<int>(box.wrapWidth() * Zoom) + 2 * Room,
                  static_cast<int>(place.height * scale) + 2 * Room, QImage::Format_RGB32);
     image.fill(Qt::black);

@@ -128,7 +128,7 @@ TEST(LayoutLines, StandWhereAlignmentAndOffsetsPutThem) {
         std::optional<double> right;
     };
     constexpr double Width = 1800;
-    constexpr double Twenty = 20 * DocumentLayout::UnitsPerPoint;
+    constexpr double Twenty = 20 * UnitsPerPoint;
     const Case cases[] = {
         {Alignment::Left, false, 0, 0, 0.0, {}},
         {Alignment::Right, false, 0, 0, {}, Width},
@@ -188,8 +188,8 @@ TEST(LayoutLines, TabsStandOnAGrid) {
     RichTextBox box;
     fill(box, QStringLiteral("\ta\tb"), {}, 24);
     const QTextLine line = box.layout().lineAt(0).line;
-    EXPECT_NEAR(line.cursorToX(1), DocumentLayout::TabDistanceUnits, 0.1);
-    EXPECT_NEAR(line.cursorToX(3), 2 * DocumentLayout::TabDistanceUnits, 0.1);
+    EXPECT_NEAR(line.cursorToX(1), TabDistanceUnits, 0.1);
+    EXPECT_NEAR(line.cursorToX(3), 2 * TabDistanceUnits, 0.1);
 }
 
 TEST(LayoutLines, AreRightBeyondTheHeightThatTheStockLayoutHolds) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/rich_text/rich_text_fragment.h"
+#include "platform/drawing/text_format.h"
 
 #include <QString>
 
