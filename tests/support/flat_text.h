@@ -2,10 +2,13 @@
 
 #include "platform/rich_text/rich_text_fragment.h"
 
+#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
 #include <cstddef>
+#include <string>
 #include <vector>
 
 namespace velmora {
@@ -19,6 +22,15 @@ struct FlatText final {
 
     bool operator==(const FlatText&) const = default;
 };
+
+/// The text alone, a line feed between paragraphs.
+inline QString plainText(const RichTextFragment& fragment) {
+    QStringList lines;
+    for (const Paragraph& paragraph : fragment.paragraphs) {
+        lines.append(paragraph.text);
+    }
+    return lines.join(u'\n');
+}
 
 inline FlatText flatten(const RichTextFragment& fragment) {
     FlatText flat;
@@ -38,19 +50,24 @@ inline FlatText flatten(const RichTextFragment& fragment) {
     return flat;
 }
 
-/// The words of a text, parted at everything that is no letter, digit or mark.
+/// The words of a text: what stands between white space.
 inline QStringList wordsOf(const QString& text) {
-    QStringList words;
-    QString word;
-    for (const QChar c : text + u' ') {
-        if (c.isLetterOrNumber() || c.isMark() || c.isSurrogate() || c.isSymbol() || c.isPunct()) {
-            word += c;
-        } else if (!word.isEmpty()) {
-            words += word;
-            word.clear();
-        }
+    static const QRegularExpression blanks(QStringLiteral("\\s+"),
+                                           QRegularExpression::UseUnicodePropertiesOption);
+    return text.split(blanks, Qt::SkipEmptyParts);
+}
+
+/// Where two texts part, with what stands there; empty for the same text.
+inline std::string difference(const QString& left, const QString& right) {
+    const auto parted = std::mismatch(left.begin(), left.end(), right.begin(), right.end()).first;
+    const qsizetype at = parted - left.begin();
+    if (left == right) {
+        return {};
     }
-    return words;
+    const auto around = [at](const QString& text) {
+        return text.mid(std::max<qsizetype>(at - 20, 0), 60).toStdString();
+    };
+    return "at " + std::to_string(at) + ": [" + around(left) + "] and [" + around(right) + "]";
 }
 
 } // namespace velmora

@@ -1,13 +1,13 @@
 #include "support/fragment_description.h"
 
 #include "platform/rich_text/rtf_reader.h"
+#include "platform/rich_text/rtf_writer.h"
 
 #include <QStringList>
 
 #include <algorithm>
-#include <random>
 
-namespace velmora::test {
+namespace velmora {
 
 namespace {
 
@@ -140,58 +140,29 @@ QString faultOf(const RichTextFragment& fragment) {
     return {};
 }
 
-RichTextFragment randomFragment(unsigned seed) {
-    std::mt19937 random(seed);
-    const auto below = [&random](int limit) {
-        return static_cast<int>(random() % static_cast<unsigned>(limit));
-    };
-    const QStringList fonts = {QStringLiteral("Arial"), QStringLiteral("Times New Roman"),
-                               QStringLiteral("Symbol"), QStringLiteral("\u660e\u671d {x}"),
-                               QString()};
-    const QStringList texts = {QStringLiteral("word "),
-                               QStringLiteral("\\{}"),
-                               QStringLiteral("\u00e9\u00fc\u00df"),
-                               QStringLiteral("\u65e5\u672c"),
-                               QStringLiteral("\U0001F3A5"),
-                               QStringLiteral("\u2028"),
-                               QStringLiteral("\t"),
-                               QStringLiteral("1-2"),
-                               QStringLiteral("\u00a0\u00ad\u2011"),
-                               QStringLiteral("^----"),
-                               QStringLiteral(" "),
-                               QStringLiteral("\u05e9\uF0B7")};
-    RichTextFragment fragment;
-    for (int count = 1 + below(6); count > 0; --count) {
-        CharacterFormat format;
-        format.fontName = fonts.at(below(static_cast<int>(fonts.size())));
-        format.halfPoints = below(3) == 0 ? 24 : 2 + below(1999);
-        format.color = below(2) == 0 ? Black : static_cast<Rgb24>(below(0x1000000));
-        format.backColor = below(3) == 0 ? static_cast<Rgb24>(below(0x1000000)) : 0;
-        format.bold = below(2) == 0;
-        format.italic = below(3) == 0;
-        format.underline = below(4) == 0;
-        format.strikeThrough = below(5) == 0;
-        fragment.formats.push_back(format);
+QString faultOfReading(const QByteArray& rtf) {
+    const RtfReadResult read = readRtf(rtf);
+    if (!read.outcome) {
+        return read.fragment.paragraphs.empty() ? QString() : QStringLiteral("text of a failure");
     }
-    const int formatCount = static_cast<int>(fragment.formats.size());
-    for (int count = 1 + below(8); count > 0; --count) {
-        Paragraph paragraph;
-        for (int runs = below(5); runs > 0; --runs) {
-            QString text;
-            for (int pieces = 1 + below(4); pieces > 0; --pieces) {
-                text += texts.at(below(static_cast<int>(texts.size())));
-            }
-            paragraph.text += text;
-            paragraph.runs.push_back({static_cast<int>(text.size()), below(formatCount)});
-        }
-        paragraph.endFormat = below(formatCount);
-        paragraph.format.alignment = static_cast<Alignment>(below(3));
-        paragraph.format.rightToLeft = below(4) == 0;
-        paragraph.format.leftOffsetTwips = below(3) == 0 ? below(3000) - 300 : 0;
-        paragraph.format.firstLineOffsetTwips = below(3) == 0 ? below(1000) - 500 : 0;
-        fragment.paragraphs.push_back(std::move(paragraph));
+    if (const QString fault = faultOf(read.fragment); !fault.isEmpty()) {
+        return fault;
     }
-    return fragment;
+    // No input grows: a character takes a byte at least, and so does a paragraph's end.
+    qsizetype units = 0;
+    for (const Paragraph& paragraph : read.fragment.paragraphs) {
+        units += paragraph.text.size() + 1;
+    }
+    if (read.fragment.paragraphs.empty() || units > rtf.size() + 1) {
+        return QStringLiteral("%1 units of %2 bytes").arg(units).arg(rtf.size());
+    }
+    const QByteArray written = writeRtf(read.fragment);
+    const RtfReadResult again = readRtf(written);
+    if (!again.outcome || again.fragment.paragraphs.size() != read.fragment.paragraphs.size() ||
+        writeRtf(again.fragment) != written) {
+        return QStringLiteral("what is written of it is not read and written the same");
+    }
+    return {};
 }
 
-} // namespace velmora::test
+} // namespace velmora

@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace velmora::test {
+namespace velmora {
 
 /// A fragment as one readable line for comparisons. Paragraphs are separated by "|"; a run that is
 /// not plain stands in braces behind what it has: b, i, u, s, the size in half points unless 24,
@@ -24,7 +24,9 @@ namespace velmora::test {
 /// that a document cannot hold. Empty, or what is wrong.
 [[nodiscard]] QString faultOf(const RichTextFragment& fragment);
 
-/// A fragment with a bit of everything; the same for the same seed.
-[[nodiscard]] RichTextFragment randomFragment(unsigned seed);
+/// What every reading must keep to, whatever the bytes are: a sound text not longer than they are,
+/// which is written and read and written the same again. Empty, or what is wrong; a failure that
+/// gives no text is none.
+[[nodiscard]] QString faultOfReading(const QByteArray& rtf);
 
-} // namespace velmora::test
+} // namespace velmora

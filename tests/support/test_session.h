@@ -8,12 +8,10 @@
 #include "support/fake_file_dialogs.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_monitors.h"
+#include "support/files.h"
 
-#include <QFile>
 #include <QString>
 #include <QTemporaryDir>
-
-#include <stdexcept>
 
 namespace velmora {
 
@@ -37,17 +35,10 @@ public:
     [[nodiscard]] QString path(const QString& name) const { return session.AppFolder + name; }
     /// Writes a file into the AppFolder and gives its full path.
     QString write(const QString& name, const QByteArray& bytes) const {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-            throw std::runtime_error("the test's own file could not be written");
-        }
-        return file.fileName();
+        return writeBytes(path(name), bytes);
     }
     /// Contents of a file in the AppFolder; null when it does not exist.
-    [[nodiscard]] QByteArray read(const QString& name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    [[nodiscard]] QByteArray read(const QString& name) const { return bytesOf(path(name)); }
 
     FakeClock clock;
     FakeEventPump pump{clock};

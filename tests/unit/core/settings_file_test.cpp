@@ -1,10 +1,10 @@
 #include "core/settings_file.h"
 
 #include "core/list_items.h"
+#include "support/files.h"
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QFileInfo>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -19,22 +19,15 @@ protected:
     [[nodiscard]] QString folder() const { return m_folder.path() + QStringLiteral("/"); }
     [[nodiscard]] QString damaged() const { return m_file.path() + QStringLiteral(".damaged"); }
 
-    void write(const QByteArray& bytes) const {
-        QFile file(m_file.path());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
-    }
+    void write(const QByteArray& bytes) const { writeBytes(m_file.path(), bytes); }
     void write(const QStringList& lines) const {
         write(lines.join(QStringLiteral("\r\n")).toLatin1() + "\r\n");
-    }
-    [[nodiscard]] static QByteArray read(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     /// The lines of a first run's file; field N of the file is line N - 1.
     [[nodiscard]] QStringList firstRunLines() {
         EXPECT_TRUE(m_file.save(defaultSettings(folder(), 1080)));
-        QStringList lines = QString::fromLatin1(read(m_file.path())).split(QStringLiteral("\r\n"));
+        QStringList lines =
+            QString::fromLatin1(bytesOf(m_file.path())).split(QStringLiteral("\r\n"));
         lines.removeLast();
         return lines;
     }
@@ -61,7 +54,7 @@ TEST_F(SettingsFileTest, FirstRunHasTheDefaultsAndWritesThemInTheFilesForm) {
                        "26 |%1| 0 | 1 | 0 | 0 | 0 | 0 | 1 | 0 | 30 | 0 | 5 | 4 | 8 | 2 | 3 | 0 | 0 "
                        "| 0 | 0 | 0 | 0 | 0 ||||||%1| 1 |")
             .arg(scripts);
-    EXPECT_EQ(QString::fromLatin1(read(m_file.path())),
+    EXPECT_EQ(QString::fromLatin1(bytesOf(m_file.path())),
               QString(text).replace(u'|', QStringLiteral("\r\n")));
     EXPECT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::Read);
     EXPECT_EQ(m_settings.ScriptsFolder, scripts);
@@ -86,7 +79,7 @@ TEST_F(SettingsFileTest, KeepsEveryFieldOfARoundTrip) {
     lines[2] = QStringLiteral(" 60.5 ");
     lines[45] = QStringLiteral(" 1.2 ");
     write(lines);
-    const QByteArray before = read(m_file.path());
+    const QByteArray before = bytesOf(m_file.path());
     ASSERT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::Read);
     EXPECT_EQ(m_settings.ColumnMargin, 1);
     EXPECT_EQ(m_settings.ScrollSpeed, 60.5);
@@ -94,7 +87,7 @@ TEST_F(SettingsFileTest, KeepsEveryFieldOfARoundTrip) {
     EXPECT_EQ(m_settings.CCFlow, 39);
     EXPECT_EQ(m_settings.Delay, 1.2);
     ASSERT_TRUE(m_file.save(m_settings));
-    EXPECT_EQ(read(m_file.path()), before);
+    EXPECT_EQ(bytesOf(m_file.path()), before);
 }
 
 TEST_F(SettingsFileTest, NoTextShiftsTheFieldsBehindIt) {
@@ -149,7 +142,7 @@ TEST_F(SettingsFileTest, LimitsWhatAFileHoldsWrongly) {
     EXPECT_EQ(m_settings.ScreenFontName, u"Arial");
     loadWith(2, QStringLiteral(" 2 "));
     ASSERT_TRUE(m_file.save(m_settings));
-    EXPECT_TRUE(read(m_file.path()).startsWith(" 12 \r\n 0 \r\n"));
+    EXPECT_TRUE(bytesOf(m_file.path()).startsWith(" 12 \r\n 0 \r\n"));
 }
 
 TEST_F(SettingsFileTest, DamagedFileGivesDefaultsButKeepsTheCaptionFieldsRead) {
@@ -199,10 +192,10 @@ TEST_F(SettingsFileTest, KeepsADamagedFileOnceBesideTheSavedOne) {
     ASSERT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::Damaged);
     EXPECT_FALSE(QFileInfo::exists(damaged()));
     ASSERT_TRUE(m_file.save(m_settings));
-    EXPECT_EQ(read(damaged()), "not settings");
+    EXPECT_EQ(bytesOf(damaged()), "not settings");
     // The second save must not take the good file for the damaged one.
     ASSERT_TRUE(m_file.save(m_settings));
-    EXPECT_EQ(read(damaged()), "not settings");
+    EXPECT_EQ(bytesOf(damaged()), "not settings");
     EXPECT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::Read);
 }
 

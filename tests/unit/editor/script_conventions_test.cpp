@@ -2,11 +2,10 @@
 
 #include "platform/rich_text/rich_text_box.h"
 #include "support/flat_text.h"
+#include "support/random_text.h"
 #include "support/test_session.h"
 
 #include <gtest/gtest.h>
-
-#include <random>
 
 namespace velmora {
 namespace {
@@ -49,35 +48,14 @@ void replaceTabsOneByOne(RichTextBox& box) {
     }
 }
 
-/// Paragraphs of runs in these colours, some of them empty but for the last, with tabs and
-/// characters outside the BMP among the text.
-RichTextFragment randomText(std::mt19937& random, const std::vector<Rgb24>& colors) {
-    const auto below = [&random](int limit) {
-        return static_cast<int>(random() % static_cast<unsigned>(limit));
-    };
-    RichTextFragment text;
-    for (const Rgb24 color : colors) {
-        CharacterFormat format;
-        format.fontName = QStringLiteral("Liberation Sans");
-        format.color = color;
-        text.formats.push_back(format);
-    }
-    const int count = 1 + below(12);
-    for (int i = 0; i < count; ++i) {
-        Paragraph paragraph;
-        for (int run = below(4) + (i + 1 == count ? 1 : 0); run > 0; --run) {
-            QString word(1 + below(70), QChar(u'a' + below(26)));
-            word += below(3) == 0 ? QStringLiteral("\t𝄞") : QString();
-            paragraph.runs.push_back(
-                {static_cast<int>(word.size()), below(static_cast<int>(colors.size()))});
-            paragraph.text += word;
-        }
-        paragraph.endFormat = paragraph.runs.empty() ? below(static_cast<int>(colors.size()))
-                                                     : paragraph.runs.back().format;
-        paragraph.format.alignment = static_cast<Alignment>(below(3));
-        paragraph.format.leftOffsetTwips = below(3) * 360;
-        text.paragraphs.push_back(paragraph);
-    }
+/// Text in these colours and its own formats; the last paragraph is not empty.
+RichTextFragment textIn(const std::vector<Rgb24>& colors, unsigned seed) {
+    RandomTextParts parts;
+    parts.colors = colors;
+    parts.runsCutCharacters = false;
+    RandomText random(seed, parts);
+    RichTextFragment text = random.fragment(0, 11, 30);
+    text.paragraphs.push_back({QStringLiteral("the last words"), {{9, 0}, {5, 1}}, 1, {}});
     return text;
 }
 
@@ -109,10 +87,8 @@ TEST(ColourRule, GivesWhatTheWalkInBlocksGives) {
                                                       {Black, Red},
                                                       {White, Red},
                                                       {Black, White, Red, 0x800000}};
-    std::mt19937 random(7);
-    for (int round = 0; round < 60; ++round) {
-        const RichTextFragment text =
-            randomText(random, palettes[static_cast<std::size_t>(round) % palettes.size()]);
+    for (unsigned round = 0; round < 60; ++round) {
+        const RichTextFragment text = textIn(palettes[round % palettes.size()], round);
         for (const auto& [target, other, blockSize] :
              {std::tuple{White, Black, 50}, {Black, White, 30}}) {
             RichTextBox walked;
@@ -142,9 +118,8 @@ TEST(ColourRule, DependsOnTheBackground) {
 }
 
 TEST(TabRule, GivesWhatFindingThemOneByOneGives) {
-    std::mt19937 random(11);
-    for (int round = 0; round < 20; ++round) {
-        RichTextFragment text = randomText(random, {Black, Red});
+    for (unsigned round = 0; round < 20; ++round) {
+        RichTextFragment text = textIn({Black, Red}, round);
         RichTextBox box;
         box.setFragment(text);
         replaceTabsOneByOne(box);
@@ -167,8 +142,7 @@ TEST(PlainTextLook, CoversEveryCharacterAndEveryEmptyLine) {
     const CharacterFormat look = plainTextLook(test.session, QStringLiteral("DejaVu Sans"), 30.5);
     EXPECT_EQ(look.color, Red);
     EXPECT_EQ(look.halfPoints, 61);
-    std::mt19937 random(3);
-    RichTextFragment text = randomText(random, {Black, White});
+    RichTextFragment text = textIn({Black, White}, 3);
     const QString before = flatten(text).text;
     applyPlainTextLook(text, look);
     const FlatText flat = flatten(text);

@@ -1,10 +1,9 @@
 #include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rich_text_box.h"
+#include "support/files.h"
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 namespace velmora {
@@ -15,15 +14,7 @@ protected:
     [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
 
     [[nodiscard]] QString write(const QString& name, const QByteArray& bytes) const {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        return file.fileName();
-    }
-
-    static QByteArray read(const QString& name) {
-        QFile file(name);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
+        return writeBytes(path(name), bytes);
     }
 
     RichTextBox box;
@@ -57,7 +48,7 @@ TEST_F(BoxFiles, PlainTextOfEveryKindLoadsAndComesBack) {
         EXPECT_EQ(box.Text(), c.text);
         const QString out = path(u"out.txt"_qs);
         ASSERT_TRUE(box.SaveFile(out, FileFormat::PlainText));
-        EXPECT_EQ(read(out), c.saved);
+        EXPECT_EQ(bytesOf(out), c.saved);
         ASSERT_TRUE(box.LoadFile(out, FileFormat::PlainText));
         EXPECT_EQ(box.Text(), c.text);
     }

@@ -1,7 +1,7 @@
 #include "naive_box.h"
-#include "random_fragment.h"
 
 #include "platform/rich_text/rich_text_box.h"
+#include "support/random_text.h"
 
 #include <gtest/gtest.h>
 
@@ -110,7 +110,7 @@ private:
 
     void insertFragment() {
         last = QStringLiteral("insert fragment");
-        const RichTextFragment fragment = random.fragment(3, 4);
+        const RichTextFragment fragment = random.fragment(0, 3, 4);
         mayChangeUnseen = true;
         box.replaceSelection(fragment);
         model.replace(fragment);
@@ -118,7 +118,7 @@ private:
 
     void setEverything() {
         last = QStringLiteral("set everything");
-        RichTextFragment fragment = random.fragment(6);
+        RichTextFragment fragment = random.fragment(0, 6, 8);
         if (random.once(2)) {
             // Most of what is there stays: the box may leave it alone.
             fragment = box.fragment();
@@ -266,7 +266,7 @@ private:
         }
     }
 
-    RandomFragments random;
+    RandomText random;
     RichTextBox box;
     NaiveBox model;
     int changes = 0;

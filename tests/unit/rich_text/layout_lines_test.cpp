@@ -1,9 +1,8 @@
-#include "random_fragment.h"
-
 #include "platform/rich_text/document_layout.h"
 #include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/long_words.h"
 #include "platform/rich_text/rich_text_box.h"
+#include "support/random_text.h"
 
 #include <gtest/gtest.h>
 
@@ -26,10 +25,10 @@ void fill(RichTextBox& box, const QString& text, const ParagraphFormat& paragrap
 
 TEST(LayoutLines, CoverTheTextAndFitTheWidth) {
     for (unsigned seed = 1; seed <= 60; ++seed) {
-        RandomFragments random(seed);
+        RandomText random(seed);
         RichTextBox box;
         box.setWrapWidth(60 + random.below(400));
-        box.setFragment(random.fragment(12, 40));
+        box.setFragment(random.fragment(0, 12, 40));
         const DocumentLayout& layout = box.layout();
         int expectedStart = 0;
         double expectedTop = 0;
@@ -62,9 +61,9 @@ TEST(LayoutLines, CoverTheTextAndFitTheWidth) {
 }
 
 TEST(LayoutLines, BreakTheSameAtEveryZoom) {
-    RandomFragments random(3);
+    RandomText random(3);
     RichTextBox box;
-    box.setFragment(random.fragment(40, 60));
+    box.setFragment(random.fragment(0, 40, 60));
     const int count = box.lineCount();
     const std::vector<RichTextBox::LineMetrics> unzoomed = box.lineMetrics(count);
     for (const double zoom : {0.5, 1.75, 4.0, 6.0, 12.8}) {

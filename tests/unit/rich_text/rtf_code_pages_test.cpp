@@ -10,9 +10,6 @@
 namespace velmora {
 namespace {
 
-using test::describe;
-using test::describeRtf;
-
 TEST(RtfCodePages, ReadTheBytesOfEveryFamily) {
     struct Row final {
         QByteArray rtf;

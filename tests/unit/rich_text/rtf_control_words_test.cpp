@@ -12,8 +12,6 @@
 namespace velmora {
 namespace {
 
-using test::describeRtf;
-
 struct Sample final {
     QByteArray rtf;
     QString reading;

@@ -10,9 +10,6 @@
 namespace velmora {
 namespace {
 
-using test::describeRtf;
-using test::faultOf;
-
 struct Row final {
     QByteArray rtf;
     QString reading;

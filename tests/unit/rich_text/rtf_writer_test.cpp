@@ -2,33 +2,32 @@
 
 #include "platform/rich_text/rtf_reader.h"
 #include "support/fragment_description.h"
+#include "support/random_text.h"
 
 #include <gtest/gtest.h>
 
 namespace velmora {
 namespace {
 
-using test::describeAll;
-using test::faultOf;
-using test::randomFragment;
-
 TEST(RtfWriter, WhatIsWrittenIsReadBackWhole) {
-    for (unsigned seed = 1; seed <= 400; ++seed) {
-        const RichTextFragment fragment = randomFragment(seed);
+    RandomText random(1, partsForFiles());
+    for (int round = 1; round <= 400; ++round) {
+        const RichTextFragment fragment = random.fragment(1, 8, 9);
         ASSERT_EQ(faultOf(fragment).toStdString(), "");
         const QByteArray first = writeRtf(fragment);
         const RtfReadResult read = readRtf(first);
-        ASSERT_TRUE(read.outcome) << "seed " << seed;
-        ASSERT_EQ(faultOf(read.fragment).toStdString(), "") << "seed " << seed;
+        ASSERT_TRUE(read.outcome) << "round " << round;
+        ASSERT_EQ(faultOf(read.fragment).toStdString(), "") << "round " << round;
         ASSERT_EQ(describeAll(read.fragment).toStdString(), describeAll(fragment).toStdString())
-            << "seed " << seed;
-        ASSERT_EQ(writeRtf(read.fragment), first) << "seed " << seed;
+            << "round " << round;
+        ASSERT_EQ(writeRtf(read.fragment), first) << "round " << round;
     }
 }
 
 TEST(RtfWriter, EveryRunNamesItsSizeAndTheFontTableHasItsClosingMark) {
-    for (unsigned seed = 1; seed <= 50; ++seed) {
-        const RichTextFragment fragment = randomFragment(seed);
+    RandomText random(2, partsForFiles());
+    for (int round = 1; round <= 50; ++round) {
+        const RichTextFragment fragment = random.fragment(1, 8, 9);
         const QByteArray rtf = writeRtf(fragment);
         const qsizetype table = rtf.indexOf("{\\fonttbl{\\f0\\fnil ");
         ASSERT_GT(table, 0);

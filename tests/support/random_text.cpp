@@ -1,0 +1,145 @@
+#include "support/random_text.h"
+
+#include <algorithm>
+
+namespace velmora {
+
+CharacterFormat RandomText::format() {
+    CharacterFormat format{oneOf(m_parts.fonts), oneOf(m_parts.halfPoints), oneOf(m_parts.colors),
+                           oneOf(m_parts.backColors)};
+    format.bold = once(3);
+    format.italic = once(4);
+    format.underline = once(5);
+    format.strikeThrough = once(6);
+    return format;
+}
+
+ParagraphFormat RandomText::paragraphFormat() {
+    return {static_cast<Alignment>(below(3)), once(6), oneOf(m_parts.leftOffsets),
+            oneOf(m_parts.firstLineOffsets)};
+}
+
+QString RandomText::text(int mostPieces) {
+    QString result;
+    for (int i = below(mostPieces + 1); i > 0; --i) {
+        const QString piece = oneOf(m_parts.pieces);
+        result += piece.contains(QLatin1String("%1")) ? piece.arg(m_number++) : piece;
+    }
+    return result;
+}
+
+QString RandomText::textWithLineEnds(int mostPieces) {
+    static const QStringList ends = {QStringLiteral("\r\n"), QStringLiteral("\r"),
+                                     QStringLiteral("\n"), QStringLiteral("\u2029"),
+                                     QStringLiteral("\v")};
+    QString result = text(mostPieces);
+    for (int i = below(3); i > 0; --i) {
+        result += oneOf(ends) + text(mostPieces);
+    }
+    return result;
+}
+
+Paragraph RandomText::paragraph(int formatCount, int mostPieces) {
+    Paragraph result;
+    result.text = text(mostPieces);
+    const int size = static_cast<int>(result.text.size());
+    for (int at = 0; at < size;) {
+        int end = at + 1 + below(size - at);
+        if (!m_parts.runsCutCharacters && end < size && result.text.at(end).isLowSurrogate()) {
+            ++end;
+        }
+        result.runs.push_back({end - at, below(formatCount)});
+        at = end;
+    }
+    result.endFormat = below(formatCount);
+    result.format = paragraphFormat();
+    return result;
+}
+
+RichTextFragment RandomText::fragment(int leastParagraphs, int mostParagraphs, int mostPieces) {
+    constexpr int Formats = 4;
+    RichTextFragment result;
+    for (int i = 0; i < Formats; ++i) {
+        result.formats.push_back(format());
+    }
+    for (int i = leastParagraphs + below(mostParagraphs - leastParagraphs + 1); i > 0; --i) {
+        result.paragraphs.push_back(paragraph(Formats, mostPieces));
+    }
+    return result;
+}
+
+RandomTextParts partsForFiles() {
+    RandomTextParts parts;
+    parts.pieces = {
+        QStringLiteral("word "), QStringLiteral("\\{}"),       QStringLiteral("éüß"),
+        QStringLiteral("日本"),  QStringLiteral("\U0001F3A5"), QStringLiteral("\u2028"),
+        QStringLiteral("\t"),    QStringLiteral("1-2"),        QStringLiteral("\u00a0\u00ad\u2011"),
+        QStringLiteral("^----"), QStringLiteral(" "),          QStringLiteral("\u05e9\uF0B7")};
+    parts.fonts = {QStringLiteral("Arial"), QStringLiteral("Times New Roman"),
+                   QStringLiteral("Symbol"), QStringLiteral("明朝 {x}"), QString()};
+    parts.halfPoints = {24, 24, 2, 3, 53, 999, 1999, 2000};
+    parts.colors = {Black, Black, White, 0x0000FF, 0x123456, 0xFFFFFE, 0x010000};
+    parts.backColors = {0, 0, White, 0x00FF00, 0x563412};
+    parts.leftOffsets = {0, 0, 720, 2699, -300};
+    parts.firstLineOffsets = {0, 0, 499, -500, 1};
+    parts.runsCutCharacters = false;
+    return parts;
+}
+
+QByteArray damaged(QByteArray bytes, std::mt19937& random, qsizetype untouched) {
+    static const QByteArray Pieces[] = {"{",
+                                        "}",
+                                        "\\",
+                                        "\\'8",
+                                        "\\bin7 ",
+                                        "\\u-1?",
+                                        "\\*",
+                                        "\\ud ",
+                                        "\x80",
+                                        "\\row ",
+                                        "\\cell ",
+                                        "\\par",
+                                        "{\\upr",
+                                        "\\v ",
+                                        "\\uc9 ",
+                                        ";",
+                                        "'",
+                                        "{\\fonttbl",
+                                        "u0",
+                                        "{\\stylesheet",
+                                        "{\\field{\\*\\fldinst "};
+    const auto below = [&random](qsizetype limit) {
+        return static_cast<qsizetype>(random() %
+                                      static_cast<unsigned>(std::max<qsizetype>(limit, 1)));
+    };
+    for (auto count = 1 + below(5); count > 0 && bytes.size() > untouched; --count) {
+        const qsizetype at = untouched + below(bytes.size() - untouched);
+        switch (below(7)) {
+        case 0:
+            bytes.truncate(below(4) == 0 ? at : std::max(bytes.size() - below(40), untouched));
+            break;
+        case 1:
+            bytes[at] = static_cast<char>(below(256));
+            break;
+        case 2: {
+            const qsizetype brace = bytes.indexOf(below(2) == 0 ? '{' : '}', at);
+            bytes.remove(std::max<qsizetype>(brace, 0), brace >= 0 ? 1 : 0);
+            break;
+        }
+        case 3:
+            bytes.insert(at, Pieces[below(std::ssize(Pieces))]);
+            break;
+        case 4:
+            bytes.replace(at, 1, Pieces[below(std::ssize(Pieces))]);
+            break;
+        case 5:
+            bytes.remove(at, below(40));
+            break;
+        default:
+            bytes.insert(at, bytes.mid(below(bytes.size()), below(60)));
+        }
+    }
+    return bytes;
+}
+
+} // namespace velmora
