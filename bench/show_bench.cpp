@@ -9,8 +9,11 @@
 #include "display/text_window.h"
 #include "editor/script_conventions.h"
 #include "editor/unattended_host.h"
+#include "platform/desktop/appearance_service.h"
 #include "platform/desktop/screens.h"
 #include "platform/desktop/unattended_services.h"
+#include "platform/devices/pointer_widgets.h"
+#include "platform/devices/sdl_joystick.h"
 #include "platform/timing/machine_clock.h"
 #include "platform/timing/qt_event_pump.h"
 
@@ -189,7 +192,12 @@ void BM_StartToFirstPicture(benchmark::State& state) {
     TerminalMessageBoxes messages;
     NoFileDialogs dialogs;
     Screens monitors;
-    Platform platform{clock, pump, messages, dialogs, monitors};
+    SdlJoystick joystick;
+    WidgetPointer pointer;
+    NoSleepInhibitor sleepInhibitor;
+    NoAppearanceService effects;
+    Platform platform{clock,    pump,    messages,       dialogs, monitors,
+                      joystick, pointer, sleepInhibitor, effects};
     Session session(platform);
     measureScreen(monitors, session.screen);
     session.displays.CmdDisplaysGiven = 1;

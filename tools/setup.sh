@@ -5,7 +5,8 @@
 velmora_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # The one list of Debian packages, by what needs them.
-build_packages=(cmake ninja-build g++ ccache qt6-base-dev fonts-liberation fonts-dejavu-core)
+build_packages=(cmake ninja-build g++ ccache qt6-base-dev libsdl2-dev libxss-dev
+    fonts-liberation fonts-dejavu-core)
 screen_packages=(xvfb openbox xdotool python3)
 test_packages=("${screen_packages[@]}" libgtest-dev libgmock-dev x11-utils
     x11-xserver-utils imagemagick clang-format)

@@ -9,10 +9,14 @@
 #include "core/program_name.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
+#include "platform/desktop/appearance_service.h"
+#include "platform/desktop/desktop_sleep_inhibitor.h"
 #include "platform/desktop/file_dialogs_widgets.h"
 #include "platform/desktop/message_boxes_widgets.h"
 #include "platform/desktop/screens.h"
 #include "platform/desktop/single_instance.h"
+#include "platform/devices/pointer_widgets.h"
+#include "platform/devices/sdl_joystick.h"
 #include "platform/platform.h"
 #include "platform/timing/machine_clock.h"
 #include "platform/timing/qt_event_pump.h"
@@ -47,7 +51,12 @@ struct DesktopServices final {
     WidgetMessageBoxes messages;
     WidgetFileDialogs fileDialogs{messages};
     Screens monitors;
-    Platform platform{clock, pump, messages, fileDialogs, monitors};
+    SdlJoystick joystick;
+    WidgetPointer pointer;
+    DesktopSleepInhibitor sleepInhibitor;
+    NoAppearanceService effects;
+    Platform platform{clock,    pump,    messages,       fileDialogs, monitors,
+                      joystick, pointer, sleepInhibitor, effects};
 };
 
 int runEditor(const CommandLine& line, char** argv) {

@@ -9,8 +9,11 @@
 #include "core/settings_file.h"
 #include "display/rehearsal.h"
 #include "editor/convert.h"
+#include "platform/desktop/appearance_service.h"
 #include "platform/desktop/screens.h"
 #include "platform/desktop/unattended_services.h"
+#include "platform/devices/pointer_widgets.h"
+#include "platform/devices/sdl_joystick.h"
 #include "platform/platform.h"
 #include "platform/timing/machine_clock.h"
 #include "platform/timing/qt_event_pump.h"
@@ -43,7 +46,12 @@ private:
     TerminalMessageBoxes m_messages;
     NoFileDialogs m_fileDialogs;
     Screens m_monitors;
-    Platform m_platform{m_clock, m_pump, m_messages, m_fileDialogs, m_monitors};
+    SdlJoystick m_joystick;
+    WidgetPointer m_pointer;
+    NoSleepInhibitor m_sleepInhibitor;
+    NoAppearanceService m_effects;
+    Platform m_platform{m_clock,    m_pump,    m_messages,       m_fileDialogs, m_monitors,
+                        m_joystick, m_pointer, m_sleepInhibitor, m_effects};
 
 public:
     Session session{m_platform};

@@ -1,5 +1,6 @@
 #include "controllers/speed_mapping.h"
 
+#include "controllers/speed_scale_mapping.h"
 #include "core/number_format.h"
 
 #include <algorithm>
@@ -57,8 +58,14 @@ bool inStopZone(double scrollSpeed) {
     return scrollSpeed >= 244;
 }
 
+double wheelSpeed(double scrollSpeed, double delta, bool modifierHeld) {
+    constexpr double CoarseUnits = 5;
+    constexpr double FineUnits = 60;
+    return clampSpeed(scrollSpeed - delta / (modifierHeld ? CoarseUnits : FineUnits));
+}
+
 double indicatorLeft(double scrollSpeed) {
-    return 315.0 - 0.8667 * scrollSpeed;
+    return PlainSpeedScale.thumbLeft(scrollSpeed);
 }
 
 double speedAfterKey(SpeedKey key, double scrollSpeed, int scrollSpeedControl) {

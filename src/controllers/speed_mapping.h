@@ -34,7 +34,11 @@ using SpeedDelayTable = std::array<double, 256>;
 /// Full Range: 244 and above, no motion.
 [[nodiscard]] bool inStopZone(double scrollSpeed);
 
-/// Left edge of the speed scale's thumb, in pixels of the scale.
+/// The speed after a turn of the wheel by delta, 120 a notch, positive away from the user: faster
+/// forward. A notch is 2, and 24 with a modifier key held; fractions of both are kept.
+[[nodiscard]] double wheelSpeed(double scrollSpeed, double delta, bool modifierHeld);
+
+/// Left edge of the plain speed scale's thumb, in pixels of the scale.
 [[nodiscard]] double indicatorLeft(double scrollSpeed);
 
 /// The keys that change the speed, and what each makes of it. Home and End keep the side of the

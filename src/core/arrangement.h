@@ -9,8 +9,12 @@ inline constexpr int Mirrored = 1;
 inline constexpr int TwoDisplays = 4;
 } // namespace mirror
 
-/// ControllerType: the hand controllers that act as a mouse.
+/// ControllerType: what steers a show besides the keyboard. 20 and 21 act as a mouse. Any other
+/// number is none.
 namespace controller {
+inline constexpr int Unchosen = 0;
+inline constexpr int Foot = 10;
+inline constexpr int None = 11;
 inline constexpr int Trigger = 20;
 inline constexpr int RfWireless = 21;
 } // namespace controller

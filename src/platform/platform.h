@@ -2,11 +2,15 @@
 
 namespace velmora {
 
+class AppearanceService;
 class Clock;
 class EventPump;
 class FileDialogs;
+class Joystick;
 class MessageBoxes;
 class Monitors;
+class Pointer;
+class SleepInhibitor;
 
 /// The machine's services, given to whoever needs them. Each has a fake in the tests.
 /// Owned by main(); outlives the session.
@@ -16,6 +20,10 @@ struct Platform final {
     MessageBoxes& messages;
     FileDialogs& fileDialogs;
     Monitors& monitors;
+    Joystick& joystick;
+    Pointer& pointer;
+    SleepInhibitor& sleepInhibitor;
+    AppearanceService& effects;
 };
 
 } // namespace velmora

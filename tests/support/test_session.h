@@ -2,12 +2,16 @@
 
 #include "core/session.h"
 #include "platform/platform.h"
+#include "support/fake_appearance_service.h"
 #include "support/fake_clock.h"
 #include "support/fake_editor_host.h"
 #include "support/fake_event_pump.h"
 #include "support/fake_file_dialogs.h"
+#include "support/fake_joystick.h"
 #include "support/fake_message_boxes.h"
 #include "support/fake_monitors.h"
+#include "support/fake_pointer.h"
+#include "support/fake_sleep_inhibitor.h"
 #include "support/files.h"
 
 #include <QString>
@@ -45,9 +49,14 @@ public:
     FakeMessageBoxes messages;
     FakeFileDialogs dialogs;
     FakeMonitors monitors;
+    FakeJoystick joystick;
+    FakePointer pointer;
+    FakeSleepInhibitor sleepInhibitor;
+    FakeAppearanceService effects;
     FakeEditorHost host;
     QTemporaryDir folder;
-    Platform platform{clock, pump, messages, dialogs, monitors};
+    Platform platform{clock,    pump,    messages,       dialogs, monitors,
+                      joystick, pointer, sleepInhibitor, effects};
     Session session{platform};
 };
 

@@ -2,6 +2,7 @@
 
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_boxes.h"
+#include "platform/desktop/sleep_inhibitor.h"
 
 namespace velmora {
 
@@ -19,6 +20,13 @@ class NoFileDialogs final : public FileDialogs {
 public:
     std::optional<FileDialogChoice> open(const FileDialogRequest&) override { return std::nullopt; }
     std::optional<FileDialogChoice> save(const FileDialogRequest&) override { return std::nullopt; }
+};
+
+/// A machine that may fall asleep: nobody watches.
+class NoSleepInhibitor final : public SleepInhibitor {
+public:
+    void inhibit(const QString&) override {}
+    void release() override {}
 };
 
 } // namespace velmora

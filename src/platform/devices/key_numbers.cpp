@@ -9,19 +9,24 @@ namespace velmora {
 
 namespace {
 
-constexpr std::array<std::pair<int, int>, 10> Named = {{{Qt::Key_Return, key::Enter},
+constexpr std::array<std::pair<int, int>, 13> Named = {{{Qt::Key_Return, key::Enter},
                                                         {Qt::Key_Enter, key::Enter},
                                                         {Qt::Key_Escape, key::Escape},
+                                                        {Qt::Key_Backspace, key::Backspace},
                                                         {Qt::Key_Space, key::Space},
+                                                        {Qt::Key_PageUp, key::PageUp},
+                                                        {Qt::Key_PageDown, key::PageDown},
                                                         {Qt::Key_End, key::End},
                                                         {Qt::Key_Home, key::Home},
                                                         {Qt::Key_Left, key::Left},
                                                         {Qt::Key_Up, key::Up},
                                                         {Qt::Key_Right, key::Right},
                                                         {Qt::Key_Down, key::Down}}};
-constexpr int FirstFunctionKey = 112;
 /// X11's scan code of the key 1; those of 2 to 9 and 0 follow.
 constexpr quint32 FirstDigitScanCode = 10;
+/// X11's scan codes of F13 to F24.
+constexpr quint32 F13ScanCode = 191;
+constexpr quint32 F24ScanCode = 202;
 
 } // namespace
 
@@ -42,9 +47,19 @@ int virtualKey(const QKeyEvent& event) {
         return key::Digit0 + static_cast<int>((scanCode - FirstDigitScanCode + 1) % 10);
     }
     if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F24) {
-        return event.key() - Qt::Key_F1 + FirstFunctionKey;
+        return event.key() - Qt::Key_F1 + key::F1;
+    }
+    if (scanCode >= F13ScanCode && scanCode <= F24ScanCode) {
+        return key::F13 + static_cast<int>(scanCode - F13ScanCode);
     }
     return 0;
+}
+
+int shiftState(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers held = event.modifiers();
+    return (held.testFlag(Qt::ShiftModifier) ? key::Shift : key::NoShift) +
+           (held.testFlag(Qt::ControlModifier) ? key::Control : key::NoShift) +
+           (held.testFlag(Qt::AltModifier) ? key::Alt : key::NoShift);
 }
 
 } // namespace velmora
