@@ -36,7 +36,7 @@ public:
     int firstLine = 0;
     std::vector<int> linesToTop;
     std::vector<bool> activity;
-    QString fontName = QStringLiteral("Liberation Sans");
+    QString fontName = u"Liberation Sans"_qs;
     double fontSize = 26;
     QStringList progress;
     QStringList notices;

@@ -26,8 +26,8 @@ inline QString writeBytes(const QString& path, const QByteArray& bytes) {
 
 /// The folder of collected files beside the sources; it need not exist.
 inline QDir corpus() {
-    const QDir sources(qEnvironmentVariable("VELMORA_SOURCE_DIR", QStringLiteral(".")));
-    return QDir(sources.absoluteFilePath(QStringLiteral("../shared/corpus")));
+    const QDir sources(qEnvironmentVariable("VELMORA_SOURCE_DIR", u"."_qs));
+    return QDir(sources.absoluteFilePath(u"../shared/corpus"_qs));
 }
 
 } // namespace velmora

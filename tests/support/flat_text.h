@@ -52,7 +52,7 @@ inline FlatText flatten(const RichTextFragment& fragment) {
 
 /// The words of a text: what stands between white space.
 inline QStringList wordsOf(const QString& text) {
-    static const QRegularExpression blanks(QStringLiteral("\\s+"),
+    static const QRegularExpression blanks(u"\\s+"_qs,
                                            QRegularExpression::UseUnicodePropertiesOption);
     return text.split(blanks, Qt::SkipEmptyParts);
 }

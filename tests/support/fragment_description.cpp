@@ -15,7 +15,7 @@ QString colorName(Rgb24 color) {
     const uint red = color & 0xFF;
     const uint green = color >> 8 & 0xFF;
     const uint blue = color >> 16 & 0xFF;
-    return QStringLiteral("%1").arg(red << 16 | green << 8 | blue, 6, 16, QChar(u'0'));
+    return u"%1"_qs.arg(red << 16 | green << 8 | blue, 6, 16, QChar(u'0'));
 }
 
 QString describe(const CharacterFormat& format) {
@@ -25,33 +25,32 @@ QString describe(const CharacterFormat& format) {
             words.append(word);
         }
     };
-    add(format.bold, QStringLiteral("b"));
-    add(format.italic, QStringLiteral("i"));
-    add(format.underline, QStringLiteral("u"));
-    add(format.strikeThrough, QStringLiteral("s"));
+    add(format.bold, u"b"_qs);
+    add(format.italic, u"i"_qs);
+    add(format.underline, u"u"_qs);
+    add(format.strikeThrough, u"s"_qs);
     add(format.halfPoints != 24, QString::number(format.halfPoints));
-    add(format.color != Black, QStringLiteral("c=") + colorName(format.color));
-    add(format.backColor != 0, QStringLiteral("h=") + colorName(format.backColor));
-    add(!format.fontName.isEmpty(), QStringLiteral("'%1'").arg(format.fontName));
+    add(format.color != Black, u"c="_qs + colorName(format.color));
+    add(format.backColor != 0, u"h="_qs + colorName(format.backColor));
+    add(!format.fontName.isEmpty(), u"'%1'"_qs.arg(format.fontName));
     return words.join(u' ');
 }
 
 QString describe(const ParagraphFormat& format) {
     QStringList words;
     if (format.alignment != Alignment::Left) {
-        words.append(format.alignment == Alignment::Right ? QStringLiteral("right")
-                                                          : QStringLiteral("centre"));
+        words.append(format.alignment == Alignment::Right ? u"right"_qs : u"centre"_qs);
     }
     if (format.rightToLeft) {
-        words.append(QStringLiteral("rtl"));
+        words.append(u"rtl"_qs);
     }
     if (format.leftOffsetTwips != 0) {
-        words.append(QStringLiteral("li%1").arg(format.leftOffsetTwips));
+        words.append(u"li%1"_qs.arg(format.leftOffsetTwips));
     }
     if (format.firstLineOffsetTwips != 0) {
-        words.append(QStringLiteral("fi%1").arg(format.firstLineOffsetTwips));
+        words.append(u"fi%1"_qs.arg(format.firstLineOffsetTwips));
     }
-    return words.isEmpty() ? QString() : QStringLiteral("[%1]").arg(words.join(u' '));
+    return words.isEmpty() ? QString() : u"[%1]"_qs.arg(words.join(u' '));
 }
 
 QString describe(const RichTextFragment& fragment, bool withEndFormats) {
@@ -67,16 +66,16 @@ QString describe(const RichTextFragment& fragment, bool withEndFormats) {
             // Runs that look the same are one, however many they are.
             const QString format = formatOf(run.format);
             if (format != open) {
-                text += open.isEmpty() ? QString() : QStringLiteral("}");
-                text += format.isEmpty() ? QString() : QStringLiteral("{%1:").arg(format);
+                text += open.isEmpty() ? QString() : u"}"_qs;
+                text += format.isEmpty() ? QString() : u"{%1:"_qs.arg(format);
                 open = format;
             }
             text += paragraph.text.mid(at, run.length);
             at += run.length;
         }
-        text += open.isEmpty() ? QString() : QStringLiteral("}");
+        text += open.isEmpty() ? QString() : u"}"_qs;
         if (withEndFormats) {
-            text += QStringLiteral("<%1>").arg(formatOf(paragraph.endFormat));
+            text += u"<%1>"_qs.arg(formatOf(paragraph.endFormat));
         }
         paragraphs.append(text.replace(QChar::LineSeparator, u'/'));
     }
@@ -108,7 +107,7 @@ QString describeAll(const RichTextFragment& fragment) {
 QString describeRtf(const QByteArray& rtf) {
     const QByteArray whole = rtf.startsWith("{\\rtf") ? rtf : "{\\rtf1\\ansi " + rtf + "}";
     const RtfReadResult result = readRtf(whole);
-    return result.outcome ? describe(result.fragment) : QStringLiteral("failed");
+    return result.outcome ? describe(result.fragment) : u"failed"_qs;
 }
 
 QString faultOf(const RichTextFragment& fragment) {
@@ -117,24 +116,24 @@ QString faultOf(const RichTextFragment& fragment) {
         qsizetype covered = 0;
         for (const TextRun& run : paragraph.runs) {
             if (run.length <= 0 || run.format < 0 || run.format >= formatCount) {
-                return QStringLiteral("a run of nothing or without a format");
+                return u"a run of nothing or without a format"_qs;
             }
             covered += run.length;
         }
         if (covered != paragraph.text.size()) {
-            return QStringLiteral("runs cover %1 of %2").arg(covered).arg(paragraph.text.size());
+            return u"runs cover %1 of %2"_qs.arg(covered).arg(paragraph.text.size());
         }
         if (paragraph.endFormat < 0 || paragraph.endFormat >= formatCount) {
-            return QStringLiteral("an end without a format");
+            return u"an end without a format"_qs;
         }
         if (!isStorable(paragraph.text)) {
-            return QStringLiteral("characters that no document holds");
+            return u"characters that no document holds"_qs;
         }
     }
     for (const CharacterFormat& format : fragment.formats) {
         if (format.halfPoints < CharacterFormat::MinHalfPoints ||
             format.halfPoints > CharacterFormat::MaxHalfPoints) {
-            return QStringLiteral("a font size out of range");
+            return u"a font size out of range"_qs;
         }
     }
     return {};
@@ -143,7 +142,7 @@ QString faultOf(const RichTextFragment& fragment) {
 QString faultOfReading(const QByteArray& rtf) {
     const RtfReadResult read = readRtf(rtf);
     if (!read.outcome) {
-        return read.fragment.paragraphs.empty() ? QString() : QStringLiteral("text of a failure");
+        return read.fragment.paragraphs.empty() ? QString() : u"text of a failure"_qs;
     }
     if (const QString fault = faultOf(read.fragment); !fault.isEmpty()) {
         return fault;
@@ -154,13 +153,13 @@ QString faultOfReading(const QByteArray& rtf) {
         units += paragraph.text.size() + 1;
     }
     if (read.fragment.paragraphs.empty() || units > rtf.size() + 1) {
-        return QStringLiteral("%1 units of %2 bytes").arg(units).arg(rtf.size());
+        return u"%1 units of %2 bytes"_qs.arg(units).arg(rtf.size());
     }
     const QByteArray written = writeRtf(read.fragment);
     const RtfReadResult again = readRtf(written);
     if (!again.outcome || again.fragment.paragraphs.size() != read.fragment.paragraphs.size() ||
         writeRtf(again.fragment) != written) {
-        return QStringLiteral("what is written of it is not read and written the same");
+        return u"what is written of it is not read and written the same"_qs;
     }
     return {};
 }

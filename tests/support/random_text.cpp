@@ -29,9 +29,7 @@ QString RandomText::text(int mostPieces) {
 }
 
 QString RandomText::textWithLineEnds(int mostPieces) {
-    static const QStringList ends = {QStringLiteral("\r\n"), QStringLiteral("\r"),
-                                     QStringLiteral("\n"), QStringLiteral("\u2029"),
-                                     QStringLiteral("\v")};
+    static const QStringList ends = {u"\r\n"_qs, u"\r"_qs, u"\n"_qs, u"\u2029"_qs, u"\v"_qs};
     QString result = text(mostPieces);
     for (int i = below(3); i > 0; --i) {
         result += oneOf(ends) + text(mostPieces);
@@ -70,13 +68,11 @@ RichTextFragment RandomText::fragment(int leastParagraphs, int mostParagraphs, i
 
 RandomTextParts partsForFiles() {
     RandomTextParts parts;
-    parts.pieces = {
-        QStringLiteral("word "), QStringLiteral("\\{}"),       QStringLiteral("éüß"),
-        QStringLiteral("日本"),  QStringLiteral("\U0001F3A5"), QStringLiteral("\u2028"),
-        QStringLiteral("\t"),    QStringLiteral("1-2"),        QStringLiteral("\u00a0\u00ad\u2011"),
-        QStringLiteral("^----"), QStringLiteral(" "),          QStringLiteral("\u05e9\uF0B7")};
-    parts.fonts = {QStringLiteral("Arial"), QStringLiteral("Times New Roman"),
-                   QStringLiteral("Symbol"), QStringLiteral("明朝 {x}"), QString()};
+    parts.pieces = {u"word "_qs, u"\\{}"_qs,       u"éüß"_qs,
+                    u"日本"_qs,  u"\U0001F3A5"_qs, u"\u2028"_qs,
+                    u"\t"_qs,    u"1-2"_qs,        u"\u00a0\u00ad\u2011"_qs,
+                    u"^----"_qs, u" "_qs,          u"\u05e9\uF0B7"_qs};
+    parts.fonts = {u"Arial"_qs, u"Times New Roman"_qs, u"Symbol"_qs, u"明朝 {x}"_qs, QString()};
     parts.halfPoints = {24, 24, 2, 3, 53, 999, 1999, 2000};
     parts.colors = {Black, Black, White, 0x0000FF, 0x123456, 0xFFFFFE, 0x010000};
     parts.backColors = {0, 0, White, 0x00FF00, 0x563412};

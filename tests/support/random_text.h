@@ -13,19 +13,18 @@ namespace velmora {
 /// defaults bring everything that is special near something else special.
 struct RandomTextParts final {
     /// A "%1" in a piece becomes a number that rises with each such piece.
-    QStringList pieces = {QStringLiteral("a"),
-                          QStringLiteral("office "),
-                          QStringLiteral("Wort "),
-                          QStringLiteral("^"),
-                          QStringLiteral(" "),
-                          QStringLiteral("\u00C9"),
-                          QStringLiteral("\u2028"),
-                          QStringLiteral("\t"),
-                          QStringLiteral("\U0001F600"),
-                          QStringLiteral("\u05E9"),
-                          QStringLiteral("unbreakablyLongWordOfManyLetters")};
-    QStringList fonts = {QStringLiteral("Arial"), QStringLiteral("DejaVu Sans"),
-                         QStringLiteral("Liberation Serif")};
+    QStringList pieces = {u"a"_qs,
+                          u"office "_qs,
+                          u"Wort "_qs,
+                          u"^"_qs,
+                          u" "_qs,
+                          u"\u00C9"_qs,
+                          u"\u2028"_qs,
+                          u"\t"_qs,
+                          u"\U0001F600"_qs,
+                          u"\u05E9"_qs,
+                          u"unbreakablyLongWordOfManyLetters"_qs};
+    QStringList fonts = {u"Arial"_qs, u"DejaVu Sans"_qs, u"Liberation Serif"_qs};
     std::vector<int> halfPoints = {40, 47, 54};
     std::vector<Rgb24> colors = {Black, White};
     std::vector<Rgb24> backColors = {0, 0, 0, 0x800000};

@@ -24,8 +24,8 @@ namespace velmora {
 class TestSession final {
 public:
     TestSession() {
-        session.AppFolder = folder.path() + QStringLiteral("/");
-        session.settings.ScriptsFolder = session.AppFolder + QStringLiteral("Scripts/");
+        session.AppFolder = folder.path() + u"/"_qs;
+        session.settings.ScriptsFolder = session.AppFolder + u"Scripts/"_qs;
         session.settings.LastScriptFolder = session.settings.ScriptsFolder;
         session.settings.ScreenFontName = host.fontName;
         session.settings.ArrowPosition = 493;

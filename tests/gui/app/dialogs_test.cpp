@@ -67,8 +67,8 @@ TEST(Form11, OnlyOkTakesTheTickAndEveryWayOutClosesTheHelp) {
     for (const Row& row : rows) {
         TestSession test;
         const ModalAction user([&](QWidget& window) {
-            EXPECT_EQ(window.windowTitle(), QStringLiteral("Multiple Monitors"));
-            window.findChild<QCheckBox*>(QStringLiteral("Check1"))->setChecked(row.ticked);
+            EXPECT_EQ(window.windowTitle(), u"Multiple Monitors"_qs);
+            window.findChild<QCheckBox*>(u"Check1"_qs)->setChecked(row.ticked);
             row.act(window);
         });
         Form11(test.session, nullptr).showHelp();

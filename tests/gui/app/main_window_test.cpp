@@ -64,7 +64,7 @@ TEST_F(Form1Test, TheLoadStepBringsTheSettingsIntoTheEditor) {
     settings.MirrorMode = 1;
     load();
     EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0"));
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0"_qs);
     EXPECT_EQ(rtb1().zoom(), 6.0);
     EXPECT_EQ(rtb1().wrapWidth(), wrapWidthForMargin(160));
     EXPECT_EQ(rtb1().BackColor(), Rgb24{0x800000});
@@ -83,14 +83,14 @@ TEST_F(Form1Test, TheHelpOnMonitorsOpensUnlessItIsIgnoredAndThenTheDisplaysAreCh
     settings.IgnoreMonitorHelp = 0;
     settings.MirrorMode = 4;
     const ModalAction user([this](QWidget& window) {
-        EXPECT_EQ(window.objectName(), QStringLiteral("Form11"));
+        EXPECT_EQ(window.objectName(), u"Form11"_qs);
         EXPECT_TRUE(test.messages.boxes.empty()) << "the check comes after the help";
         clickButton(window, u"OK");
     });
     load();
     EXPECT_TRUE(user.done());
     ASSERT_EQ(test.messages.boxes.size(), 1U);
-    EXPECT_EQ(test.messages.boxes.front().title, QStringLiteral("Display 2 Not Available"));
+    EXPECT_EQ(test.messages.boxes.front().title, u"Display 2 Not Available"_qs);
     EXPECT_EQ(control<QSlider>(u"Hscroll1")->minimum(), 12);
 }
 
@@ -100,7 +100,7 @@ TEST_F(Form1Test, AKeyPressedInsideTheLoadStepStartsNothingAndLaterCommandsDo) {
     test.pump.next([&] {
         ++pressed;
         test.session.show.StartFromCursor = 9;
-        rtb1().setText(QStringLiteral("typed early"));
+        rtb1().setText(u"typed early"_qs);
         press(Qt::Key_L, Qt::ControlModifier);
         press(Qt::Key_F1);
         // Without text, so that the exit would have nothing to ask.
@@ -111,8 +111,8 @@ TEST_F(Form1Test, AKeyPressedInsideTheLoadStepStartsNothingAndLaterCommandsDo) {
     EXPECT_EQ(pressed, 1);
     EXPECT_TRUE(test.dialogs.openRequests.empty());
     EXPECT_EQ(test.session.show.StartFromCursor, 9) << "no show was handed over";
-    form->openScript(test.write(QStringLiteral("named.txt"), "named at the start"));
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("named at the start"));
+    form->openScript(test.write(u"named.txt"_qs, "named at the start"));
+    EXPECT_EQ(rtb1().Text(), u"named at the start"_qs);
 }
 
 TEST_F(Form1Test, ANarrowerSecondDisplayRaisesTheSlidersMinimum) {
@@ -127,7 +127,7 @@ TEST_F(Form1Test, ANarrowerSecondDisplayRaisesTheSlidersMinimum) {
 
 TEST_F(Form1Test, TheSliderMovesTheColumnAndWrapsTheScriptAnew) {
     load();
-    rtb1().setText(QStringLiteral("some words that fill more than one line ").repeated(5));
+    rtb1().setText(u"some words that fill more than one line "_qs.repeated(5));
     const int linesBefore = rtb1().lineCount();
     control<QSlider>(u"Hscroll1")->setValue(320);
     const QRect column = control<RichTextView>(u"rtb1")->geometry();
@@ -140,7 +140,7 @@ TEST_F(Form1Test, KeysAndButtonsStartAShowWhereTheySay) {
     settings.MirrorMode = NoDisplayWindow;
     settings.FirstDisplayLine = 1;
     load();
-    rtb1().setText(QStringLiteral("word\r\n").repeated(10));
+    rtb1().setText(u"word\r\n"_qs.repeated(10));
     struct Row final {
         const char* what;
         std::function<void()> act;
@@ -162,31 +162,31 @@ TEST_F(Form1Test, KeysAndButtonsStartAShowWhereTheySay) {
         EXPECT_TRUE(form->isEnabled()) << row.what;
         EXPECT_EQ(rtb1().GetLineFromChar(rtb1().SelStart()), 4) << row.what;
     }
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("word\r\n").repeated(10)) << "no key reached the text";
+    EXPECT_EQ(rtb1().Text(), u"word\r\n"_qs.repeated(10)) << "no key reached the text";
 }
 
 TEST_F(Form1Test, LoadAndSaveByKeysKeepTheCaptionTrue) {
     load();
-    const QString script = test.write(QStringLiteral("news.txt"), "first\r\nsecond");
+    const QString script = test.write(u"news.txt"_qs, "first\r\nsecond");
     test.dialogs.choose(script);
     press(Qt::Key_L, Qt::ControlModifier);
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("first\r\nsecond"));
-    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0 - news.txt*"));
+    EXPECT_EQ(rtb1().Text(), u"first\r\nsecond"_qs);
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - news.txt*"_qs);
 
     // A load that fails changes nothing, the caption included.
     test.messages.answers = {MessageAnswer::Yes};
-    test.dialogs.choose(test.path(QStringLiteral("missing.rtf")));
+    test.dialogs.choose(test.path(u"missing.rtf"_qs));
     control<QPushButton>(u"LoadText")->click();
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("first\r\nsecond"));
-    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0 - news.txt*"));
+    EXPECT_EQ(rtb1().Text(), u"first\r\nsecond"_qs);
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - news.txt*"_qs);
 
-    test.dialogs.choose(test.path(QStringLiteral("kept.txt")), 1);
+    test.dialogs.choose(test.path(u"kept.txt"_qs), 1);
     press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(test.read(QStringLiteral("kept.txt")), "first\r\nsecond");
-    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0 - kept.txt"));
+    EXPECT_EQ(test.read(u"kept.txt"_qs), "first\r\nsecond");
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - kept.txt"_qs);
 
-    rtb1().setSelText(QStringLiteral("x"));
-    EXPECT_EQ(form->windowTitle(), QStringLiteral("Velmora V12.0 - kept.txt*"));
+    rtb1().setSelText(u"x"_qs);
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - kept.txt*"_qs);
     EXPECT_EQ(test.session.script.TextChanged, 1);
 }
 
@@ -214,7 +214,7 @@ TEST_F(Form1Test, LeavingWritesTheSettingsAndAsksAboutChangedTextOnly) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
         load();
-        rtb1().setText(row.typed ? QStringLiteral("typed") : QString());
+        rtb1().setText(row.typed ? u"typed"_qs : QString());
         test.session.script.TextChanged = 1;
         test.session.settings.TimedDisplaySeconds = 77;
         test.dialogs.choices.clear();
@@ -222,7 +222,7 @@ TEST_F(Form1Test, LeavingWritesTheSettingsAndAsksAboutChangedTextOnly) {
             test.dialogs.choose(test.path(QString::fromUtf16(row.savedAs)), 2);
         }
         const ModalAction user([&row](QWidget& window) {
-            EXPECT_EQ(window.objectName(), QStringLiteral("Form17"));
+            EXPECT_EQ(window.objectName(), u"Form17"_qs);
             row.answer != nullptr ? clickButton(window, row.answer)
                                   : static_cast<void>(window.close());
         });
@@ -236,17 +236,17 @@ TEST_F(Form1Test, LeavingWritesTheSettingsAndAsksAboutChangedTextOnly) {
         EXPECT_EQ(test.session.script.ExitSaveInProgress, 0);
         form.reset();
     }
-    EXPECT_FALSE(test.read(QStringLiteral("out.rtf")).isEmpty());
+    EXPECT_FALSE(test.read(u"out.rtf"_qs).isEmpty());
 }
 
 TEST_F(Form1Test, DuringAShowCommandsRestAndClosingEndsTheShowInstead) {
     load();
-    rtb1().setText(QStringLiteral("text"));
+    rtb1().setText(u"text"_qs);
     test.session.script.TextChanged = 0;
     test.session.show.ShowRunning = 1;
-    rtb1().setText(QStringLiteral("walked over by the show"));
+    rtb1().setText(u"walked over by the show"_qs);
     EXPECT_EQ(test.session.script.TextChanged, 0);
-    test.dialogs.choose(test.write(QStringLiteral("other.txt"), "other"));
+    test.dialogs.choose(test.write(u"other.txt"_qs, "other"));
     press(Qt::Key_L, Qt::ControlModifier);
     control<QPushButton>(u"StartButton")->click();
     EXPECT_TRUE(test.dialogs.openRequests.empty());
@@ -274,7 +274,7 @@ TEST_F(Form1Test, AScriptFileDroppedOnTheTextIsLoaded) {
     load();
     QWidget* viewport = control<RichTextView>(u"rtb1")->viewport();
     QMimeData mime;
-    mime.setUrls({QUrl::fromLocalFile(test.write(QStringLiteral("news.txt"), "dropped file"))});
+    mime.setUrls({QUrl::fromLocalFile(test.write(u"news.txt"_qs, "dropped file"))});
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(viewport, &enter);
     EXPECT_TRUE(enter.isAccepted());
@@ -282,17 +282,17 @@ TEST_F(Form1Test, AScriptFileDroppedOnTheTextIsLoaded) {
     QApplication::sendEvent(viewport, &drop);
     EXPECT_TRUE(rtb1().isEmpty()) << "not inside the drop, which another program waits for";
     QCoreApplication::processEvents();
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("dropped file"));
-    EXPECT_TRUE(form->windowTitle().contains(QStringLiteral("news.txt")));
+    EXPECT_EQ(rtb1().Text(), u"dropped file"_qs);
+    EXPECT_TRUE(form->windowTitle().contains(u"news.txt"_qs));
 }
 
 TEST_F(Form1Test, PastedTextIsTamedAndUnderAShowNothingIsPasted) {
     load();
     auto* rich = new QMimeData;
-    rich->setData(QStringLiteral("text/rtf"), "{\\rtf1\\ansi\\fs28\\b black\\tab bold}");
+    rich->setData(u"text/rtf"_qs, "{\\rtf1\\ansi\\fs28\\b black\\tab bold}");
     QGuiApplication::clipboard()->setMimeData(rich);
     press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("black bold"));
+    EXPECT_EQ(rtb1().Text(), u"black bold"_qs);
     EXPECT_EQ(rtb1().SelStart(), 10);
     rtb1().selectAll();
     EXPECT_EQ(rtb1().SelColor(), White);
@@ -308,9 +308,9 @@ TEST_F(Form1Test, PastedTextIsTamedAndUnderAShowNothingIsPasted) {
     test.session.show.ShowRunning = 1;
     view->paste();
     test.session.show.ShowRunning = 0;
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("black bold"));
+    EXPECT_EQ(rtb1().Text(), u"black bold"_qs);
     view->paste();
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("black bold")) << "in the place of the same text";
+    EXPECT_EQ(rtb1().Text(), u"black bold"_qs) << "in the place of the same text";
     EXPECT_EQ(rtb1().SelLength(), 0);
 }
 

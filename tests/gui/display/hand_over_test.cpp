@@ -27,7 +27,7 @@ protected:
     void SetUp() override {
         RichTextBox& rtb1 = t.session.script.rtb1;
         CharacterFormat format;
-        format.fontName = QStringLiteral("Liberation Sans");
+        format.fontName = u"Liberation Sans"_qs;
         format.halfPoints = 52;
         format.color = White;
         rtb1.setDefaultFormat(format);
@@ -35,9 +35,9 @@ protected:
         rtb1.setZoom(6);
         QStringList lines;
         for (int line = 0; line < 40; ++line) {
-            lines.append(QStringLiteral("Line %1").arg(line));
+            lines.append(u"Line %1"_qs.arg(line));
         }
-        rtb1.setText(lines.join(QStringLiteral("\r\n")));
+        rtb1.setText(lines.join(u"\r\n"_qs));
         t.monitors.rectangles = {QRect(0, 0, 1280, 720)};
         handOver.setObserver(this);
     }
@@ -118,7 +118,7 @@ TEST_F(HandOver, MissingSecondDisplayIsToldAndEndsTheShow) {
     handOver.RunPrompter();
     EXPECT_EQ(shows, 0);
     ASSERT_EQ(t.messages.boxes.size(), 1u);
-    EXPECT_EQ(t.messages.boxes[0].title, QStringLiteral("Display 2 Not Available"));
+    EXPECT_EQ(t.messages.boxes[0].title, u"Display 2 Not Available"_qs);
     EXPECT_EQ(t.session.show.ShowRunning, 0);
 }
 
@@ -291,11 +291,11 @@ TEST_F(HandOver, ScrollBarRepositionsAsFarAsTheEndAllows) {
 }
 
 TEST_F(HandOver, ScriptTooLongForOneShowIsAskedAbout) {
-    t.session.script.rtb1.setText(QStringLiteral("x\r\n").repeated(32770));
+    t.session.script.rtb1.setText(u"x\r\n"_qs.repeated(32770));
     t.messages.answers.push_back(MessageAnswer::Cancel);
     handOver.RunPrompter();
     EXPECT_EQ(shows, 0);
     ASSERT_EQ(t.messages.boxes.size(), 1u);
-    EXPECT_TRUE(t.messages.boxes[0].text.contains(QStringLiteral("The last 6 lines")))
+    EXPECT_TRUE(t.messages.boxes[0].text.contains(u"The last 6 lines"_qs))
         << qPrintable(t.messages.boxes[0].text);
 }

@@ -67,18 +67,17 @@ private:
         rtb1.setWrapWidth(wrapWidthForMargin(12 + upTo(300)));
         rtb1.setBackColor(Black);
         CharacterFormat format;
-        format.fontName = QStringLiteral("Liberation Sans");
+        format.fontName = u"Liberation Sans"_qs;
         format.color = White;
         rtb1.setDefaultFormat(format);
         const int lines = 2 + upTo(40);
         for (int line = 0; line < lines; ++line) {
             rtb1.setSelFontSize(6 + upTo(30));
             rtb1.setSelColor(m_random() & 0xFFFFFF);
-            const QString text = upTo(5) == 0 ? QStringLiteral("^----")
-                                 : upTo(4) == 0
-                                     ? QString()
-                                     : QStringLiteral("Line ^%1 of ~the script").arg(line);
-            rtb1.setSelText(text + QStringLiteral("\r\n"));
+            const QString text = upTo(5) == 0   ? u"^----"_qs
+                                 : upTo(4) == 0 ? QString()
+                                                : u"Line ^%1 of ~the script"_qs.arg(line);
+            rtb1.setSelText(text + u"\r\n"_qs);
         }
         rtb1.selectAll();
         rtb1.setSelAlignment(static_cast<Alignment>(upTo(3)));

@@ -57,7 +57,7 @@ private:
         Surface surface(m_picture.width(), height);
         surface.fill(m_background);
         const auto runs = script.styledText(entry.index, entry.length);
-        if (script.Text().mid(entry.index, entry.length).startsWith(QStringLiteral("^----"))) {
+        if (script.Text().mid(entry.index, entry.length).startsWith(u"^----"_qs)) {
             drawBreak(surface, toPixel(runs.front().format.color));
         } else {
             PrintBox box;

@@ -25,18 +25,17 @@ protected:
             QFile file(path(QString::fromLatin1(name)));
             EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         }
-        request.filters = {QStringLiteral("Text Files (*.TXT)"),
-                           QStringLiteral("Rich Text (*.RTF)"),
-                           QStringLiteral("All Documents (*.*)")};
+        request.filters = {u"Text Files (*.TXT)"_qs, u"Rich Text (*.RTF)"_qs,
+                           u"All Documents (*.*)"_qs};
         request.filterIndex = 2;
-        request.defaultExtension = QStringLiteral(".rtf");
+        request.defaultExtension = u".rtf"_qs;
         request.folder = folder.path();
     }
     [[nodiscard]] QString path(const QString& name) const { return folder.filePath(name); }
 
     /// Types a name and presses Enter in the dialog.
     static void enterName(QWidget& window, const QString& name) {
-        auto* edit = window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* edit = window.findChild<QLineEdit*>(u"fileNameEdit"_qs);
         ASSERT_NE(edit, nullptr);
         edit->setText(name);
         QTest::keyClick(edit, Qt::Key_Return);
@@ -104,25 +103,23 @@ TEST_F(FileDialogTest, FiltersIgnoreCaseAndAllDocumentsShowsFilesWithoutAnEnding
         QStringList shown;
     };
     const Row rows[] = {
-        {1, {QStringLiteral("note.txt")}},
-        {2, {QStringLiteral("Show2.Rtf"), QStringLiteral("show.rtf")}},
-        {3,
-         {QStringLiteral("Show2.Rtf"), QStringLiteral("noending"), QStringLiteral("note.txt"),
-          QStringLiteral("picture.png"), QStringLiteral("show.rtf")}},
+        {1, {u"note.txt"_qs}},
+        {2, {u"Show2.Rtf"_qs, u"show.rtf"_qs}},
+        {3, {u"Show2.Rtf"_qs, u"noending"_qs, u"note.txt"_qs, u"picture.png"_qs, u"show.rtf"_qs}},
     };
     for (const Row& row : rows) {
         request.filterIndex = row.filterIndex;
         QStringList shown;
         QString label;
         ModalAction user([&](QWidget& window) {
-            auto* view = window.findChild<QAbstractItemView*>(QStringLiteral("listView"));
+            auto* view = window.findChild<QAbstractItemView*>(u"listView"_qs);
             const auto count = [view] { return view->model()->rowCount(view->rootIndex()); };
             static_cast<void>(QTest::qWaitFor([&] { return count() == row.shown.size(); }, 2000));
             for (int i = 0; i < count(); ++i) {
                 shown += view->model()->index(i, 0, view->rootIndex()).data().toString();
             }
             shown.sort();
-            label = window.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))->currentText();
+            label = window.findChild<QComboBox*>(u"fileTypeCombo"_qs)->currentText();
             window.close();
         });
         EXPECT_FALSE(dialogs.open(request).has_value());
@@ -132,41 +129,40 @@ TEST_F(FileDialogTest, FiltersIgnoreCaseAndAllDocumentsShowsFilesWithoutAnEnding
 }
 
 TEST_F(FileDialogTest, AMissingFolderOpensAnotherOneAndAFullPathIsOffered) {
-    request.folder = path(QStringLiteral("gone"));
-    request.fileName = path(QStringLiteral("show.rtf"));
+    request.folder = path(u"gone"_qs);
+    request.fileName = path(u"show.rtf"_qs);
     request.ownFile = request.fileName;
     const ModalAction user([](QWidget& window) { static_cast<QDialog&>(window).accept(); });
     const auto choice = dialogs.save(request);
     ASSERT_TRUE(choice.has_value());
-    EXPECT_EQ(choice->path, path(QStringLiteral("show.rtf")));
+    EXPECT_EQ(choice->path, path(u"show.rtf"_qs));
     EXPECT_TRUE(boxes.boxes.empty());
 }
 
 TEST_F(FileDialogTest, ReplacingAnotherFileIsAskedAndNoLeadsBackToTheDialog) {
-    request.fileName = QStringLiteral("note.rtf");
+    request.fileName = u"note.rtf"_qs;
     // The program writes text where the text filter is in force, whatever was typed.
     request.filterIndex = 1;
     request.writtenPath = [](const FileDialogChoice& choice) {
-        return choice.path.left(choice.path.lastIndexOf(u'.')) + QStringLiteral(".txt");
+        return choice.path.left(choice.path.lastIndexOf(u'.')) + u".txt"_qs;
     };
     std::unique_ptr<ModalAction> second;
     int questions = 0;
     boxes.whileOpen = [&] {
         ++questions;
         second = std::make_unique<ModalAction>([](QWidget& window) {
-            EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
-                      QStringLiteral("note.rtf"));
-            enterName(window, QStringLiteral("other.rtf"));
+            EXPECT_EQ(window.findChild<QLineEdit*>(u"fileNameEdit"_qs)->text(), u"note.rtf"_qs);
+            enterName(window, u"other.rtf"_qs);
         });
     };
     boxes.answers = {MessageAnswer::No};
     const ModalAction first([](QWidget& window) { static_cast<QDialog&>(window).accept(); });
     const auto choice = dialogs.save(request);
     ASSERT_TRUE(choice.has_value());
-    EXPECT_EQ(choice->path, path(QStringLiteral("other.rtf")));
+    EXPECT_EQ(choice->path, path(u"other.rtf"_qs));
     EXPECT_EQ(choice->filterIndex, 1);
     ASSERT_EQ(questions, 1);
-    EXPECT_TRUE(boxes.boxes.front().text.contains(QStringLiteral("note.txt")));
+    EXPECT_TRUE(boxes.boxes.front().text.contains(u"note.txt"_qs));
 }
 
 } // namespace

@@ -33,8 +33,8 @@ const BoxCase boxCases[] = {
     {MessageButtons::YesNoCancel, nullptr, MessageAnswer::Cancel},
 };
 
-const QString title = QStringLiteral("Append Text");
-const QString text = QStringLiteral("<b>C:/a & b</b>\nis no markup");
+const QString title = u"Append Text"_qs;
+const QString text = u"<b>C:/a & b</b>\nis no markup"_qs;
 
 TEST(MessageBoxesContract, TheWidgetAnswersAsTheButtonOrTheFrameSays) {
     WidgetMessageBoxes boxes;

@@ -14,7 +14,7 @@ namespace {
 
 TEST(SingleInstance, TheSecondIsRefusedUntilTheFirstIsGone) {
     const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("velmora.lock"));
+    const QString file = folder.filePath(u"velmora.lock"_qs);
     std::optional<SingleInstance> first(file);
     EXPECT_TRUE(first->isFirst());
     EXPECT_FALSE(SingleInstance(file).isFirst());
@@ -26,11 +26,11 @@ TEST(SingleInstance, TheSecondIsRefusedUntilTheFirstIsGone) {
 TEST(SingleInstance, ALockLeftByACrashIsTakenOver) {
     const QTemporaryDir folder;
     QProcess ended;
-    ended.start(QStringLiteral("true"), QStringList());
+    ended.start(u"true"_qs, QStringList());
     ASSERT_TRUE(ended.waitForStarted());
     const qint64 deadProcess = ended.processId();
     ASSERT_TRUE(ended.waitForFinished());
-    QFile lock(folder.filePath(QStringLiteral("velmora.lock")));
+    QFile lock(folder.filePath(u"velmora.lock"_qs));
     ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
     lock.write(QByteArray::number(deadProcess) + "\nvelmora\n" +
                QSysInfo::machineHostName().toUtf8() + '\n');
@@ -39,7 +39,7 @@ TEST(SingleInstance, ALockLeftByACrashIsTakenOver) {
 }
 
 TEST(SingleInstance, AFolderThatCannotBeWrittenDoesNotKeepTheProgramFromStarting) {
-    EXPECT_TRUE(SingleInstance(QStringLiteral("/proc/no/such/velmora.lock")).isFirst());
+    EXPECT_TRUE(SingleInstance(u"/proc/no/such/velmora.lock"_qs).isFirst());
 }
 
 } // namespace

@@ -19,20 +19,18 @@ QStringList& told() {
 void note(QAccessibleEvent* event) {
     switch (event->type()) {
     case QAccessible::TextCaretMoved:
-        told() << QStringLiteral("caret %1")
-                      .arg(static_cast<QAccessibleTextCursorEvent*>(event)->cursorPosition());
+        told() << u"caret %1"_qs.arg(
+            static_cast<QAccessibleTextCursorEvent*>(event)->cursorPosition());
         break;
     case QAccessible::TextSelectionChanged: {
         auto* selection = static_cast<QAccessibleTextSelectionEvent*>(event);
-        told() << QStringLiteral("selection %1 %2")
-                      .arg(selection->selectionStart())
+        told() << u"selection %1 %2"_qs.arg(selection->selectionStart())
                       .arg(selection->selectionEnd());
         break;
     }
     case QAccessible::TextUpdated: {
         auto* update = static_cast<QAccessibleTextUpdateEvent*>(event);
-        told() << QStringLiteral("text %1 -%2 +%3")
-                      .arg(update->changePosition())
+        told() << u"text %1 -%2 +%3"_qs.arg(update->changePosition())
                       .arg(update->textRemoved(), update->textInserted());
         break;
     }
@@ -52,17 +50,17 @@ protected:
 };
 
 TEST_F(ViewAccessibility, TellsTextCaretAndSelection) {
-    setText(QStringLiteral("One two.\nThree\n"));
+    setText(u"One two.\nThree\n"_qs);
     EXPECT_EQ(interface().role(), QAccessible::EditableText);
     ASSERT_NE(interface().textInterface(), nullptr);
-    const QString all = QStringLiteral("One two.\nThree\n");
+    const QString all = u"One two.\nThree\n"_qs;
     EXPECT_EQ(text().characterCount(), all.size()) << "a line end is one character here";
     EXPECT_EQ(text().text(0, text().characterCount()), all);
-    EXPECT_EQ(text().text(4, 11), QStringLiteral("two.\nTh"));
-    box.setSelStart(positionOf(QStringLiteral("Three")) + 2);
+    EXPECT_EQ(text().text(4, 11), u"two.\nTh"_qs);
+    box.setSelStart(positionOf(u"Three"_qs) + 2);
     EXPECT_EQ(text().cursorPosition(), 11);
     text().setSelection(0, 4, 11);
-    EXPECT_EQ(selected(), QStringLiteral("two.\r\nTh"));
+    EXPECT_EQ(selected(), u"two.\r\nTh"_qs);
     int start = -1;
     int end = -1;
     text().selection(0, &start, &end);
@@ -72,8 +70,8 @@ TEST_F(ViewAccessibility, TellsTextCaretAndSelection) {
 }
 
 TEST_F(ViewAccessibility, CutsTheTextIntoUnits) {
-    const QString line = QStringLiteral("wrapping words ").repeated(12);
-    setText(QStringLiteral("One two.\n") + line);
+    const QString line = u"wrapping words "_qs.repeated(12);
+    setText(u"One two.\n"_qs + line);
     ASSERT_GT(box.lineCount(), 3);
     const int secondLine = box.toDocument(box.lineIndex(2));
     const int thirdLine = box.toDocument(box.lineIndex(3));
@@ -107,7 +105,7 @@ TEST_F(ViewAccessibility, CutsTheTextIntoUnits) {
 }
 
 TEST_F(ViewAccessibility, TellsPlacesAndFormats) {
-    setText(QStringLiteral("One two\nThree"));
+    setText(u"One two\nThree"_qs);
     box.select(4, 7);
     box.setSelBold(true);
     const QRect rect = text().characterRect(5);
@@ -120,13 +118,12 @@ TEST_F(ViewAccessibility, TellsPlacesAndFormats) {
     int end = -1;
     const QString attributes = text().attributes(5, &start, &end);
     EXPECT_EQ(std::make_pair(start, end), std::make_pair(4, 7));
-    EXPECT_TRUE(attributes.contains(QStringLiteral("font-weight:bold")))
-        << attributes.toStdString();
-    EXPECT_TRUE(attributes.contains(QStringLiteral("color:rgb(255,255,255)")));
+    EXPECT_TRUE(attributes.contains(u"font-weight:bold"_qs)) << attributes.toStdString();
+    EXPECT_TRUE(attributes.contains(u"color:rgb(255,255,255)"_qs));
 }
 
 TEST_F(ViewAccessibility, OffsetsOutsideOfTheTextMeanItsEnds) {
-    for (const QString& content : {QString(), QStringLiteral("One two"), QStringLiteral("One\n")}) {
+    for (const QString& content : {QString(), u"One two"_qs, u"One\n"_qs}) {
         setText(content);
         const int count = text().characterCount();
         const struct {
@@ -163,20 +160,20 @@ TEST_F(ViewAccessibility, OffsetsOutsideOfTheTextMeanItsEnds) {
 }
 
 TEST_F(ViewAccessibility, EditsUnlessReadOnly) {
-    setText(QStringLiteral("One two\nThree"));
+    setText(u"One two\nThree"_qs);
     auto* editor = interface().editableTextInterface();
     ASSERT_NE(editor, nullptr);
-    editor->replaceText(4, 9, QStringLiteral("six\nT"));
-    editor->insertText(0, QStringLiteral("A"));
+    editor->replaceText(4, 9, u"six\nT"_qs);
+    editor->insertText(0, u"A"_qs);
     editor->deleteText(1, 4);
-    EXPECT_EQ(box.Text(), QStringLiteral("A six\r\nThree"));
+    EXPECT_EQ(box.Text(), u"A six\r\nThree"_qs);
     view.setReadOnly(true);
     EXPECT_EQ(interface().editableTextInterface(), nullptr);
     EXPECT_TRUE(interface().state().readOnly);
 }
 
 TEST_F(ViewAccessibility, TellsChanges) {
-    setText(QStringLiteral("One\ntwo"));
+    setText(u"One\ntwo"_qs);
     // The offscreen platform has no listener: a notifier beside the view's own believes in one.
     AccessibilityNotifier notifier(view, {[] { return true; }, note});
     QObject::connect(&box.document(), &QTextDocument::contentsChange, &view,
@@ -188,23 +185,23 @@ TEST_F(ViewAccessibility, TellsChanges) {
     notifier.tellTextChange();
     told().clear();
     box.setSelStart(1);
-    type(QStringLiteral("x"));
-    box.setSelStart(positionOf(QStringLiteral("two")));
+    type(u"x"_qs);
+    box.setSelStart(positionOf(u"two"_qs));
     press(Qt::Key_Backspace);
     press(Qt::Key_Right, Qt::ShiftModifier);
-    EXPECT_TRUE(told().contains(QStringLiteral("text 1 - +x"))) << told().join(u'|').toStdString();
-    EXPECT_TRUE(told().contains(QStringLiteral("caret 2")));
-    EXPECT_TRUE(told().contains(QStringLiteral("caret 5")));
-    EXPECT_TRUE(told().contains(QStringLiteral("text 4 -\n +")));
-    EXPECT_TRUE(told().contains(QStringLiteral("selection 4 5")));
+    EXPECT_TRUE(told().contains(u"text 1 - +x"_qs)) << told().join(u'|').toStdString();
+    EXPECT_TRUE(told().contains(u"caret 2"_qs));
+    EXPECT_TRUE(told().contains(u"caret 5"_qs));
+    EXPECT_TRUE(told().contains(u"text 4 -\n +"_qs));
+    EXPECT_TRUE(told().contains(u"selection 4 5"_qs));
     const QString before = text().text(0, text().characterCount());
-    setText(QStringLiteral("A new text"));
-    EXPECT_TRUE(told().contains(QStringLiteral("text 0 -%1 +A new text").arg(before)))
+    setText(u"A new text"_qs);
+    EXPECT_TRUE(told().contains(u"text 0 -%1 +A new text"_qs.arg(before)))
         << told().join(u'|').toStdString();
-    box.setSelText(QStringLiteral("x"));
+    box.setSelText(u"x"_qs);
     box.select(0, 2);
     box.setSelText({});
-    EXPECT_TRUE(told().contains(QStringLiteral("text 0 -xA +")));
+    EXPECT_TRUE(told().contains(u"text 0 -xA +"_qs));
 }
 
 } // namespace velmora

@@ -39,29 +39,29 @@ protected:
 };
 
 TEST_F(ViewClipboard, RoundTripKeepsFormats) {
-    setText(QStringLiteral("plain bold\nnext"));
+    setText(u"plain bold\nnext"_qs);
     box.select(6, 10);
     box.setSelBold(true);
     box.setSelColor(0x0000FF);
     box.select(4, 13);
     const QByteArray before = box.SelRTF();
     press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_TRUE(clipboard().data(QStringLiteral("text/rtf")).startsWith("{\\rtf1"));
-    EXPECT_EQ(clipboard().text(), QStringLiteral("n bold\nn")) << "others expect a bare LF";
+    EXPECT_TRUE(clipboard().data(u"text/rtf"_qs).startsWith("{\\rtf1"));
+    EXPECT_EQ(clipboard().text(), u"n bold\nn"_qs) << "others expect a bare LF";
 
     box.setSelStart(box.textLength());
     press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(box.Text(), withLineEnds(QStringLiteral("plain bold\nnextn bold\nn")));
+    EXPECT_EQ(box.Text(), withLineEnds(u"plain bold\nnextn bold\nn"_qs));
     box.select(box.textLength() - 9, box.textLength());
     EXPECT_EQ(box.SelRTF(), before);
 
     box.select(0, 6);
     press(Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(clipboard().text(), QStringLiteral("plain "));
-    EXPECT_TRUE(box.Text().startsWith(QStringLiteral("bold")));
+    EXPECT_EQ(clipboard().text(), u"plain "_qs);
+    EXPECT_TRUE(box.Text().startsWith(u"bold"_qs));
     box.setSelStart(0);
     view.copy();
-    EXPECT_EQ(clipboard().text(), QStringLiteral("plain ")) << "no selection leaves it alone";
+    EXPECT_EQ(clipboard().text(), u"plain "_qs) << "no selection leaves it alone";
 }
 
 TEST_F(ViewClipboard, TakesTheBestThatItCanRead) {
@@ -74,18 +74,14 @@ TEST_F(ViewClipboard, TakesTheBestThatItCanRead) {
         QString expected;
         bool bold;
     } rows[] = {
-        {"rtf first", QStringLiteral("text/rtf"), rtf, QStringLiteral("thin"),
-         QStringLiteral("fat"), true},
-        {"another name", QStringLiteral("application/rtf"), rtf, QString(), QStringLiteral("fat"),
-         true},
-        {"richtext that is rtf", QStringLiteral("text/richtext"), rtf, QStringLiteral("thin"),
-         QStringLiteral("fat"), true},
-        {"richtext that is not", QStringLiteral("text/richtext"), "<bold>fat</bold>",
-         QStringLiteral("thin"), QStringLiteral("thin"), false},
-        {"damaged rtf", QStringLiteral("text/rtf"), "nothing of the kind", QStringLiteral("thin"),
-         QStringLiteral("thin"), false},
-        {"line ends", QString(), {}, QStringLiteral("a\nb"), QStringLiteral("a\r\nb"), false},
-        {"picture", QStringLiteral("image/png"), "...", QString(), QString(), false},
+        {"rtf first", u"text/rtf"_qs, rtf, u"thin"_qs, u"fat"_qs, true},
+        {"another name", u"application/rtf"_qs, rtf, QString(), u"fat"_qs, true},
+        {"richtext that is rtf", u"text/richtext"_qs, rtf, u"thin"_qs, u"fat"_qs, true},
+        {"richtext that is not", u"text/richtext"_qs, "<bold>fat</bold>", u"thin"_qs, u"thin"_qs,
+         false},
+        {"damaged rtf", u"text/rtf"_qs, "nothing of the kind", u"thin"_qs, u"thin"_qs, false},
+        {"line ends", QString(), {}, u"a\nb"_qs, u"a\r\nb"_qs, false},
+        {"picture", u"image/png"_qs, "...", QString(), QString(), false},
     };
     for (const auto& row : rows) {
         setText(QString());
@@ -100,40 +96,40 @@ TEST_F(ViewClipboard, TakesTheBestThatItCanRead) {
 }
 
 TEST_F(ViewClipboard, TheOwnerGetsWhatComesIn) {
-    setText(QStringLiteral("abc"));
+    setText(u"abc"_qs);
     box.select(1, 2);
     QString seen;
     view.setIncomingHandler([&](const QMimeData& data) {
         seen += data.text();
-        box.setSelText(QStringLiteral("[") + data.text() + QLatin1Char(']'));
+        box.setSelText(u"["_qs + data.text() + QLatin1Char(']'));
     });
-    offer(QString(), {}, QStringLiteral("x"));
+    offer(QString(), {}, u"x"_qs);
     press(Qt::Key_Insert, Qt::ShiftModifier);
-    EXPECT_EQ(box.Text(), QStringLiteral("a[x]c"));
+    EXPECT_EQ(box.Text(), u"a[x]c"_qs);
     QMimeData dropped;
-    dropped.setText(QStringLiteral("y"));
+    dropped.setText(u"y"_qs);
     EXPECT_TRUE(drop(dropped, 0, Qt::CopyAction));
-    EXPECT_EQ(box.Text(), QStringLiteral("[y]a[x]c"));
+    EXPECT_EQ(box.Text(), u"[y]a[x]c"_qs);
     view.setReadOnly(true);
     view.paste();
     EXPECT_FALSE(drop(dropped, 0, Qt::CopyAction));
-    EXPECT_EQ(seen, QStringLiteral("xy"));
-    EXPECT_EQ(box.Text(), QStringLiteral("[y]a[x]c"));
+    EXPECT_EQ(seen, u"xy"_qs);
+    EXPECT_EQ(box.Text(), u"[y]a[x]c"_qs);
 }
 
 TEST_F(ViewClipboard, FilesAreLeftToTheWindow) {
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(QStringLiteral("/a/script.rtf"))});
+    files.setUrls({QUrl::fromLocalFile(u"/a/script.rtf"_qs)});
     EXPECT_FALSE(drop(files, 0, Qt::CopyAction));
     QMimeData link;
-    link.setUrls({QUrl(QStringLiteral("https://example.org/"))});
-    link.setText(QStringLiteral("example"));
+    link.setUrls({QUrl(u"https://example.org/"_qs)});
+    link.setText(u"example"_qs);
     EXPECT_TRUE(drop(link, 0, Qt::CopyAction));
-    EXPECT_EQ(box.Text(), QStringLiteral("example"));
+    EXPECT_EQ(box.Text(), u"example"_qs);
 }
 
 TEST_F(ViewClipboard, ADragBeginsOnTheSelectionOnly) {
-    setText(QStringLiteral("one two three"));
+    setText(u"one two three"_qs);
     box.select(4, 7);
     const QPoint start = pointOn(5);
     const QPoint away = start + QPoint(QApplication::startDragDistance() + 1, 0);
@@ -142,8 +138,8 @@ TEST_F(ViewClipboard, ADragBeginsOnTheSelectionOnly) {
                      Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(view.viewport(), &move);
     QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, away);
-    EXPECT_EQ(selected(), QStringLiteral("two")) << "a drag that nobody takes changes nothing";
-    EXPECT_EQ(box.Text(), QStringLiteral("one two three"));
+    EXPECT_EQ(selected(), u"two"_qs) << "a drag that nobody takes changes nothing";
+    EXPECT_EQ(box.Text(), u"one two three"_qs);
 }
 
 TEST_F(ViewClipboard, TextDraggedAwayIsDeletedIfItMoved) {
@@ -156,12 +152,12 @@ TEST_F(ViewClipboard, TextDraggedAwayIsDeletedIfItMoved) {
                 {Qt::IgnoreAction, false, "one two three"},
                 {Qt::MoveAction, true, "one two three"}};
     for (const auto& row : rows) {
-        setText(QStringLiteral("one two three"));
+        setText(u"one two three"_qs);
         box.select(4, 7);
         ViewCore core(box, view);
         core.setReadOnly(row.readOnly);
         DragHandler handler(core, [&](QDrag& drag, Qt::DropActions actions, Qt::DropAction) {
-            EXPECT_EQ(drag.mimeData()->text(), QStringLiteral("two"));
+            EXPECT_EQ(drag.mimeData()->text(), u"two"_qs);
             EXPECT_EQ(actions.testFlag(Qt::MoveAction), !row.readOnly);
             return row.action;
         });
@@ -176,17 +172,17 @@ TEST_F(ViewClipboard, WhatChangedDuringADragIsNotDeleted) {
         std::function<void()> change;
         QString left;
     } rows[] = {
-        {"another selection", [&] { box.select(0, 3); }, QStringLiteral("one two three")},
-        {"another text", [&] { setText(QStringLiteral("six")); }, QStringLiteral("six")},
+        {"another selection", [&] { box.select(0, 3); }, u"one two three"_qs},
+        {"another text", [&] { setText(u"six"_qs); }, u"six"_qs},
         {"another text in the same place",
          [&] {
-             setText(QStringLiteral("one six three"));
+             setText(u"one six three"_qs);
              box.select(4, 7);
          },
-         QStringLiteral("one six three")},
+         u"one six three"_qs},
     };
     for (const auto& row : rows) {
-        setText(QStringLiteral("one two three"));
+        setText(u"one two three"_qs);
         box.select(4, 7);
         ViewCore core(box, view);
         DragHandler handler(core, [&](QDrag&, Qt::DropActions, Qt::DropAction) {
@@ -212,7 +208,7 @@ TEST_F(ViewClipboard, ADragInsideMovesOrCopies) {
         {"onto itself", Qt::MoveAction, 5, "one two three", 4},
     };
     for (const auto& row : rows) {
-        setText(QStringLiteral("one two three"));
+        setText(u"one two three"_qs);
         box.select(4, 7);
         const bool right = row.target == 7;
         const int target = right ? 13 : row.target;
@@ -228,10 +224,9 @@ TEST_F(ViewClipboard, ADragInsideMovesOrCopies) {
         });
         dragged = &handler;
         handler.drag();
-        const QString expected =
-            right ? QStringLiteral("one  threetwo") : QString::fromLatin1(row.expected);
+        const QString expected = right ? u"one  threetwo"_qs : QString::fromLatin1(row.expected);
         EXPECT_EQ(box.Text(), expected) << row.what;
-        EXPECT_EQ(selected(), QStringLiteral("two")) << row.what;
+        EXPECT_EQ(selected(), u"two"_qs) << row.what;
         EXPECT_EQ(box.SelStart(), row.selectionStart) << row.what;
     }
 }

@@ -23,7 +23,7 @@ namespace velmora {
 /// Characters between a position and the text's start count one a line end here, two in the box:
 /// the tests write scripts with \n and ask for box positions by text.
 inline QString withLineEnds(QString text) {
-    return text.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+    return text.replace(QLatin1Char('\n'), u"\r\n"_qs);
 }
 
 /// A shown editor view over a box of its own, white text on black at zoom 2.
@@ -34,7 +34,7 @@ protected:
 
     ViewTest() {
         CharacterFormat format;
-        format.fontName = QStringLiteral("Arial");
+        format.fontName = u"Arial"_qs;
         format.halfPoints = 2 * 14;
         format.color = White;
         box.setDefaultFormat(format);

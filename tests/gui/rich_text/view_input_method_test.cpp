@@ -30,14 +30,14 @@ protected:
 };
 
 TEST_F(ViewInputMethod, ComposedTextStandsInPlaceAndOutsideOfTheText) {
-    setText(QStringLiteral("first\nab"));
-    box.setSelStart(positionOf(QStringLiteral("b")));
+    setText(u"first\nab"_qs);
+    box.setSelStart(positionOf(u"b"_qs));
     const QRect before = cursor();
     int changes = 0;
     QObject::connect(&box, &RichTextBox::Change, &view, [&] { ++changes; });
-    compose(QStringLiteral("にほ"));
-    EXPECT_EQ(composed(), QStringLiteral("にほ"));
-    EXPECT_EQ(box.Text(), QStringLiteral("first\r\nab"));
+    compose(u"にほ"_qs);
+    EXPECT_EQ(composed(), u"にほ"_qs);
+    EXPECT_EQ(box.Text(), u"first\r\nab"_qs);
     EXPECT_EQ(changes, 0);
     EXPECT_GT(cursor().left(), before.left()) << "the caret goes behind it";
     const auto formats = box.document().lastBlock().layout()->formats();
@@ -46,38 +46,36 @@ TEST_F(ViewInputMethod, ComposedTextStandsInPlaceAndOutsideOfTheText) {
     EXPECT_EQ(formats[0].start, 1);
     EXPECT_EQ(formats[0].length, 2);
 
-    compose(QStringLiteral("にほ"), {{QInputMethodEvent::Cursor, 0, 1, QVariant()}});
+    compose(u"にほ"_qs, {{QInputMethodEvent::Cursor, 0, 1, QVariant()}});
     EXPECT_EQ(cursor().left(), before.left()) << "or where the input method wants it";
-    commit(QStringLiteral("日本"));
-    EXPECT_EQ(box.Text(), QStringLiteral("first\r\na日本b"));
+    commit(u"日本"_qs);
+    EXPECT_EQ(box.Text(), u"first\r\na日本b"_qs);
     EXPECT_EQ(composed(), QString());
     EXPECT_EQ(box.SelStart(), box.textLength() - 1);
     EXPECT_EQ(changes, 1);
 }
 
 TEST_F(ViewInputMethod, ComposingEnds) {
-    setText(QStringLiteral("abcdef"));
+    setText(u"abcdef"_qs);
     const struct {
         const char* what;
         std::function<void()> act;
         QString text;
     } rows[] = {
-        {"cancelled", [&] { compose(QString()); }, QStringLiteral("abcdef")},
-        {"caret moved", [&] { box.setSelStart(0); }, QStringLiteral("abcdef")},
-        {"text replaced", [&] { box.setText(QStringLiteral("new")); }, QStringLiteral("new")},
-        {"paragraph split", [&] { box.setSelText(QStringLiteral("\r\n")); },
-         QStringLiteral("abc\r\ndef")},
+        {"cancelled", [&] { compose(QString()); }, u"abcdef"_qs},
+        {"caret moved", [&] { box.setSelStart(0); }, u"abcdef"_qs},
+        {"text replaced", [&] { box.setText(u"new"_qs); }, u"new"_qs},
+        {"paragraph split", [&] { box.setSelText(u"\r\n"_qs); }, u"abc\r\ndef"_qs},
         {"clicked elsewhere",
-         [&] { QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, pointOn(0)); },
-         QStringLiteral("abcdef")},
-        {"read-only", [&] { view.setReadOnly(true); }, QStringLiteral("abcdef")},
+         [&] { QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, pointOn(0)); }, u"abcdef"_qs},
+        {"read-only", [&] { view.setReadOnly(true); }, u"abcdef"_qs},
     };
     for (const auto& row : rows) {
         view.setReadOnly(false);
-        setText(QStringLiteral("abcdef"));
+        setText(u"abcdef"_qs);
         box.setSelStart(3);
-        compose(QStringLiteral("xy"));
-        ASSERT_EQ(composed(), QStringLiteral("xy")) << row.what;
+        compose(u"xy"_qs);
+        ASSERT_EQ(composed(), u"xy"_qs) << row.what;
         row.act();
         EXPECT_EQ(composed(), QString()) << row.what;
         EXPECT_EQ(box.Text(), row.text) << row.what;
@@ -85,38 +83,38 @@ TEST_F(ViewInputMethod, ComposingEnds) {
 }
 
 TEST_F(ViewInputMethod, CommitsMayReplace) {
-    setText(QStringLiteral("teh cat"));
+    setText(u"teh cat"_qs);
     box.setSelStart(3);
-    commit(QStringLiteral("the"), -3, 3);
-    EXPECT_EQ(box.Text(), QStringLiteral("the cat"));
+    commit(u"the"_qs, -3, 3);
+    EXPECT_EQ(box.Text(), u"the cat"_qs);
     EXPECT_EQ(box.SelStart(), 3);
     box.select(0, 3);
-    compose(QStringLiteral("a"));
-    EXPECT_EQ(box.Text(), QStringLiteral(" cat")) << "composing replaces the selection";
-    commit(QStringLiteral("a"));
-    EXPECT_EQ(box.Text(), QStringLiteral("a cat"));
+    compose(u"a"_qs);
+    EXPECT_EQ(box.Text(), u" cat"_qs) << "composing replaces the selection";
+    commit(u"a"_qs);
+    EXPECT_EQ(box.Text(), u"a cat"_qs);
 }
 
 TEST_F(ViewInputMethod, TellsTheTextAround) {
-    setText(QStringLiteral("first\nsecond part"));
-    const int second = positionOf(QStringLiteral("second"));
+    setText(u"first\nsecond part"_qs);
+    const int second = positionOf(u"second"_qs);
     box.select(second + 2, second + 6);
     const struct {
         Qt::InputMethodQuery query;
         QVariant expected;
     } rows[] = {
         {Qt::ImEnabled, true},
-        {Qt::ImSurroundingText, QStringLiteral("second part")},
+        {Qt::ImSurroundingText, u"second part"_qs},
         {Qt::ImCursorPosition, 6},
         {Qt::ImAnchorPosition, 2},
-        {Qt::ImCurrentSelection, QStringLiteral("cond")},
-        {Qt::ImTextBeforeCursor, QStringLiteral("second")},
-        {Qt::ImTextAfterCursor, QStringLiteral(" part")},
+        {Qt::ImCurrentSelection, u"cond"_qs},
+        {Qt::ImTextBeforeCursor, u"second"_qs},
+        {Qt::ImTextAfterCursor, u" part"_qs},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(view.inputMethodQuery(row.query), row.expected) << row.query;
     }
-    EXPECT_EQ(view.inputMethodQuery(Qt::ImTextBeforeCursor, 3), QVariant(QStringLiteral("ond")));
+    EXPECT_EQ(view.inputMethodQuery(Qt::ImTextBeforeCursor, 3), QVariant(u"ond"_qs));
     EXPECT_NEAR(cursor().center().x(), pointOf(second + 6).x(), 2);
     EXPECT_NEAR(cursor().center().y(), pointOf(second + 6).y(), 2);
 }
@@ -139,7 +137,7 @@ private:
 
 TEST_F(ViewInputMethod, TheBlinkingCaretIsNoNewsForTheInputMethod) {
     QApplication::setCursorFlashTime(10);
-    setText(QStringLiteral("one"));
+    setText(u"one"_qs);
     int told = 0;
     QObject::connect(QGuiApplication::inputMethod(), &QInputMethod::cursorRectangleChanged, &view,
                      [&] { ++told; });

@@ -5,26 +5,26 @@ namespace velmora {
 class ViewKeys : public ViewTest {};
 
 TEST_F(ViewKeys, TypesWhereTheCaretStands) {
-    setText(QStringLiteral("one three"));
+    setText(u"one three"_qs);
     box.setSelStart(4);
-    type(QStringLiteral("two "));
-    EXPECT_EQ(box.Text(), QStringLiteral("one two three"));
+    type(u"two "_qs);
+    EXPECT_EQ(box.Text(), u"one two three"_qs);
     press(Qt::Key_End);
     press(Qt::Key_Return);
     press(Qt::Key_Tab);
-    type(QStringLiteral("x"));
+    type(u"x"_qs);
     press(Qt::Key_Return, Qt::ShiftModifier);
-    type(QStringLiteral("y"));
-    EXPECT_EQ(box.Text(), QStringLiteral("one two three\r\n\tx\vy"));
+    type(u"y"_qs);
+    EXPECT_EQ(box.Text(), u"one two three\r\n\tx\vy"_qs);
     EXPECT_EQ(box.SelStart(), box.textLength());
     EXPECT_TRUE(view.hasFocus()) << "Tab writes and does not leave";
     box.selectAll();
-    type(QStringLiteral("é"));
-    EXPECT_EQ(box.Text(), QStringLiteral("é"));
+    type(u"é"_qs);
+    EXPECT_EQ(box.Text(), u"é"_qs);
 }
 
 TEST_F(ViewKeys, LeavesCommandsToTheWindow) {
-    setText(QStringLiteral("abc"));
+    setText(u"abc"_qs);
     const struct {
         Qt::Key key;
         Qt::KeyboardModifiers modifiers;
@@ -43,7 +43,7 @@ TEST_F(ViewKeys, LeavesCommandsToTheWindow) {
         QApplication::sendEvent(&view, &event);
         EXPECT_EQ(event.isAccepted(), row.taken) << row.key;
     }
-    EXPECT_EQ(box.Text(), QStringLiteral("@abc"));
+    EXPECT_EQ(box.Text(), u"@abc"_qs);
 }
 
 TEST_F(ViewKeys, Deletes) {
@@ -58,69 +58,27 @@ TEST_F(ViewKeys, Deletes) {
         Qt::KeyboardModifiers modifiers;
         QString expected;
     } rows[] = {
-        {"back", QStringLiteral("abc"), 2, 0, Qt::Key_Backspace, {}, QStringLiteral("ac")},
-        {"back at start",
-         QStringLiteral("abc"),
-         0,
-         0,
-         Qt::Key_Backspace,
-         {},
-         QStringLiteral("abc")},
-        {"back over a line end",
-         QStringLiteral("a\nb"),
-         3,
-         0,
-         Qt::Key_Backspace,
-         {},
-         QStringLiteral("ab")},
-        {"back over a pair",
-         pair + QLatin1Char('x'),
-         2,
-         0,
-         Qt::Key_Backspace,
-         {},
-         QStringLiteral("x")},
-        {"back takes an accent alone",
-         QStringLiteral("e") + mark,
-         2,
-         0,
-         Qt::Key_Backspace,
-         {},
-         QStringLiteral("e")},
-        {"delete", QStringLiteral("abc"), 1, 0, Qt::Key_Delete, {}, QStringLiteral("ac")},
+        {"back", u"abc"_qs, 2, 0, Qt::Key_Backspace, {}, u"ac"_qs},
+        {"back at start", u"abc"_qs, 0, 0, Qt::Key_Backspace, {}, u"abc"_qs},
+        {"back over a line end", u"a\nb"_qs, 3, 0, Qt::Key_Backspace, {}, u"ab"_qs},
+        {"back over a pair", pair + QLatin1Char('x'), 2, 0, Qt::Key_Backspace, {}, u"x"_qs},
+        {"back takes an accent alone", u"e"_qs + mark, 2, 0, Qt::Key_Backspace, {}, u"e"_qs},
+        {"delete", u"abc"_qs, 1, 0, Qt::Key_Delete, {}, u"ac"_qs},
         {"delete takes a whole cluster",
-         QStringLiteral("e") + mark + QLatin1Char('x'),
+         u"e"_qs + mark + QLatin1Char('x'),
          0,
          0,
          Qt::Key_Delete,
          {},
-         QStringLiteral("x")},
-        {"delete a line end",
-         QStringLiteral("a\nb"),
-         1,
-         0,
-         Qt::Key_Delete,
-         {},
-         QStringLiteral("ab")},
-        {"delete at the end",
-         QStringLiteral("abc"),
-         3,
-         0,
-         Qt::Key_Delete,
-         {},
-         QStringLiteral("abc")},
-        {"selection", QStringLiteral("abcd"), 1, 2, Qt::Key_Delete, {}, QStringLiteral("ad")},
-        {"selection back",
-         QStringLiteral("abcd"),
-         1,
-         2,
-         Qt::Key_Backspace,
-         {},
-         QStringLiteral("ad")},
-        {"word back", QStringLiteral("one two three"), 8, 0, Qt::Key_Backspace, Qt::ControlModifier,
-         QStringLiteral("one three")},
-        {"word forward", QStringLiteral("one two three"), 4, 0, Qt::Key_Delete, Qt::ControlModifier,
-         QStringLiteral("one three")},
+         u"x"_qs},
+        {"delete a line end", u"a\nb"_qs, 1, 0, Qt::Key_Delete, {}, u"ab"_qs},
+        {"delete at the end", u"abc"_qs, 3, 0, Qt::Key_Delete, {}, u"abc"_qs},
+        {"selection", u"abcd"_qs, 1, 2, Qt::Key_Delete, {}, u"ad"_qs},
+        {"selection back", u"abcd"_qs, 1, 2, Qt::Key_Backspace, {}, u"ad"_qs},
+        {"word back", u"one two three"_qs, 8, 0, Qt::Key_Backspace, Qt::ControlModifier,
+         u"one three"_qs},
+        {"word forward", u"one two three"_qs, 4, 0, Qt::Key_Delete, Qt::ControlModifier,
+         u"one three"_qs},
     };
     for (const auto& row : rows) {
         setText(row.text);
@@ -132,10 +90,10 @@ TEST_F(ViewKeys, Deletes) {
 }
 
 TEST_F(ViewKeys, MovesTheCaret) {
-    setText(QStringLiteral("one two three\nonly\n\nlast one"));
-    const int second = positionOf(QStringLiteral("only"));
+    setText(u"one two three\nonly\n\nlast one"_qs);
+    const int second = positionOf(u"only"_qs);
     const int third = second + 6;
-    const int last = positionOf(QStringLiteral("last"));
+    const int last = positionOf(u"last"_qs);
     const int end = box.textLength();
     const auto control = Qt::ControlModifier;
     const struct {
@@ -180,7 +138,7 @@ TEST_F(ViewKeys, MovesTheCaret) {
 }
 
 TEST_F(ViewKeys, KeepsTheWantedPlaceOverShortLines) {
-    setText(QStringLiteral("a long first line\nab\n\na long fourth line"));
+    setText(u"a long first line\nab\n\na long fourth line"_qs);
     box.setSelStart(10);
     const double wanted = pointOf(10).x();
     for (int line = 0; line < 3; ++line) {
@@ -194,11 +152,11 @@ TEST_F(ViewKeys, KeepsTheWantedPlaceOverShortLines) {
     EXPECT_EQ(box.SelStart(), 10);
     press(Qt::Key_Home);
     press(Qt::Key_Down);
-    EXPECT_EQ(box.SelStart(), positionOf(QStringLiteral("ab"))) << "a sidestep is a new wish";
+    EXPECT_EQ(box.SelStart(), positionOf(u"ab"_qs)) << "a sidestep is a new wish";
 }
 
 TEST_F(ViewKeys, StaysOnTheLineAtTheEndOfAWrappedLine) {
-    setText(QStringLiteral("word ").repeated(40));
+    setText(u"word "_qs.repeated(40));
     ASSERT_GT(box.lineCount(), 2);
     press(Qt::Key_End);
     EXPECT_EQ(box.GetLineFromChar(box.SelStart()), 0);
@@ -210,7 +168,7 @@ TEST_F(ViewKeys, StaysOnTheLineAtTheEndOfAWrappedLine) {
 }
 
 TEST_F(ViewKeys, TheSelectionGivesWayToItsEnds) {
-    setText(QStringLiteral("abcdef"));
+    setText(u"abcdef"_qs);
     const struct {
         Qt::Key key;
         int to;
@@ -223,10 +181,10 @@ TEST_F(ViewKeys, TheSelectionGivesWayToItsEnds) {
     }
     box.setSelStart(3);
     press(Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_EQ(selected(), QStringLiteral("def"));
+    EXPECT_EQ(selected(), u"def"_qs);
     box.setSelStart(3);
     press(Qt::Key_Up, Qt::ShiftModifier);
-    EXPECT_EQ(selected(), QStringLiteral("abc"));
+    EXPECT_EQ(selected(), u"abc"_qs);
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(box.SelLength(), 6);
 }
@@ -289,16 +247,16 @@ TEST_F(ViewKeys, ClaimsItsKeysBeforeTheWindowsShortcuts) {
 }
 
 TEST_F(ViewKeys, AReadOnlyViewMovesAndSelectsOnly) {
-    setText(QStringLiteral("one two"));
+    setText(u"one two"_qs);
     view.setReadOnly(true);
-    type(QStringLiteral("x"));
+    type(u"x"_qs);
     press(Qt::Key_Return);
     press(Qt::Key_Delete);
     press(Qt::Key_Tab);
     press(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
     press(Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(box.Text(), QStringLiteral("one two"));
-    EXPECT_EQ(selected(), QStringLiteral("one "));
+    EXPECT_EQ(box.Text(), u"one two"_qs);
+    EXPECT_EQ(selected(), u"one "_qs);
 }
 
 } // namespace velmora

@@ -7,7 +7,7 @@ namespace velmora {
 class ViewMouse : public ViewTest {
 protected:
     void SetUp() override {
-        setText(QStringLiteral("The first line stands here.\nA second paragraph follows.\nThird."));
+        setText(u"The first line stands here.\nA second paragraph follows.\nThird."_qs);
     }
     void mouse(QEvent::Type type, QPoint point, Qt::KeyboardModifiers modifiers = {}) {
         const bool isMove = type == QEvent::MouseMove;
@@ -40,7 +40,7 @@ TEST_F(ViewMouse, AClickSetsTheCaretNearestToIt) {
             EXPECT_EQ(box.SelStart(), position) << "zoom " << zoom;
         }
     }
-    const int lineEnd = positionOf(QStringLiteral("\nA second"));
+    const int lineEnd = positionOf(u"\nA second"_qs);
     click(QPoint(view.viewport()->width() - 1, pointOn(0).y()));
     EXPECT_EQ(box.SelStart(), lineEnd) << "right of a line";
     click(QPoint(10, view.viewport()->height() - 2));
@@ -48,14 +48,14 @@ TEST_F(ViewMouse, AClickSetsTheCaretNearestToIt) {
 }
 
 TEST_F(ViewMouse, ADragSelects) {
-    const int from = positionOf(QStringLiteral("first"));
-    const int to = positionOf(QStringLiteral("second"));
+    const int from = positionOf(u"first"_qs);
+    const int to = positionOf(u"second"_qs);
     mouse(QEvent::MouseButtonPress, pointOf(from).toPoint());
     mouse(QEvent::MouseMove, pointOf(to).toPoint());
-    EXPECT_EQ(selected(), withLineEnds(QStringLiteral("first line stands here.\nA ")));
+    EXPECT_EQ(selected(), withLineEnds(u"first line stands here.\nA "_qs));
     EXPECT_EQ(box.caretPosition(), to);
     mouse(QEvent::MouseMove, pointOf(0).toPoint());
-    EXPECT_EQ(selected(), QStringLiteral("The "));
+    EXPECT_EQ(selected(), u"The "_qs);
     EXPECT_EQ(box.caretPosition(), 0);
     mouse(QEvent::MouseButtonRelease, pointOf(0).toPoint());
     click(pointOf(to).toPoint(), Qt::ShiftModifier);
@@ -64,40 +64,40 @@ TEST_F(ViewMouse, ADragSelects) {
 }
 
 TEST_F(ViewMouse, MoreClicksTakeWordsAndParagraphs) {
-    const int word = positionOf(QStringLiteral("second"));
+    const int word = positionOf(u"second"_qs);
     doubleClick(pointOn(word + 2));
-    EXPECT_EQ(selected(), QStringLiteral("second"));
+    EXPECT_EQ(selected(), u"second"_qs);
     click(pointOn(word + 2));
-    EXPECT_EQ(selected(), withLineEnds(QStringLiteral("A second paragraph follows.\n")));
+    EXPECT_EQ(selected(), withLineEnds(u"A second paragraph follows.\n"_qs));
 
     QTest::qWait(QApplication::doubleClickInterval() + 20);
     click(pointOn(0));
     mouse(QEvent::MouseButtonDblClick, pointOn(word + 2));
-    mouse(QEvent::MouseMove, pointOn(positionOf(QStringLiteral("follows")) + 1));
-    EXPECT_EQ(selected(), QStringLiteral("second paragraph follows")) << "word by word";
-    mouse(QEvent::MouseMove, pointOn(positionOf(QStringLiteral("stands")) + 1));
-    EXPECT_EQ(selected(), withLineEnds(QStringLiteral("stands here.\nA second")));
+    mouse(QEvent::MouseMove, pointOn(positionOf(u"follows"_qs) + 1));
+    EXPECT_EQ(selected(), u"second paragraph follows"_qs) << "word by word";
+    mouse(QEvent::MouseMove, pointOn(positionOf(u"stands"_qs) + 1));
+    EXPECT_EQ(selected(), withLineEnds(u"stands here.\nA second"_qs));
     mouse(QEvent::MouseButtonRelease, pointOn(0));
 
     box.setSelStart(0);
     QTest::qWait(QApplication::doubleClickInterval() + 20);
-    doubleClick(pointOn(positionOf(QStringLiteral("Third"))));
-    click(pointOn(positionOf(QStringLiteral("Third"))));
-    EXPECT_EQ(selected(), QStringLiteral("Third.")) << "the last paragraph has no line end";
+    doubleClick(pointOn(positionOf(u"Third"_qs)));
+    click(pointOn(positionOf(u"Third"_qs)));
+    EXPECT_EQ(selected(), u"Third."_qs) << "the last paragraph has no line end";
 }
 
 TEST_F(ViewMouse, AClickOnTheSelectionSetsTheCaretOnRelease) {
-    const int word = positionOf(QStringLiteral("first"));
+    const int word = positionOf(u"first"_qs);
     box.select(word, word + 5);
     mouse(QEvent::MouseButtonPress, pointOn(word + 2));
-    EXPECT_EQ(selected(), QStringLiteral("first")) << "it might become a drag";
+    EXPECT_EQ(selected(), u"first"_qs) << "it might become a drag";
     mouse(QEvent::MouseButtonRelease, pointOn(word + 2));
     EXPECT_EQ(box.SelStart(), word + 2);
     EXPECT_EQ(box.SelLength(), 0);
 }
 
 TEST_F(ViewMouse, ADragBelowTheViewScrolls) {
-    setText(QStringLiteral("line\n").repeated(200));
+    setText(u"line\n"_qs.repeated(200));
     const int bottom = view.viewport()->height();
     mouse(QEvent::MouseButtonPress, pointOf(0).toPoint());
     mouse(QEvent::MouseMove, QPoint(50, bottom + 60));
@@ -112,17 +112,17 @@ TEST_F(ViewMouse, ADragBelowTheViewScrolls) {
 }
 
 TEST_F(ViewMouse, AClickNeverScrolls) {
-    setText(QStringLiteral("line\n").repeated(200));
+    setText(u"line\n"_qs.repeated(200));
     view.verticalScrollBar()->setValue(7);
     const int last = view.viewport()->height() - 1;
     click(QPoint(50, last));
     EXPECT_EQ(view.verticalScrollBar()->value(), 7) << "though the line is cut off";
-    type(QStringLiteral("x"));
+    type(u"x"_qs);
     EXPECT_GT(view.verticalScrollBar()->value(), 7) << "but the next letter is to be seen";
 }
 
 TEST_F(ViewMouse, TheWheelScrollsByTheZoom) {
-    setText(QStringLiteral("line\n").repeated(200));
+    setText(u"line\n"_qs.repeated(200));
     const auto turn = [&](double zoom) {
         box.setZoom(zoom);
         view.verticalScrollBar()->setValue(0);

@@ -59,7 +59,7 @@ protected:
 
 TEST_F(ViewPainting, PaintsWhatTheLayoutDraws) {
     box.setBackColor(0x800000); // dark blue: red stands in the low byte
-    setText(QStringLiteral("A line of words\nand another"));
+    setText(u"A line of words\nand another"_qs);
     box.select(2, 6);
     box.setSelBackColor(0x008080);
     box.setSelColor(0x00FFFF);
@@ -85,9 +85,8 @@ TEST_F(ViewPainting, PaintsWhatTheLayoutDraws) {
 }
 
 TEST_F(ViewPainting, AKeystrokeRepaintsItsLineOnly) {
-    setText(
-        QStringLiteral("a paragraph of many words that wraps over several lines, ").repeated(6) +
-        QStringLiteral("\nthe next one"));
+    setText(u"a paragraph of many words that wraps over several lines, "_qs.repeated(6) +
+            u"\nthe next one"_qs);
     const int lineRows = static_cast<int>(std::ceil(box.lineHeight(0)));
     ASSERT_GE(box.lineCount(), 6);
     const struct {
@@ -96,14 +95,14 @@ TEST_F(ViewPainting, AKeystrokeRepaintsItsLineOnly) {
         std::function<void()> act;
         int lines;
     } rows[] = {
-        {"letter", 2, [&] { type(QStringLiteral("i")); }, 2},
-        {"letter in the last line", box.lineCount() - 1, [&] { type(QStringLiteral("i")); }, 1},
+        {"letter", 2, [&] { type(u"i"_qs); }, 2},
+        {"letter in the last line", box.lineCount() - 1, [&] { type(u"i"_qs); }, 1},
         {"caret", 1, [&] { press(Qt::Key_Right); }, 1},
         {"selection", 1, [&] { press(Qt::Key_Right, Qt::ShiftModifier); }, 1},
         {"selection by a line", 1, [&] { press(Qt::Key_Down, Qt::ShiftModifier); }, 2},
         {"composed text", box.lineCount() - 1,
          [&] {
-             QInputMethodEvent event(QStringLiteral("x"), {});
+             QInputMethodEvent event(u"x"_qs, {});
              QApplication::sendEvent(&view, &event);
              QInputMethodEvent none(QString(), {});
              QApplication::sendEvent(&view, &none);
@@ -124,11 +123,10 @@ TEST_F(ViewPainting, AKeystrokeRepaintsItsLineOnly) {
 
 TEST_F(ViewPainting, PartialRepaintsLeaveTheWholePictureRight) {
     std::mt19937 random(7);
-    setText(QStringLiteral("some words of a script that wraps, \n").repeated(30));
+    setText(u"some words of a script that wraps, \n"_qs.repeated(30));
     const auto pick = [&](int count) { return static_cast<int>(random() % unsigned(count)); };
-    const QString pieces[] = {QStringLiteral("word "), QStringLiteral("\r\n"), QStringLiteral("x"),
-                              QStringLiteral("ÀÇ a long stretch of text that wraps for sure "),
-                              QString()};
+    const QString pieces[] = {u"word "_qs, u"\r\n"_qs, u"x"_qs,
+                              u"ÀÇ a long stretch of text that wraps for sure "_qs, QString()};
     for (int turn = 0; turn < 60; ++turn) {
         const int from = pick(box.textLength() + 1);
         switch (pick(8)) {
@@ -168,10 +166,10 @@ TEST_F(ViewPainting, PartialRepaintsLeaveTheWholePictureRight) {
 }
 
 TEST_F(ViewPainting, ASelectionThatAChangeElsewhereTakesAwayIsPaintedAway) {
-    setText(QStringLiteral("stays\nchanges"));
+    setText(u"stays\nchanges"_qs);
     box.select(0, 5);
     settle();
-    box.setText(withLineEnds(QStringLiteral("stays\nchanged")));
+    box.setText(withLineEnds(u"stays\nchanged"_qs));
     ASSERT_EQ(box.SelLength(), 0);
     const QImage partial = shown();
     view.viewport()->update();
@@ -179,12 +177,12 @@ TEST_F(ViewPainting, ASelectionThatAChangeElsewhereTakesAwayIsPaintedAway) {
 }
 
 TEST_F(ViewPainting, PaintsNothingWhileRedrawIsOff) {
-    setText(QStringLiteral("some text"));
+    setText(u"some text"_qs);
     const QImage before = shown();
     box.setRedraw(false);
     box.setBackColor(White);
     box.selectAll();
-    box.setSelText(QStringLiteral("other"));
+    box.setSelText(u"other"_qs);
     view.viewport()->update();
     EXPECT_EQ(differingPixels(shown(), before), 0);
     box.setRedraw(true);

@@ -12,8 +12,7 @@ protected:
 };
 
 TEST_F(ViewScrolling, PutsALineOnTopAndTellsIt) {
-    setText(QStringLiteral("some words that fill more than a single line of the column, ")
-                .repeated(3)
+    setText(u"some words that fill more than a single line of the column, "_qs.repeated(3)
                 .append(QLatin1Char('\n'))
                 .repeated(120));
     for (const double zoom : {0.7, 1.0, 2.0, 3.3, 6.0, 12.0}) {
@@ -33,8 +32,7 @@ TEST_F(ViewScrolling, PutsALineOnTopAndTellsIt) {
 }
 
 TEST_F(ViewScrolling, KeepsTheTopLineAtAnotherZoomOrWidth) {
-    setText(QStringLiteral("a paragraph of some words that wraps over several lines. ")
-                .repeated(4)
+    setText(u"a paragraph of some words that wraps over several lines. "_qs.repeated(4)
                 .append(QLatin1Char('\n'))
                 .repeated(60));
     for (const int line : {0, 1, 40, 77}) {
@@ -53,11 +51,11 @@ TEST_F(ViewScrolling, KeepsTheTopLineAtAnotherZoomOrWidth) {
 }
 
 TEST_F(ViewScrolling, FollowsTheCaret) {
-    setText(QStringLiteral("line\n").repeated(300));
+    setText(u"line\n"_qs.repeated(300));
     box.setSelStart(box.lineIndex(250));
     EXPECT_TRUE(caretIsVisible());
     view.scrollLineToTop(0);
-    type(QStringLiteral("x"));
+    type(u"x"_qs);
     EXPECT_TRUE(caretIsVisible());
     press(Qt::Key_Home, Qt::ControlModifier);
     EXPECT_EQ(top(), 0);
@@ -69,7 +67,7 @@ TEST_F(ViewScrolling, FollowsTheCaret) {
     box.selectAll();
     EXPECT_EQ(top(), before) << "a command on the whole text leaves the view";
 
-    EXPECT_GT(box.Find(QStringLiteral("xline"), 0), 0);
+    EXPECT_GT(box.Find(u"xline"_qs, 0), 0);
     EXPECT_TRUE(caretIsVisible()) << "a match is shown";
     view.scrollLineToTop(100);
     box.setRedraw(false);
@@ -84,7 +82,7 @@ TEST_F(ViewScrolling, FollowsTheCaret) {
 }
 
 TEST_F(ViewScrolling, PagesKeepTheCaretsPlaceInTheWindow) {
-    setText(QStringLiteral("line\n").repeated(300));
+    setText(u"line\n"_qs.repeated(300));
     box.setSelStart(box.lineIndex(100) + 2);
     view.scrollLineToTop(98);
     const int row = view.caretRectAt(box.toDocument(box.caretPosition())).top();
@@ -97,8 +95,8 @@ TEST_F(ViewScrolling, PagesKeepTheCaretsPlaceInTheWindow) {
 
 TEST_F(ViewScrolling, ReachesTheEndOfTheLongestScript) {
     constexpr int Lines = 40'000;
-    QString text = QStringLiteral("line\n").repeated(Lines - 1);
-    setText(text.append(QStringLiteral("the last line")));
+    QString text = u"line\n"_qs.repeated(Lines - 1);
+    setText(text.append(u"the last line"_qs));
     box.selectAll();
     box.setSelFontSize(26);
     box.setSelStart(0);
@@ -117,7 +115,7 @@ TEST_F(ViewScrolling, ReachesTheEndOfTheLongestScript) {
         RichTextBox alone;
         alone.setDefaultFormat(box.defaultFormat());
         alone.setBackColor(box.BackColor());
-        alone.setText(QStringLiteral("line\r\n").repeated(19) + QStringLiteral("the last line"));
+        alone.setText(u"line\r\n"_qs.repeated(19) + u"the last line"_qs);
         alone.selectAll();
         alone.setSelFontSize(26);
         alone.setSelStart(0);

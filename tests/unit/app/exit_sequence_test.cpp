@@ -43,16 +43,16 @@ TEST(ExitSequence, AsksThenWritesTheSettingsThenSaves) {
         QStringList steps;
         ExitSequence exit(test.session, test.host,
                           {[&] {
-                               steps += QStringLiteral("ask");
+                               steps += u"ask"_qs;
                                EXPECT_EQ(script.ExitAnswer, 0);
                                script.ExitAnswer = row.answer;
                            },
                            [&] {
-                               steps += QStringLiteral("settings");
+                               steps += u"settings"_qs;
                                return Outcome::success();
                            },
                            [&] {
-                               steps += QStringLiteral("save");
+                               steps += u"save"_qs;
                                EXPECT_EQ(script.ExitSaveInProgress, 1);
                                EXPECT_EQ(script.SaveFailed, 1);
                                script.SaveFailed = row.saveSucceeds ? 0 : 1;
@@ -66,16 +66,15 @@ TEST(ExitSequence, AsksThenWritesTheSettingsThenSaves) {
 
 TEST(ExitSequence, TellsThatTheSettingsCouldNotBeWrittenAndLeavesAllTheSame) {
     TestSession test;
-    ExitSequence exit(
-        test.session, test.host,
-        {[] {}, [] { return Outcome::failure(QStringLiteral("No space left.")); }, [] {}});
+    ExitSequence exit(test.session, test.host,
+                      {[] {}, [] { return Outcome::failure(u"No space left."_qs); }, [] {}});
     EXPECT_TRUE(exit.run());
     ASSERT_EQ(test.messages.boxes.size(), 1U);
     const FakeMessageBoxes::Box& box = test.messages.boxes.front();
-    EXPECT_EQ(box.title, QStringLiteral("Could Not Save Settings"));
+    EXPECT_EQ(box.title, u"Could Not Save Settings"_qs);
     EXPECT_EQ(box.buttons, MessageButtons::Ok);
-    EXPECT_TRUE(box.text.contains(test.path(QStringLiteral("velmora.ini"))));
-    EXPECT_TRUE(box.text.contains(QStringLiteral("No space left.")));
+    EXPECT_TRUE(box.text.contains(test.path(u"velmora.ini"_qs)));
+    EXPECT_TRUE(box.text.contains(u"No space left."_qs));
 }
 
 } // namespace

@@ -28,7 +28,7 @@ protected:
     }
     void writeLines(int count, int caretLine) {
         RichTextBox& rtb1 = test.session.script.rtb1;
-        rtb1.setText(QStringLiteral("word\r\n").repeated(count));
+        rtb1.setText(u"word\r\n"_qs.repeated(count));
         rtb1.setSelStart(rtb1.lineIndex(caretLine) + 2);
     }
 

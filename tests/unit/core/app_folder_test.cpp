@@ -11,19 +11,16 @@ namespace {
 
 TEST(AppFolder, IsTheProgramsOwnFolderWhereTheUserMayKeepFiles) {
     const QTemporaryDir own;
-    EXPECT_EQ(appFolderFor(own.path(), QStringLiteral("/config")),
-              own.path() + QStringLiteral("/"));
-    EXPECT_EQ(scriptsFolderIn(own.path() + QStringLiteral("/")),
-              own.path() + QStringLiteral("/Scripts/"));
+    EXPECT_EQ(appFolderFor(own.path(), u"/config"_qs), own.path() + u"/"_qs);
+    EXPECT_EQ(scriptsFolderIn(own.path() + u"/"_qs), own.path() + u"/Scripts/"_qs);
 }
 
 TEST(AppFolder, IsTheUsersConfigurationForAnInstalledProgram) {
     for (const char16_t* folder : {u"/usr/bin", u"/usr/local/bin/", u"/opt/velmora/bin"}) {
-        EXPECT_EQ(appFolderFor(QString::fromUtf16(folder), QStringLiteral("/home/x/.config")),
+        EXPECT_EQ(appFolderFor(QString::fromUtf16(folder), u"/home/x/.config"_qs),
                   u"/home/x/.config/velmora/");
     }
-    EXPECT_EQ(appFolderFor(QStringLiteral("/no/such/folder"), QStringLiteral("/c/")),
-              u"/c/velmora/");
+    EXPECT_EQ(appFolderFor(u"/no/such/folder"_qs, u"/c/"_qs), u"/c/velmora/");
 }
 
 } // namespace

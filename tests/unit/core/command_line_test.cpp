@@ -11,7 +11,7 @@ using Action = CommandLine::Action;
 
 class CommandLineTest : public ::testing::Test {
 protected:
-    CommandLineTest() { m_test.write(QStringLiteral("talk one.rtf"), "{\\rtf1}"); }
+    CommandLineTest() { m_test.write(u"talk one.rtf"_qs, "{\\rtf1}"); }
 
     [[nodiscard]] CommandLine parse(const QStringList& arguments) const {
         return parseCommandLine(arguments, m_test.session.AppFolder);
@@ -26,18 +26,18 @@ protected:
 
 TEST_F(CommandLineTest, OpensTheEditorWithTheNamedScript) {
     EXPECT_EQ(parse({}).action, Action::OpenEditor);
-    EXPECT_EQ(parse({QStringLiteral("  ")}).action, Action::OpenEditor);
-    const CommandLine line = parse({QStringLiteral("talk one.rtf")});
+    EXPECT_EQ(parse({u"  "_qs}).action, Action::OpenEditor);
+    const CommandLine line = parse({u"talk one.rtf"_qs});
     EXPECT_EQ(line.action, Action::OpenEditor);
-    EXPECT_EQ(line.script, m_test.path(QStringLiteral("talk one.rtf")));
+    EXPECT_EQ(line.script, m_test.path(u"talk one.rtf"_qs));
 }
 
 TEST_F(CommandLineTest, ReadsDisplayRectanglesFromTheirColumns) {
     const CommandLine::DisplayRectangles both = {0, 0, 1920, 1080, 1920, 0, 1280, 720};
-    const QString columns = QStringLiteral("0000 0000 1920 1080 1920 0000 1280 0720");
+    const QString columns = u"0000 0000 1920 1080 1920 0000 1280 0720"_qs;
     for (const CommandLine& line :
          {parse({columns}), parse(columns.split(u' ')), parseWords("0 0 1920 1080 1920 0 1280 720"),
-          parse({QStringLiteral("0    0    1920 1080 1920    0 1280 720 ")})}) {
+          parse({u"0    0    1920 1080 1920    0 1280 720 "_qs})}) {
         ASSERT_TRUE(line.displays) << line.problem.toStdString();
         EXPECT_EQ(*line.displays, both);
     }
@@ -54,18 +54,18 @@ TEST_F(CommandLineTest, UnderstandsTheUnattendedRuns) {
     EXPECT_EQ(parseWords("--version").action, Action::ShowVersion);
     const CommandLine convert = parseWords("--convert in.rtf /abs/out.txt");
     EXPECT_EQ(convert.action, Action::Convert);
-    EXPECT_EQ(convert.convertFrom, m_test.path(QStringLiteral("in.rtf")));
+    EXPECT_EQ(convert.convertFrom, m_test.path(u"in.rtf"_qs));
     EXPECT_EQ(convert.convertTo, u"/abs/out.txt");
     const CommandLine rehearse =
         parseWords("--rehearse a.rtf --speed 110.5 --for 30 --range full --turbo --screen 1366x768 "
                    "--margin 160 --mirror 0 --report r.json --picture p.png");
     ASSERT_EQ(rehearse.action, Action::Rehearse) << rehearse.problem.toStdString();
     const RehearsalArguments& r = rehearse.rehearsal;
-    EXPECT_EQ(r.script, m_test.path(QStringLiteral("a.rtf")));
+    EXPECT_EQ(r.script, m_test.path(u"a.rtf"_qs));
     EXPECT_EQ(r.screen, QSize(1366, 768));
     EXPECT_EQ(r.forSeconds, 30);
-    EXPECT_EQ(r.report, m_test.path(QStringLiteral("r.json")));
-    EXPECT_EQ(r.picture, m_test.path(QStringLiteral("p.png")));
+    EXPECT_EQ(r.report, m_test.path(u"r.json"_qs));
+    EXPECT_EQ(r.picture, m_test.path(u"p.png"_qs));
     TestSession other;
     applyRehearsal(r, other.session);
     EXPECT_EQ(other.session.settings.ScrollSpeed, 110.5);

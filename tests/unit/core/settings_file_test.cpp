@@ -16,18 +16,17 @@ constexpr int FieldCount = 46;
 
 class SettingsFileTest : public ::testing::Test {
 protected:
-    [[nodiscard]] QString folder() const { return m_folder.path() + QStringLiteral("/"); }
-    [[nodiscard]] QString damaged() const { return m_file.path() + QStringLiteral(".damaged"); }
+    [[nodiscard]] QString folder() const { return m_folder.path() + u"/"_qs; }
+    [[nodiscard]] QString damaged() const { return m_file.path() + u".damaged"_qs; }
 
     void write(const QByteArray& bytes) const { writeBytes(m_file.path(), bytes); }
     void write(const QStringList& lines) const {
-        write(lines.join(QStringLiteral("\r\n")).toLatin1() + "\r\n");
+        write(lines.join(u"\r\n"_qs).toLatin1() + "\r\n");
     }
     /// The lines of a first run's file; field N of the file is line N - 1.
     [[nodiscard]] QStringList firstRunLines() {
         EXPECT_TRUE(m_file.save(defaultSettings(folder(), 1080)));
-        QStringList lines =
-            QString::fromLatin1(bytesOf(m_file.path())).split(QStringLiteral("\r\n"));
+        QStringList lines = QString::fromLatin1(bytesOf(m_file.path())).split(u"\r\n"_qs);
         lines.removeLast();
         return lines;
     }
@@ -46,16 +45,14 @@ protected:
 TEST_F(SettingsFileTest, FirstRunHasTheDefaultsAndWritesThemInTheFilesForm) {
     EXPECT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::FirstRun);
     EXPECT_EQ(m_settings.ArrowPosition, 493);
-    EXPECT_EQ(m_settings.LastScriptFolder, folder() + QStringLiteral("Scripts/"));
+    EXPECT_EQ(m_settings.LastScriptFolder, folder() + u"Scripts/"_qs);
     ASSERT_TRUE(m_file.save(m_settings));
-    const QString scripts = folder() + QStringLiteral("Scripts/");
+    const QString scripts = folder() + u"Scripts/"_qs;
     const QString text =
-        QStringLiteral(" 12 | 0 | 60 | 0 | 0 | 1 | 0 | 26 | 0 | 0 | 0 | 493 | 0 | 16777215 |Arial| "
-                       "26 |%1| 0 | 1 | 0 | 0 | 0 | 0 | 1 | 0 | 30 | 0 | 5 | 4 | 8 | 2 | 3 | 0 | 0 "
-                       "| 0 | 0 | 0 | 0 | 0 ||||||%1| 1 |")
-            .arg(scripts);
-    EXPECT_EQ(QString::fromLatin1(bytesOf(m_file.path())),
-              QString(text).replace(u'|', QStringLiteral("\r\n")));
+        u" 12 | 0 | 60 | 0 | 0 | 1 | 0 | 26 | 0 | 0 | 0 | 493 | 0 | 16777215 |Arial| "
+        "26 |%1| 0 | 1 | 0 | 0 | 0 | 0 | 1 | 0 | 30 | 0 | 5 | 4 | 8 | 2 | 3 | 0 | 0 "
+        "| 0 | 0 | 0 | 0 | 0 ||||||%1| 1 |"_qs.arg(scripts);
+    EXPECT_EQ(QString::fromLatin1(bytesOf(m_file.path())), QString(text).replace(u'|', u"\r\n"_qs));
     EXPECT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::Read);
     EXPECT_EQ(m_settings.ScriptsFolder, scripts);
     EXPECT_EQ(m_settings.CCResetCode, QString());
@@ -65,19 +62,19 @@ TEST_F(SettingsFileTest, KeepsEveryFieldOfARoundTrip) {
     // A number of its own in each line shows a field that stands in another's place.
     QStringList lines;
     for (int field = 1; field <= FieldCount; ++field) {
-        lines.append(QStringLiteral(" %1 ").arg(field));
+        lines.append(u" %1 "_qs.arg(field));
     }
-    lines[1] = QStringLiteral(" 1 ");
-    lines[17] = QStringLiteral(" 7 ");
-    lines[18] = QStringLiteral(" 10 ");
+    lines[1] = u" 1 "_qs;
+    lines[17] = u" 7 "_qs;
+    lines[18] = u" 10 "_qs;
     for (int shuttle = 27; shuttle < 32; ++shuttle) {
-        lines[shuttle] = QStringLiteral(" %1 ").arg(shuttle - 26);
+        lines[shuttle] = u" %1 "_qs.arg(shuttle - 26);
     }
     for (const int text : {14, 16, 39, 40, 41, 42, 43, 44}) {
-        lines[text] = QStringLiteral("text %1").arg(text);
+        lines[text] = u"text %1"_qs.arg(text);
     }
-    lines[2] = QStringLiteral(" 60.5 ");
-    lines[45] = QStringLiteral(" 1.2 ");
+    lines[2] = u" 60.5 "_qs;
+    lines[45] = u" 1.2 "_qs;
     write(lines);
     const QByteArray before = bytesOf(m_file.path());
     ASSERT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::Read);
@@ -140,16 +137,16 @@ TEST_F(SettingsFileTest, LimitsWhatAFileHoldsWrongly) {
     }
     loadWith(15, QString());
     EXPECT_EQ(m_settings.ScreenFontName, u"Arial");
-    loadWith(2, QStringLiteral(" 2 "));
+    loadWith(2, u" 2 "_qs);
     ASSERT_TRUE(m_file.save(m_settings));
     EXPECT_TRUE(bytesOf(m_file.path()).startsWith(" 12 \r\n 0 \r\n"));
 }
 
 TEST_F(SettingsFileTest, DamagedFileGivesDefaultsButKeepsTheCaptionFieldsRead) {
     QStringList lines = firstRunLines();
-    lines[0] = QStringLiteral(" 200 ");
-    lines[33] = QStringLiteral(" 3 ");
-    lines[39] = QStringLiteral("start");
+    lines[0] = u" 200 "_qs;
+    lines[33] = u" 3 "_qs;
+    lines[39] = u"start"_qs;
     lines.removeLast();
     write(lines);
     EXPECT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::Damaged);
@@ -157,18 +154,18 @@ TEST_F(SettingsFileTest, DamagedFileGivesDefaultsButKeepsTheCaptionFieldsRead) {
     EXPECT_EQ(m_settings.ScreenFontSize, 27);
     EXPECT_EQ(m_settings.CCPort, 3);
     EXPECT_EQ(m_settings.CCStartCode, u"start");
-    EXPECT_EQ(m_settings.ScriptsFolder, folder() + QStringLiteral("Scripts/"));
+    EXPECT_EQ(m_settings.ScriptsFolder, folder() + u"Scripts/"_qs);
     EXPECT_EQ(m_settings.ShuttleButton1, 5);
 }
 
 TEST_F(SettingsFileTest, EveryKindOfDamageIsFoundAndNoneHangs) {
-    EXPECT_EQ(loadWith(12, QStringLiteral("high")), SettingsFile::LoadResult::Damaged);
-    EXPECT_EQ(loadWith(12, QStringLiteral(" 40000 ")), SettingsFile::LoadResult::Damaged);
-    EXPECT_EQ(loadWith(4, QStringLiteral(" 1E12 ")), SettingsFile::LoadResult::Damaged);
+    EXPECT_EQ(loadWith(12, u"high"_qs), SettingsFile::LoadResult::Damaged);
+    EXPECT_EQ(loadWith(12, u" 40000 "_qs), SettingsFile::LoadResult::Damaged);
+    EXPECT_EQ(loadWith(4, u" 1E12 "_qs), SettingsFile::LoadResult::Damaged);
     // An unquoted comma shifts what follows: a folder's rest meets a number.
-    EXPECT_EQ(loadWith(17, QStringLiteral("/home/a, b/")), SettingsFile::LoadResult::Damaged);
+    EXPECT_EQ(loadWith(17, u"/home/a, b/"_qs), SettingsFile::LoadResult::Damaged);
     // A quote that is never closed swallows the rest.
-    EXPECT_EQ(loadWith(17, QStringLiteral("\"/home")), SettingsFile::LoadResult::Damaged);
+    EXPECT_EQ(loadWith(17, u"\"/home"_qs), SettingsFile::LoadResult::Damaged);
     for (const QByteArray& bytes :
          {QByteArray(), QByteArray("\r\n"), QByteArray(5000, '\0'), QByteArray(5000, '"'),
           QByteArray("\xFF\xFE"), QByteArray(3 << 20, 'x')}) {
@@ -183,7 +180,7 @@ TEST_F(SettingsFileTest, ReadsOtherLineEndsAndAListOnOneLine) {
         write(lines.join(QString::fromUtf16(end)).toLatin1());
         EXPECT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::Read);
         EXPECT_EQ(m_settings.LineSpacingIndex, 26);
-        EXPECT_EQ(m_settings.ScriptsFolder, folder() + QStringLiteral("Scripts/"));
+        EXPECT_EQ(m_settings.ScriptsFolder, folder() + u"Scripts/"_qs);
     }
 }
 
@@ -200,7 +197,7 @@ TEST_F(SettingsFileTest, KeepsADamagedFileOnceBesideTheSavedOne) {
 }
 
 TEST_F(SettingsFileTest, FailedSaveSaysSo) {
-    SettingsFile nowhere(folder() + QStringLiteral("missing/"), 1080);
+    SettingsFile nowhere(folder() + u"missing/"_qs, 1080);
     const Outcome outcome = nowhere.save(m_settings);
     EXPECT_FALSE(outcome);
     EXPECT_FALSE(outcome.reason().isEmpty());

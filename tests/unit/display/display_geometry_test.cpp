@@ -65,8 +65,7 @@ TEST(DisplayGeometry, ScriptWithoutFontsTakesThePlainRatio) {
 TEST(FontTable, NamesAndSizesAreReadAsTheWriterWritesThem) {
     const QByteArray rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil Arial;}{\\f1\\fnil Liberation "
                            "Serif;}}\\f0\\fs52 a \\\\fs900 \\f1\\fs96 b\\fs c}";
-    EXPECT_EQ(fontTableNames(rtf),
-              (QStringList{QStringLiteral("Arial"), QStringLiteral("Liberation Serif")}));
+    EXPECT_EQ(fontTableNames(rtf), (QStringList{u"Arial"_qs, u"Liberation Serif"_qs}));
     EXPECT_EQ(largestScaledPoints(rtf, 1.5), 72);
     EXPECT_TRUE(fontTableNames("{\\rtf1 \\fonttbl").isEmpty());
 }

@@ -12,7 +12,7 @@ namespace {
 
 CharacterFormat format26() {
     CharacterFormat format;
-    format.fontName = QStringLiteral("Liberation Sans");
+    format.fontName = u"Liberation Sans"_qs;
     format.halfPoints = 52;
     return format;
 }
@@ -34,7 +34,7 @@ protected:
 } // namespace
 
 TEST_F(ScriptPreparation, EveryLineHasTheRowsBetweenItAndTheNext) {
-    setText(QStringLiteral("one\r\ntwo\r\n\r\nfour"));
+    setText(u"one\r\ntwo\r\n\r\nfour"_qs);
     const ShowTables tables = prepare();
     ASSERT_EQ(tables.lineTable.size(), 4u);
     EXPECT_EQ(tables.lineTable[3].index, 12);
@@ -53,7 +53,7 @@ TEST_F(ScriptPreparation, EveryLineHasTheRowsBetweenItAndTheNext) {
 TEST_F(ScriptPreparation, LastLineIsAsHighAsItsTallestFont) {
     for (const char* last : {"", "x"}) {
         SCOPED_TRACE(last);
-        setText(QStringLiteral("one\r\n") + QLatin1String(last));
+        setText(u"one\r\n"_qs + QLatin1String(last));
         const ShowTables tables = prepare();
         // As high as the line of the same font before it, whose height the distance tells.
         EXPECT_NEAR(tables.scanTable.at(tables.LastScrollRow).height, tables.scanTable.at(0).height,
@@ -63,7 +63,7 @@ TEST_F(ScriptPreparation, LastLineIsAsHighAsItsTallestFont) {
 }
 
 TEST_F(ScriptPreparation, SpacingStretchesAndShrinksTheRows) {
-    setText(QStringLiteral("a\r\nb\r\nc\r\nd\r\ne"));
+    setText(u"a\r\nb\r\nc\r\nd\r\ne"_qs);
     const auto rows = [this](int index) {
         return static_cast<double>(prepare(index).scanTable.firstRowOfLine(4));
     };
@@ -74,9 +74,9 @@ TEST_F(ScriptPreparation, SpacingStretchesAndShrinksTheRows) {
 }
 
 TEST_F(ScriptPreparation, BookmarksAreSortedLinesAndTheFirstEightSelectiveOnesHaveSlots) {
-    QString text = QStringLiteral("^a ^b\r\n~c ^d\r\nplain\r\n");
+    QString text = u"^a ^b\r\n~c ^d\r\nplain\r\n"_qs;
     for (int i = 0; i < 9; ++i) {
-        text += QStringLiteral("~x\r\n");
+        text += u"~x\r\n"_qs;
     }
     setText(text);
     const ShowTables tables = prepare();
@@ -89,20 +89,19 @@ TEST_F(ScriptPreparation, BookmarksAreSortedLinesAndTheFirstEightSelectiveOnesHa
     EXPECT_EQ(tables.SelectiveBookmarkLines[8], 9);
     EXPECT_EQ(tables.SelectiveBookmarkLines[9], 0);
 
-    setText(QStringLiteral("no marks"));
+    setText(u"no marks"_qs);
     EXPECT_TRUE(prepare().BookmarkLines.empty());
 }
 
 TEST_F(ScriptPreparation, LongScriptIsCutAtTheLinesAShowCanHold) {
-    setText(QStringLiteral("x\r\n").repeated(200));
+    setText(u"x\r\n"_qs.repeated(200));
     const ShowTables tables = prepareScript(box, {150, 1.0, 26, 0}, {});
     EXPECT_EQ(tables.lineTable.size(), 150u);
     EXPECT_EQ(tables.scanTable.lineCount(), 150);
 }
 
 TEST_F(ScriptPreparation, LinesBreakAlikeAtEveryScale) {
-    setText(QStringLiteral("The quick brown fox jumps over the lazy dog again and again. ")
-                .repeated(40));
+    setText(u"The quick brown fox jumps over the lazy dog again and again. "_qs.repeated(40));
     const ShowTables small = prepare(26, 1.5);
     const ShowTables large = prepare(26, 12.3);
     ASSERT_EQ(small.lineTable.size(), large.lineTable.size());
@@ -112,5 +111,5 @@ TEST_F(ScriptPreparation, LinesBreakAlikeAtEveryScale) {
 }
 
 TEST(PreparationText, CountsTheLinesInThreeRows) {
-    EXPECT_EQ(preparationText(1234), QStringLiteral("Processing\r\n1,234 Line\r\nScript."));
+    EXPECT_EQ(preparationText(1234), u"Processing\r\n1,234 Line\r\nScript."_qs);
 }

@@ -31,7 +31,7 @@ protected:
             text.append(QString::number(line));
         }
         RichTextBox& rtb1 = t.session.script.rtb1;
-        rtb1.setText(text.join(QStringLiteral("\r\n")));
+        rtb1.setText(text.join(u"\r\n"_qs));
         int index = 0;
         for (const QString& line : text) {
             tables.lineTable.push_back({index, static_cast<int>(line.size())});
@@ -112,16 +112,16 @@ TEST_F(ScrollLoopTest, MovesARowAStepAtThePaceOfTheTable) {
 TEST_F(ScrollLoopTest, ElapsedClockStandsUntilTheFirstStartAndRunsOnWhileNothingMoves) {
     prepare(2000);
     int stepsBefore = 0;
-    at(7, [&] { EXPECT_EQ(screen.elapsed, QStringLiteral("00:00")); });
+    at(7, [&] { EXPECT_EQ(screen.elapsed, u"00:00"_qs); });
     startAt(8);
     at(20, [&] { show.PauseState = 1; });
     at(33.5, [&] {
-        EXPECT_EQ(screen.elapsed, QStringLiteral("00:25")) << "in a pause";
+        EXPECT_EQ(screen.elapsed, u"00:25"_qs) << "in a pause";
         stepsBefore = presenter.steps;
         settings.ScrollSpeed = 128;
         show.PauseState = 0;
     });
-    at(40.5, [&] { EXPECT_EQ(screen.elapsed, QStringLiteral("00:32")) << "in the dead band"; });
+    at(40.5, [&] { EXPECT_EQ(screen.elapsed, u"00:32"_qs) << "in the dead band"; });
     runUntil(41);
     EXPECT_GT(stepsBefore, 0);
     EXPECT_EQ(presenter.steps, stepsBefore);
@@ -132,7 +132,7 @@ TEST_F(ScrollLoopTest, ElapsedClockRestartsAtMidnight) {
     t.clock.setTimer(86395);
     startAt(0);
     at(12.5, [&] { show.PauseState = 1; });
-    at(13.5, [&] { EXPECT_EQ(screen.elapsed, QStringLiteral("00:08")); });
+    at(13.5, [&] { EXPECT_EQ(screen.elapsed, u"00:08"_qs); });
     runUntil(14);
 }
 
@@ -249,7 +249,7 @@ TEST_F(ScrollLoopTest, FullRangeTurnsByRequestAndStopsInItsZone) {
     });
     runUntil(16);
     EXPECT_GT(ring.top(), stoppedAt);
-    EXPECT_EQ(screen.remaining, QStringLiteral("00:00"));
+    EXPECT_EQ(screen.remaining, u"00:00"_qs);
 }
 
 TEST_F(ScrollLoopTest, HousekeepingFollowsTheStepsInForwardSplitRange) {
@@ -355,7 +355,7 @@ TEST_F(ScrollLoopTest, FullScreenSparesEveryControl) {
     startAt(0);
     runUntil(2.0);
     EXPECT_EQ(screen.scrollValues.size(), 1u);
-    EXPECT_EQ(screen.remaining, QStringLiteral("00:00"));
+    EXPECT_EQ(screen.remaining, u"00:00"_qs);
 }
 
 TEST_F(ScrollLoopTest, NoticeGoesAfterTwoSeconds) {

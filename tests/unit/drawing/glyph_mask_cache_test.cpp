@@ -9,7 +9,7 @@ using namespace velmora;
 namespace {
 
 QRawFont sansFont(bool bold = false) {
-    QFont font(QStringLiteral("Liberation Sans"));
+    QFont font(u"Liberation Sans"_qs);
     font.setPixelSize(96);
     font.setBold(bold);
     font.setHintingPreference(QFont::PreferNoHinting);

@@ -57,16 +57,16 @@ QString familyWithoutItalic() {
 
 /// Paragraphs that together use what a script may hold.
 std::vector<std::vector<StyledText>> paragraphs() {
-    const QString sans = QStringLiteral("Liberation Sans");
-    const QString serif = QStringLiteral("Liberation Serif");
+    const QString sans = u"Liberation Sans"_qs;
+    const QString serif = u"Liberation Serif"_qs;
     std::vector<std::vector<StyledText>> result{
         {styled(u"jolly fjord "_qs, sans, 24, "i"), styled(u"Wide WAVES, "_qs, sans, 40, "b"),
          styled(u"gypsy quilt of jf"_qs, serif, 36, "bi")},
         {styled(u"Été à l'Île, Ñandú; ärger über Öl "_qs, serif, 28),
          styled(u"and plain words in small print that go on to fill the line"_qs, sans, 17)},
         {styled(u"abc \u05e9\u05dc\u05d5\u05dd 12 \u05d0\u05d1 def T\u0301 \ue000\u4e2d"_qs,
-                QStringLiteral("DejaVu Sans"), 30),
-         styled(u" mono fi\t|"_qs, QStringLiteral("DejaVu Sans Mono"), 24, "i")},
+                u"DejaVu Sans"_qs, 30),
+         styled(u" mono fi\t|"_qs, u"DejaVu Sans Mono"_qs, 24, "i")},
     };
     if (const QString family = familyWithoutItalic(); !family.isEmpty())
         result.push_back({styled(u"jfQ{/ slanted "_qs, family, 32, "bi")});
@@ -224,7 +224,7 @@ TEST_P(LinePrinterInk, EqualsTheTextEnginesAndStaysInsideTheWindow) {
 TEST(LinePrinterOrder, OfBothWritingDirectionsIsTheTextEngines) {
     GlyphMaskCache cache;
     const Window window = windowFor({1280, 720}, 12);
-    const QString sans = QStringLiteral("DejaVu Sans");
+    const QString sans = u"DejaVu Sans"_qs;
     const std::vector<StyledText> runs{styled(u"\u05e9\u05dc\u05d5\u05dd, Qt 12 "_qs, sans, 30),
                                        styled(u"\u05de\u05d4 abc"_qs, sans, 24, "b"),
                                        styled(u" (\u05d9\u05dd) \u05dd."_qs, sans, 30)};

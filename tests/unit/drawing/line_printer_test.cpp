@@ -9,7 +9,7 @@ using namespace velmora;
 
 namespace {
 
-const QString Sans = QStringLiteral("Liberation Sans");
+const QString Sans = u"Liberation Sans"_qs;
 constexpr QRgb PaperColor = 0xff000000u;
 constexpr Rgb24 Blue = 0xC00000;
 constexpr Rgb24 Green = 0x006000;
@@ -81,8 +81,7 @@ TEST(LinePrinter, PlacesTheTextByItsAlignment) {
 }
 
 TEST(LinePrinter, KeepsOverhangingLettersInsideTheWindow) {
-    const std::vector<StyledText> runs{
-        styled(u"jf"_qs, QStringLiteral("Liberation Serif"), 60, "i")};
+    const std::vector<StyledText> runs{styled(u"jf"_qs, u"Liberation Serif"_qs, 60, "i")};
     PrintBox box = windowBox();
     for (const int width : {600, 80}) {
         for (const Alignment alignment : {Alignment::Left, Alignment::Centre, Alignment::Right}) {

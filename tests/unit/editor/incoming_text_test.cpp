@@ -27,14 +27,14 @@ class IncomingText : public ::testing::Test {
 protected:
     IncomingText() {
         applyEditorDefaults(test.session);
-        rtb1().setText(QStringLiteral("abcdef"));
+        rtb1().setText(u"abcdef"_qs);
         rtb1().select(2, 4);
     }
     [[nodiscard]] RichTextBox& rtb1() { return test.session.script.rtb1; }
     void enter(const QByteArray& rtf, const QString& plain = QString()) {
         QMimeData data;
         if (!rtf.isEmpty()) {
-            data.setData(QStringLiteral("text/rtf"), rtf);
+            data.setData(u"text/rtf"_qs, rtf);
         }
         if (!plain.isEmpty()) {
             data.setText(plain);
@@ -52,7 +52,7 @@ protected:
 
 TEST_F(IncomingText, TakesTheSelectionsPlaceAndLeavesTheCaretBehindIt) {
     enter(rtfOf("x\\tab y\\par z"));
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("abx y\r\nzef"));
+    EXPECT_EQ(rtb1().Text(), u"abx y\r\nzef"_qs);
     EXPECT_EQ(rtb1().SelStart(), 8);
     EXPECT_EQ(rtb1().SelLength(), 0);
     EXPECT_EQ(test.host.focusGiven, 1);
@@ -86,7 +86,7 @@ TEST_F(IncomingText, StaysReadableOnBlackAndOnWhiteAndKeepsOtherColours) {
 TEST_F(IncomingText, RichTextKeepsItsEffectsAndTakesTheFontShown) {
     test.host.fontSize = 31.5;
     enter(rtfOf("\\pard\\qc\\li720\\fi-360\\b\\i x\\par\\ul y\\par"));
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("abx\r\ny\r\nef"));
+    EXPECT_EQ(rtb1().Text(), u"abx\r\ny\r\nef"_qs);
     EXPECT_EQ(at(2).SelBold(), true);
     EXPECT_EQ(at(2).SelItalic(), true);
     EXPECT_EQ(at(5).SelUnderline(), true);
@@ -102,11 +102,11 @@ TEST_F(IncomingText, PlainTextTakesThePrompterLookWhateverStandsAround) {
     rtb1().selectAll();
     rtb1().setSelBold(true);
     rtb1().setSelColor(Red);
-    rtb1().setSelFontName(QStringLiteral("DejaVu Serif"));
+    rtb1().setSelFontName(u"DejaVu Serif"_qs);
     test.session.settings.ScreenTextColor = 0x00FFFF;
     rtb1().select(2, 4);
-    enter({}, QStringLiteral("x\ty"));
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("abx yef"));
+    enter({}, u"x\ty"_qs);
+    EXPECT_EQ(rtb1().Text(), u"abx yef"_qs);
     rtb1().select(2, 5);
     EXPECT_EQ(rtb1().SelColor(), Rgb24{0x00FFFF});
     EXPECT_EQ(rtb1().SelBold(), false);
@@ -117,18 +117,18 @@ TEST_F(IncomingText, PlainTextTakesThePrompterLookWhateverStandsAround) {
 
 TEST_F(IncomingText, NothingEntersWhereThereIsNoTextOrSomethingElseRuns) {
     QMimeData file;
-    file.setUrls({QUrl::fromLocalFile(test.write(QStringLiteral("a.txt"), "a"))});
+    file.setUrls({QUrl::fromLocalFile(test.write(u"a.txt"_qs, "a"))});
     insertIncomingText(test.session, test.host, file);
     insertIncomingText(test.session, test.host, QMimeData());
     test.session.show.ShowRunning = 1;
-    enter(rtfOf("x"), QStringLiteral("x"));
+    enter(rtfOf("x"), u"x"_qs);
     test.session.show.ShowRunning = 0;
     // A load keeps its text in the staging control meanwhile.
     test.session.script.fileInProgress = true;
-    test.session.script.rtb2.setText(QStringLiteral("being loaded"));
-    enter(rtfOf("x"), QStringLiteral("x"));
-    EXPECT_EQ(test.session.script.rtb2.Text(), QStringLiteral("being loaded"));
-    EXPECT_EQ(rtb1().Text(), QStringLiteral("abcdef"));
+    test.session.script.rtb2.setText(u"being loaded"_qs);
+    enter(rtfOf("x"), u"x"_qs);
+    EXPECT_EQ(test.session.script.rtb2.Text(), u"being loaded"_qs);
+    EXPECT_EQ(rtb1().Text(), u"abcdef"_qs);
     EXPECT_EQ(rtb1().SelLength(), 2);
 }
 

@@ -12,7 +12,7 @@ TEST(Form31, IsPaintedInTheMiddleOfItsWindowWhenTheCallReturns) {
     window.setGeometry(50, 40, 400, 300);
     window.show();
     Form31 progress(&window);
-    progress.showText(QStringLiteral("Loading File."));
+    progress.showText(u"Loading File."_qs);
     EXPECT_TRUE(progress.isVisible());
     EXPECT_TRUE(progress.isWindow());
     EXPECT_FALSE(progress.isModal());

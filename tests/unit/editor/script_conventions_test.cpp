@@ -42,9 +42,9 @@ void walkInBlocks(RichTextBox& box, Rgb24 target, Rgb24 other, int blockSize) {
 /// The tab rule as it is defined on the control.
 void replaceTabsOneByOne(RichTextBox& box) {
     int at = 0;
-    while ((at = box.Find(QStringLiteral("\t"), 0)) >= 0) {
+    while ((at = box.Find(u"\t"_qs, 0)) >= 0) {
         box.select(at, at + 1);
-        box.setSelText(QStringLiteral(" "));
+        box.setSelText(u" "_qs);
     }
 }
 
@@ -55,7 +55,7 @@ RichTextFragment textIn(const std::vector<Rgb24>& colors, unsigned seed) {
     parts.runsCutCharacters = false;
     RandomText random(seed, parts);
     RichTextFragment text = random.fragment(0, 11, 30);
-    text.paragraphs.push_back({QStringLiteral("the last words"), {{9, 0}, {5, 1}}, 1, {}});
+    text.paragraphs.push_back({u"the last words"_qs, {{9, 0}, {5, 1}}, 1, {}});
     return text;
 }
 
@@ -139,7 +139,7 @@ TEST(OffsetRule, KeepsTheAlignment) {
 TEST(PlainTextLook, CoversEveryCharacterAndEveryEmptyLine) {
     TestSession test;
     test.session.settings.ScreenTextColor = 255;
-    const CharacterFormat look = plainTextLook(test.session, QStringLiteral("DejaVu Sans"), 30.5);
+    const CharacterFormat look = plainTextLook(test.session, u"DejaVu Sans"_qs, 30.5);
     EXPECT_EQ(look.color, Red);
     EXPECT_EQ(look.halfPoints, 61);
     RichTextFragment text = textIn({Black, White}, 3);

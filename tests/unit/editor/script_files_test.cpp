@@ -29,13 +29,13 @@ TEST(ScriptFiles, BaseIsCutAtTheLastDotOfTheName) {
     for (const auto& [path, base] : cases) {
         EXPECT_EQ(scriptFileBase(QString::fromUtf16(path)), QString::fromUtf16(base));
     }
-    EXPECT_EQ(folderOfScript(QStringLiteral("/a/b/c.rtf")), u"/a/b/");
-    EXPECT_EQ(folderOfScript(QStringLiteral("/c.rtf")), u"/");
-    EXPECT_EQ(folderOfScript(QStringLiteral("c.rtf")), QString());
+    EXPECT_EQ(folderOfScript(u"/a/b/c.rtf"_qs), u"/a/b/");
+    EXPECT_EQ(folderOfScript(u"/c.rtf"_qs), u"/");
+    EXPECT_EQ(folderOfScript(u"c.rtf"_qs), QString());
 }
 
 QString numbered(int i) {
-    return QStringLiteral("/scripts/%1.rtf").arg(i);
+    return u"/scripts/%1.rtf"_qs.arg(i);
 }
 
 TEST(RecentFiles, KeepTenDifferentPathsNewestFirst) {
@@ -46,17 +46,17 @@ TEST(RecentFiles, KeepTenDifferentPathsNewestFirst) {
         recent.add(numbered(i));
     }
     recent.add(numbered(5));
-    recent.add(QStringLiteral("/scripts/5.RTF"));
-    EXPECT_EQ(recent.paths(), QStringList({QStringLiteral("/scripts/5.RTF"), numbered(5),
-                                           numbered(11), numbered(10), numbered(9), numbered(8),
-                                           numbered(7), numbered(6), numbered(4), numbered(3)}));
+    recent.add(u"/scripts/5.RTF"_qs);
+    EXPECT_EQ(recent.paths(), QStringList({u"/scripts/5.RTF"_qs, numbered(5), numbered(11),
+                                           numbered(10), numbered(9), numbered(8), numbered(7),
+                                           numbered(6), numbered(4), numbered(3)}));
 }
 
 TEST(RecentFiles, FileHoldsTwoLinesARowAndEmptyLinesForEmptyRows) {
     TestSession test;
     RecentFileTable recent(test.session.AppFolder);
-    recent.add(QStringLiteral("/a.rtf"));
-    recent.add(QStringLiteral("/é.txt"));
+    recent.add(u"/a.rtf"_qs);
+    recent.add(u"/é.txt"_qs);
     ASSERT_TRUE(recent.write(RecentFileTable::EntriesAfterAppend));
     EXPECT_EQ(test.read(RecentFileTable::fileName()),
               QByteArray("/\xE9.txt\r\n/\xE9.txt\r\n/a.rtf\r\n/a.rtf\r\n") +
@@ -70,9 +70,8 @@ TEST(RecentFiles, FirstLoadOfARunKeepsTheListOfTheLastRun) {
     test.write(RecentFileTable::fileName(),
                "/old.rtf\r\n/old.rtf\r\n\r\n\r\n/older.rtf\n/older.rtf\n");
     RecentFileTable recent(test.session.AppFolder);
-    recent.add(QStringLiteral("/new.rtf"));
-    EXPECT_EQ(recent.paths(), QStringList({QStringLiteral("/new.rtf"), QStringLiteral("/old.rtf"),
-                                           QStringLiteral("/older.rtf")}));
+    recent.add(u"/new.rtf"_qs);
+    EXPECT_EQ(recent.paths(), QStringList({u"/new.rtf"_qs, u"/old.rtf"_qs, u"/older.rtf"_qs}));
 }
 
 TEST(RecentFiles, OddFilesAndPathsDoNoHarm) {
@@ -81,13 +80,13 @@ TEST(RecentFiles, OddFilesAndPathsDoNoHarm) {
         TestSession test;
         test.write(RecentFileTable::fileName(), bytes);
         RecentFileTable recent(test.session.AppFolder);
-        recent.add(QStringLiteral("/two\nlines.rtf"));
+        recent.add(u"/two\nlines.rtf"_qs);
         recent.add(QString());
-        EXPECT_EQ(recent.paths().filter(QStringLiteral("lines")), QStringList());
-        recent.add(QStringLiteral("/a.rtf"));
+        EXPECT_EQ(recent.paths().filter(u"lines"_qs), QStringList());
+        recent.add(u"/a.rtf"_qs);
         EXPECT_EQ(recent.paths().value(0), u"/a.rtf");
     }
-    EXPECT_FALSE(RecentFileTable(QStringLiteral("/no/such/folder/")).write(10));
+    EXPECT_FALSE(RecentFileTable(u"/no/such/folder/"_qs).write(10));
 }
 
 } // namespace

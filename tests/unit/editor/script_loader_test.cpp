@@ -46,12 +46,12 @@ protected:
     RichTextBox& rtb1 = session.script.rtb1;
     RecentFileTable recent{session.AppFolder};
     ScriptLoader loader{session, test.host, &recent};
-    const QString txt = QStringLiteral("a.txt");
-    const QString rtf = QStringLiteral("a.rtf");
+    const QString txt = u"a.txt"_qs;
+    const QString rtf = u"a.rtf"_qs;
 };
 
 TEST_F(ScriptLoaderTest, PlainTextArrivesInTheCurrentLookWithBlanksForTabs) {
-    test.host.fontName = QStringLiteral("DejaVu Sans");
+    test.host.fontName = u"DejaVu Sans"_qs;
     test.host.fontSize = 31;
     session.settings.ScreenTextColor = 255;
     loadFile(txt, "one\ttwo\r\nthree\nfour");
@@ -62,7 +62,7 @@ TEST_F(ScriptLoaderTest, PlainTextArrivesInTheCurrentLookWithBlanksForTabs) {
     EXPECT_EQ(format.fontName, u"DejaVu Sans");
     EXPECT_EQ(format.halfPoints, 62);
     EXPECT_EQ(format.color, Red);
-    EXPECT_EQ(test.host.progress, QStringList({QStringLiteral("Loading File."), QString()}));
+    EXPECT_EQ(test.host.progress, QStringList({u"Loading File."_qs, QString()}));
     EXPECT_EQ(session.script.ScriptFileType, 1);
     EXPECT_EQ(session.settings.LastScriptFolder, session.AppFolder);
     expectAllPutAway();
@@ -89,7 +89,7 @@ TEST_F(ScriptLoaderTest, RtfKeepsItsLookButForBlackOnBlackAndOffsets) {
 }
 
 TEST_F(ScriptLoaderTest, NoPutsTheTextAtTheCaretAndReplacesNothing) {
-    rtb1.setText(QStringLiteral("Hello world"));
+    rtb1.setText(u"Hello world"_qs);
     rtb1.select(5, 8);
     loadFileWithAnswer(MessageAnswer::No, txt, ", my\r\nsmall");
     EXPECT_EQ(rtb1.Text(), u"Hello, my\r\nsmall world");
@@ -102,7 +102,7 @@ TEST_F(ScriptLoaderTest, NoPutsTheTextAtTheCaretAndReplacesNothing) {
 }
 
 TEST_F(ScriptLoaderTest, YesAppendsAStoryOfItsOwn) {
-    rtb1.setText(QStringLiteral("first"));
+    rtb1.setText(u"first"_qs);
     loadFileWithAnswer(MessageAnswer::Yes, txt, "second");
     EXPECT_EQ(rtb1.Text(), u"first~\r\n^----\r\nsecond");
     EXPECT_EQ(rtb1.SelStart(), 5);
@@ -114,7 +114,7 @@ TEST_F(ScriptLoaderTest, YesAppendsAStoryOfItsOwn) {
 }
 
 TEST_F(ScriptLoaderTest, CancelChangesNothingButTheFilesName) {
-    rtb1.setText(QStringLiteral("text"));
+    rtb1.setText(u"text"_qs);
     rtb1.setSelStart(2);
     loadFileWithAnswer(MessageAnswer::Cancel, txt, "other");
     EXPECT_EQ(rtb1.Text(), u"text");
@@ -126,7 +126,7 @@ TEST_F(ScriptLoaderTest, CancelChangesNothingButTheFilesName) {
 }
 
 TEST_F(ScriptLoaderTest, DialogOpensInTheLastFolderAndMayBeCancelled) {
-    session.settings.LastScriptFolder = QStringLiteral("/elsewhere/");
+    session.settings.LastScriptFolder = u"/elsewhere/"_qs;
     loader.LoadText();
     ASSERT_EQ(test.dialogs.openRequests.size(), 1U);
     EXPECT_EQ(test.dialogs.openRequests[0].folder, u"/elsewhere/");
@@ -169,7 +169,7 @@ TEST_F(ScriptLoaderTest, WhatWasLeftOutIsToldAndTheFileNotReplacedUnasked) {
                u"The file holds no text. Left out: 2 headers and footers."_qs},
           Case{"a", QString()}}) {
         rtb1.setText(QString());
-        session.script.ownFile = QStringLiteral("before");
+        session.script.ownFile = u"before"_qs;
         loadFile(rtf, "{\\rtf1 " + it.rtf + "}");
         EXPECT_EQ(test.host.notices.value(test.host.notices.size() - 1), it.notice);
         EXPECT_EQ(session.script.ownFile, it.notice.isEmpty() ? test.path(rtf) : QString());
@@ -180,7 +180,7 @@ TEST_F(ScriptLoaderTest, WhatWasLeftOutIsToldAndTheFileNotReplacedUnasked) {
                   it.notice.contains(u"Left out: "_qs));
     }
     // A file whose text is appended later leaves the script its own file.
-    loadFileWithAnswer(MessageAnswer::Yes, QStringLiteral("b.rtf"), "{\\rtf1 b{\\pict 01}}");
+    loadFileWithAnswer(MessageAnswer::Yes, u"b.rtf"_qs, "{\\rtf1 b{\\pict 01}}");
     EXPECT_EQ(session.script.ownFile, test.path(rtf));
     EXPECT_EQ(test.host.notices.last(), u"Left out: 1 picture."_qs);
 }
@@ -192,19 +192,15 @@ TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
         QString said;
     };
     const Case cases[] = {
-        {QStringLiteral("missing.rtf"), std::nullopt,
-         QStringLiteral("verify that the file exists")},
-        {QStringLiteral("binary.rtf"), QByteArray("MZ\x90\x00\x03", 5),
-         QStringLiteral("save it from there as RTF")},
-        {QStringLiteral("old.doc"), QByteArray("\xD0\xCF\x11\xE0"),
-         QStringLiteral("Word is correctly installed.")},
-        {QStringLiteral("new.DOCX"), QByteArray("PK"),
-         QStringLiteral("Word is correctly installed.")},
+        {u"missing.rtf"_qs, std::nullopt, u"verify that the file exists"_qs},
+        {u"binary.rtf"_qs, QByteArray("MZ\x90\x00\x03", 5), u"save it from there as RTF"_qs},
+        {u"old.doc"_qs, QByteArray("\xD0\xCF\x11\xE0"), u"Word is correctly installed."_qs},
+        {u"new.DOCX"_qs, QByteArray("PK"), u"Word is correctly installed."_qs},
     };
     for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
         for (const Case& c : cases) {
             test.messages.boxes.clear();
-            rtb1.setText(QStringLiteral("the show"));
+            rtb1.setText(u"the show"_qs);
             const FlatText before = flatten(rtb1.fragment());
             if (c.bytes) {
                 test.write(c.name, *c.bytes);
@@ -215,8 +211,8 @@ TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
             const FakeMessageBoxes::Box& box = test.messages.boxes[1];
             EXPECT_EQ(box.title, u"Could Not Load File");
             EXPECT_EQ(box.icon, MessageIcon::Critical);
-            EXPECT_TRUE(box.text.startsWith(
-                QStringLiteral("I could not load %1.\r\n\r\n").arg(test.path(c.name))));
+            EXPECT_TRUE(
+                box.text.startsWith(u"I could not load %1.\r\n\r\n"_qs.arg(test.path(c.name))));
             EXPECT_TRUE(box.text.contains(c.said)) << box.text.toStdString();
             EXPECT_EQ(flatten(rtb1.fragment()), before);
             EXPECT_EQ(session.script.ScriptFileName, test.path(c.name));
@@ -224,12 +220,12 @@ TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
         }
     }
     EXPECT_TRUE(test.read(RecentFileTable::fileName()).isNull());
-    EXPECT_TRUE(test.host.progress.contains(QStringLiteral("Converting Word File.")));
+    EXPECT_TRUE(test.host.progress.contains(u"Converting Word File."_qs));
 }
 
 TEST_F(ScriptLoaderTest, NeitherLoadNorSaveStartsInsideAnother) {
     ScriptSaver saver(session, test.host);
-    const QString other = test.write(QStringLiteral("other.txt"), "other");
+    const QString other = test.write(u"other.txt"_qs, "other");
     int tries = 0;
     const auto tryAll = [&] {
         ++tries;
@@ -241,17 +237,17 @@ TEST_F(ScriptLoaderTest, NeitherLoadNorSaveStartsInsideAnother) {
     test.messages.whileOpen = tryAll;
     test.host.onProgress = [&](const QString&) { tryAll(); };
     test.pump.setEveryPump(tryAll);
-    rtb1.setText(QStringLiteral("a"));
+    rtb1.setText(u"a"_qs);
     test.dialogs.choose(test.write(txt, "b"));
     test.messages.answers.push_back(MessageAnswer::Yes);
     loader.LoadText();
     EXPECT_EQ(rtb1.Text(), u"a~\r\n^----\r\nb");
     const int triesOfLoad = tries;
     EXPECT_GE(triesOfLoad, 8);
-    test.dialogs.choose(test.path(QStringLiteral("saved.txt")));
+    test.dialogs.choose(test.path(u"saved.txt"_qs));
     saver.SaveText();
     EXPECT_GT(tries, triesOfLoad);
-    EXPECT_EQ(test.read(QStringLiteral("saved.txt")), "a~\r\n^----\r\nb");
+    EXPECT_EQ(test.read(u"saved.txt"_qs), "a~\r\n^----\r\nb");
     EXPECT_EQ(test.dialogs.openRequests.size() + test.dialogs.saveRequests.size(), 2U);
     session.show.ShowRunning = 1;
     loader.loadScript(other);

@@ -21,7 +21,7 @@ class ScriptSaverTest : public ::testing::Test {
 protected:
     ScriptSaverTest() {
         applyEditorDefaults(session);
-        session.script.rtb1.setText(QStringLiteral("white text"));
+        session.script.rtb1.setText(u"white text"_qs);
         session.script.TextChanged = 1;
     }
     void saveAs(const QString& path, int filter) {
@@ -42,9 +42,9 @@ protected:
 };
 
 TEST_F(ScriptSaverTest, RtfOnDiskIsBlackAndTheEditorStaysWhite) {
-    saveAs(test.path(QStringLiteral("a.rtf")), RichTextFilter);
+    saveAs(test.path(u"a.rtf"_qs), RichTextFilter);
     RichTextBox file;
-    ASSERT_TRUE(file.LoadFile(test.path(QStringLiteral("a.rtf")), FileFormat::Rtf));
+    ASSERT_TRUE(file.LoadFile(test.path(u"a.rtf"_qs), FileFormat::Rtf));
     EXPECT_EQ(file.Text(), u"white text");
     file.selectAll();
     EXPECT_EQ(file.SelColor(), Black);
@@ -53,7 +53,7 @@ TEST_F(ScriptSaverTest, RtfOnDiskIsBlackAndTheEditorStaysWhite) {
     EXPECT_EQ(session.script.TextChanged, 0);
     EXPECT_EQ(session.script.ScriptFileType, 0);
     EXPECT_EQ(session.settings.LastScriptFolder, session.AppFolder);
-    EXPECT_EQ(test.host.progress, QStringList({QStringLiteral("Saving Document"), QString()}));
+    EXPECT_EQ(test.host.progress, QStringList({u"Saving Document"_qs, QString()}));
     EXPECT_EQ(test.host.focusGiven, 1);
     expectAllPutAway();
 }
@@ -64,7 +64,7 @@ TEST_F(ScriptSaverTest, FilterDecidesTheNameAndTheFormat) {
         int filter;
         const char16_t* written;
     };
-    QDir(session.AppFolder).mkpath(QStringLiteral("my.scripts"));
+    QDir(session.AppFolder).mkpath(u"my.scripts"_qs);
     for (const Case& c :
          {Case{u"a.rtf", TextFilter, u"a.txt"}, Case{u"b.txt", RichTextFilter, u"b.rtf"},
           Case{u"my.scripts/show.rtf", RichTextFilter, u"my.scripts/show.rtf"},
@@ -80,7 +80,7 @@ TEST_F(ScriptSaverTest, FilterDecidesTheNameAndTheFormat) {
         EXPECT_EQ(request.writtenPath({test.path(QString::fromUtf16(c.typed)), c.filter}),
                   test.path(written));
     }
-    EXPECT_EQ(test.read(QStringLiteral("a.txt")), "white text");
+    EXPECT_EQ(test.read(u"a.txt"_qs), "white text");
 }
 
 TEST_F(ScriptSaverTest, OffersTheCurrentNameAndItsFilter) {
@@ -88,16 +88,16 @@ TEST_F(ScriptSaverTest, OffersTheCurrentNameAndItsFilter) {
     EXPECT_EQ(test.dialogs.saveRequests.back().fileName, u"Untitled.rtf");
     EXPECT_EQ(test.dialogs.saveRequests.back().filterIndex, RichTextFilter);
     EXPECT_EQ(session.script.TextChanged, 1);
-    saveAs(test.path(QStringLiteral("a.TXT")), TextFilter);
+    saveAs(test.path(u"a.TXT"_qs), TextFilter);
     saver.SaveText();
-    EXPECT_EQ(test.dialogs.saveRequests.back().fileName, test.path(QStringLiteral("a.txt")));
+    EXPECT_EQ(test.dialogs.saveRequests.back().fileName, test.path(u"a.txt"_qs));
     EXPECT_EQ(test.dialogs.saveRequests.back().filterIndex, TextFilter);
 }
 
 TEST_F(ScriptSaverTest, OnlyTheScriptsOwnFileIsReplacedWithoutAQuestion) {
     ScriptLoader loader(session, test.host, nullptr);
-    const QString first = test.write(QStringLiteral("first.txt"), "first");
-    const QString second = test.write(QStringLiteral("second.txt"), "second");
+    const QString first = test.write(u"first.txt"_qs, "first");
+    const QString second = test.write(u"second.txt"_qs, "second");
     session.script.rtb1.setText(QString());
     loader.loadScript(first);
     test.messages.answers.push_back(MessageAnswer::Yes);
@@ -106,8 +106,8 @@ TEST_F(ScriptSaverTest, OnlyTheScriptsOwnFileIsReplacedWithoutAQuestion) {
     saver.SaveText();
     EXPECT_EQ(test.dialogs.saveRequests.back().fileName, second);
     EXPECT_EQ(test.dialogs.saveRequests.back().ownFile, first);
-    saveAs(test.path(QStringLiteral("both.rtf")), RichTextFilter);
-    EXPECT_EQ(session.script.ownFile, test.path(QStringLiteral("both.rtf")));
+    saveAs(test.path(u"both.rtf"_qs), RichTextFilter);
+    EXPECT_EQ(session.script.ownFile, test.path(u"both.rtf"_qs));
 }
 
 TEST_F(ScriptSaverTest, EmptyScriptIsNeverSaved) {
@@ -120,7 +120,7 @@ TEST_F(ScriptSaverTest, EmptyScriptIsNeverSaved) {
 }
 
 TEST_F(ScriptSaverTest, FailureKeepsTheOldFileAndSaysWhy) {
-    const QString path = test.path(QStringLiteral("folder.rtf"));
+    const QString path = test.path(u"folder.rtf"_qs);
     QDir().mkpath(path);
     session.script.ExitSaveInProgress = 1;
     session.script.SaveFailed = 1;
@@ -143,7 +143,7 @@ TEST_F(ScriptSaverTest, ExitLearnsWhetherTheScriptWasWritten) {
     expectAllPutAway();
     const int focusAfterCancel = test.host.focusGiven;
     session.script.ExitSaveInProgress = 1;
-    saveAs(test.path(QStringLiteral("a.txt")), TextFilter);
+    saveAs(test.path(u"a.txt"_qs), TextFilter);
     EXPECT_EQ(session.script.SaveFailed, 0);
     // The window is on its way out.
     EXPECT_EQ(test.host.focusGiven, focusAfterCancel);
@@ -151,43 +151,41 @@ TEST_F(ScriptSaverTest, ExitLearnsWhetherTheScriptWasWritten) {
 }
 
 TEST_F(ScriptSaverTest, WhiteScriptComesBackWhite) {
-    saveAs(test.path(QStringLiteral("a.rtf")), RichTextFilter);
+    saveAs(test.path(u"a.rtf"_qs), RichTextFilter);
     const FlatText before = flatten(session.script.rtb1.fragment());
     session.script.rtb1.setText(QString());
-    ScriptLoader(session, test.host, nullptr).loadScript(test.path(QStringLiteral("a.rtf")));
+    ScriptLoader(session, test.host, nullptr).loadScript(test.path(u"a.rtf"_qs));
     EXPECT_EQ(flatten(session.script.rtb1.fragment()), before);
 }
 
 TEST(Convert, WritesTheOtherFormatAndNothingOnFailure) {
     TestSession test;
-    const QString in = test.write(QStringLiteral("in.txt"), "caf\xE9\tau lait\nsecond line");
-    const QString out = test.path(QStringLiteral("out.rtf"));
-    const QString back = test.path(QStringLiteral("back.txt"));
+    const QString in = test.write(u"in.txt"_qs, "caf\xE9\tau lait\nsecond line");
+    const QString out = test.path(u"out.rtf"_qs);
+    const QString back = test.path(u"back.txt"_qs);
     EXPECT_EQ(convertScript(test.session, in, out), 0);
     TestSession second;
     EXPECT_EQ(convertScript(second.session, out, back), 0);
-    EXPECT_EQ(test.read(QStringLiteral("back.txt")), "caf\xE9 au lait\r\nsecond line");
+    EXPECT_EQ(test.read(u"back.txt"_qs), "caf\xE9 au lait\r\nsecond line");
     TestSession third;
-    const QString never = test.path(QStringLiteral("never.rtf"));
-    EXPECT_EQ(convertScript(third.session, test.path(QStringLiteral("missing.rtf")), never), 1);
-    EXPECT_EQ(convertScript(third.session, test.write(QStringLiteral("bad.rtf"), "no rtf"), never),
-              1);
+    const QString never = test.path(u"never.rtf"_qs);
+    EXPECT_EQ(convertScript(third.session, test.path(u"missing.rtf"_qs), never), 1);
+    EXPECT_EQ(convertScript(third.session, test.write(u"bad.rtf"_qs, "no rtf"), never), 1);
     EXPECT_FALSE(QFileInfo::exists(never));
-    EXPECT_EQ(convertScript(third.session, in, QStringLiteral("/no/such/folder/x.rtf")), 1);
+    EXPECT_EQ(convertScript(third.session, in, u"/no/such/folder/x.rtf"_qs), 1);
     EXPECT_TRUE(third.messages.boxes.empty());
-    EXPECT_TRUE(test.read(QStringLiteral("files.ini")).isNull());
+    EXPECT_TRUE(test.read(u"files.ini"_qs).isNull());
 }
 
 TEST(Convert, RefusesAnEndingThatItCannotWrite) {
     TestSession test;
-    const QString in = test.write(QStringLiteral("in.txt"), "words");
+    const QString in = test.write(u"in.txt"_qs, "words");
     for (const QString& name :
-         {QStringLiteral("a.docx"), QStringLiteral("a.DOC"), QStringLiteral("a"),
-          QStringLiteral("a.rtf.pdf"), QStringLiteral("artf"), QString()}) {
+         {u"a.docx"_qs, u"a.DOC"_qs, u"a"_qs, u"a.rtf.pdf"_qs, u"artf"_qs, QString()}) {
         EXPECT_EQ(convertScript(test.session, in, test.path(name)), 1) << name.toStdString();
         EXPECT_FALSE(QFileInfo(test.path(name)).isFile()) << name.toStdString();
     }
-    for (const QString& name : {QStringLiteral("b.RTF"), QStringLiteral("b.Txt")}) {
+    for (const QString& name : {u"b.RTF"_qs, u"b.Txt"_qs}) {
         EXPECT_EQ(convertScript(test.session, in, test.path(name)), 0) << name.toStdString();
         EXPECT_TRUE(test.read(name).contains("words")) << name.toStdString();
     }

@@ -19,8 +19,7 @@ namespace velmora {
 namespace {
 
 QFileInfoList corpusFiles(const QString& folder) {
-    return QDir(corpus().filePath(folder))
-        .entryInfoList({QStringLiteral("*.rtf")}, QDir::Files, QDir::Name);
+    return QDir(corpus().filePath(folder)).entryInfoList({u"*.rtf"_qs}, QDir::Files, QDir::Name);
 }
 
 /// A session that loads with nobody to ask.
@@ -33,12 +32,12 @@ public:
     }
     bool load(const QByteArray& rtf) {
         rtb1().setText(QString());
-        const QString path = m_test.write(QStringLiteral("in.rtf"), rtf);
+        const QString path = m_test.write(u"in.rtf"_qs, rtf);
         return static_cast<bool>(
             ScriptLoader(m_test.session, m_test.host, nullptr).loadUnattended(path));
     }
     QByteArray save() {
-        const QString name = QStringLiteral("out.rtf");
+        const QString name = u"out.rtf"_qs;
         EXPECT_TRUE(writeScriptTo(m_test.session, m_test.path(name)));
         return m_test.read(name);
     }
@@ -61,7 +60,7 @@ private:
 };
 
 QString inLineFeeds(QString text) {
-    return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return text.replace(u"\r\n"_qs, u"\n"_qs);
 }
 
 QString words(const QString& text) {
@@ -92,8 +91,7 @@ TEST(Words, OfTheCorpusAreKept) {
     if (!corpus().exists()) {
         GTEST_SKIP() << "no corpus beside the sources";
     }
-    const QFileInfoList files =
-        corpusFiles(QStringLiteral("rtf")) + corpusFiles(QStringLiteral("bad"));
+    const QFileInfoList files = corpusFiles(u"rtf"_qs) + corpusFiles(u"bad"_qs);
     ASSERT_FALSE(files.isEmpty());
     Road road;
     for (const QFileInfo& file : files) {
@@ -106,7 +104,7 @@ TEST(Words, OfDamagedDocumentsAreKeptAsFarAsTheyCanBeRead) {
     if (!corpus().exists()) {
         GTEST_SKIP() << "no corpus beside the sources";
     }
-    const QFileInfoList files = corpusFiles(QStringLiteral("rtf"));
+    const QFileInfoList files = corpusFiles(u"rtf"_qs);
     ASSERT_FALSE(files.isEmpty());
     std::mt19937 random(2);
     Road road;

@@ -9,14 +9,14 @@ namespace {
 
 TEST(TextEncoding, RecognisesTheEncodingOfAFile) {
     const std::pair<QByteArray, QString> cases[] = {
-        {"plain\r\n", QStringLiteral("plain\r\n")},
-        {"\xC3\xA9", QStringLiteral("é")},
-        {"\xEF\xBB\xBF\xC3\xA9", QStringLiteral("é")},
-        {QByteArray("\xFF\xFE\xE9\x00", 4), QStringLiteral("é")},
-        {QByteArray("\xFE\xFF\x00\xE9", 4), QStringLiteral("é")},
-        {"caf\xE9 \x80 \x93", QStringLiteral("café € “")},
+        {"plain\r\n", u"plain\r\n"_qs},
+        {"\xC3\xA9", u"é"_qs},
+        {"\xEF\xBB\xBF\xC3\xA9", u"é"_qs},
+        {QByteArray("\xFF\xFE\xE9\x00", 4), u"é"_qs},
+        {QByteArray("\xFE\xFF\x00\xE9", 4), u"é"_qs},
+        {"caf\xE9 \x80 \x93", u"café € “"_qs},
         // A sequence that breaks off is not UTF-8.
-        {"ab\xC3", QStringLiteral("abÃ")},
+        {"ab\xC3", u"abÃ"_qs},
         {"\xEF\xBB\xBF", QString()},
         {QByteArray(), QString()},
     };
@@ -26,8 +26,8 @@ TEST(TextEncoding, RecognisesTheEncodingOfAFile) {
 }
 
 TEST(TextEncoding, WritesTheCodePageWhereItCanAndLosesNoCharacter) {
-    EXPECT_EQ(encodeText(QStringLiteral("café €")), QByteArray("caf\xE9 \x80"));
-    EXPECT_EQ(encodeText(QStringLiteral("żółw")).left(3), QByteArray("\xEF\xBB\xBF"));
+    EXPECT_EQ(encodeText(u"café €"_qs), QByteArray("caf\xE9 \x80"));
+    EXPECT_EQ(encodeText(u"żółw"_qs).left(3), QByteArray("\xEF\xBB\xBF"));
     // The bytes of these in the code page would be taken for UTF-8 or for a mark.
     for (const char16_t* text : {u"Ã©", u"ÿþab", u"ï»¿", u"þÿ"}) {
         EXPECT_EQ(decodeText(encodeText(QString::fromUtf16(text))), QString::fromUtf16(text));

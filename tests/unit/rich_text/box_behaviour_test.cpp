@@ -8,7 +8,7 @@ namespace {
 
 CharacterFormat arial(int halfPoints) {
     CharacterFormat format;
-    format.fontName = QStringLiteral("Arial");
+    format.fontName = u"Arial"_qs;
     format.halfPoints = halfPoints;
     return format;
 }
@@ -38,7 +38,7 @@ private:
 };
 
 // "ab", line end, "c", line end inside of the paragraph, "d", a character of two units, line end.
-const QString Sample = QStringLiteral("ab\r\nc\vd\U0001F600\r\n");
+const QString Sample = u"ab\r\nc\vd\U0001F600\r\n"_qs;
 
 TEST(BoxBehaviour, PositionsCountLineEndsAndPairsAsTwo) {
     RichTextBox box;
@@ -68,13 +68,13 @@ TEST(BoxBehaviour, HalfALineEndIsTheLineEnd) {
         QString left;
     };
     const Case cases[] = {
-        {2, 3, QStringLiteral("\r\n"), QStringLiteral("abc\vd\U0001F600\r\n")},
-        {3, 4, QStringLiteral("\r\n"), QStringLiteral("abc\vd\U0001F600\r\n")},
-        {1, 3, QStringLiteral("b"), QStringLiteral("a\r\nc\vd\U0001F600\r\n")},
-        {5, 3, QStringLiteral("\r\nc"), QStringLiteral("ab\vd\U0001F600\r\n")},
-        {8, 7, QStringLiteral("\U0001F600"), QStringLiteral("ab\r\nc\vd\r\n")},
-        {5, 6, QStringLiteral("\v"), QStringLiteral("ab\r\ncd\U0001F600\r\n")},
-        {10, 11, QStringLiteral("\r\n"), QStringLiteral("ab\r\nc\vd\U0001F600")},
+        {2, 3, u"\r\n"_qs, u"abc\vd\U0001F600\r\n"_qs},
+        {3, 4, u"\r\n"_qs, u"abc\vd\U0001F600\r\n"_qs},
+        {1, 3, u"b"_qs, u"a\r\nc\vd\U0001F600\r\n"_qs},
+        {5, 3, u"\r\nc"_qs, u"ab\vd\U0001F600\r\n"_qs},
+        {8, 7, u"\U0001F600"_qs, u"ab\r\nc\vd\r\n"_qs},
+        {5, 6, u"\v"_qs, u"ab\r\ncd\U0001F600\r\n"_qs},
+        {10, 11, u"\r\n"_qs, u"ab\r\nc\vd\U0001F600"_qs},
     };
     for (const Case& c : cases) {
         RichTextBox box;
@@ -101,39 +101,33 @@ TEST(BoxBehaviour, HalfALineEndIsTheLineEnd) {
 TEST(BoxBehaviour, InsertedLineEndsAreAllOneKind) {
     for (const char16_t* end : {u"\r\n", u"\r", u"\n", u"\u2029"}) {
         RichTextBox box;
-        box.setText(QStringLiteral("xy"));
+        box.setText(u"xy"_qs);
         box.setSelStart(1);
         box.setSelText(QString::fromUtf16(end).repeated(2));
-        EXPECT_EQ(box.Text(), QStringLiteral("x\r\n\r\ny"));
+        EXPECT_EQ(box.Text(), u"x\r\n\r\ny"_qs);
         EXPECT_EQ(box.SelStart(), 5);
     }
     // What a document reserves for itself does not break it.
     RichTextBox box;
-    const QString odd = QStringLiteral("a\uFDD0b\uFDD1c\uFFFC\u0001\u0085%1d").arg(QChar(u'\0'));
+    const QString odd = u"a\uFDD0b\uFDD1c\uFFFC\u0001\u0085%1d"_qs.arg(QChar(u'\0'));
     box.setText(odd);
-    EXPECT_EQ(box.Text(), QStringLiteral("a\uFFFDb\uFFFDc\uFFFC \r\n d"));
+    EXPECT_EQ(box.Text(), u"a\uFFFDb\uFFFDc\uFFFC \r\n d"_qs);
     EXPECT_EQ(box.document().blockCount(), 2);
 }
 
 TEST(BoxBehaviour, FindIgnoresCaseAndSelectsTheMatch) {
     RichTextBox box;
-    box.setText(QStringLiteral("One\r\nSTRASSE one \u00C9t\u00E9 \U00010400\tend"));
+    box.setText(u"One\r\nSTRASSE one \u00C9t\u00E9 \U00010400\tend"_qs);
     struct Case {
         QString text;
         int start;
         int found;
     };
     const Case cases[] = {
-        {QStringLiteral("ONE"), 0, 0},
-        {QStringLiteral("one"), 1, 13},
-        {QStringLiteral("\u00E9T\u00C9"), 0, 17},
-        {QStringLiteral("\U00010428"), 0, 21},
-        {QStringLiteral("\t"), 0, 23},
-        {QStringLiteral("E\r\nS"), 0, 2},
-        {QStringLiteral("one"), 14, -1},
-        {QString(), 0, -1},
-        {QStringLiteral("end"), 99, -1},
-        {QStringLiteral("one"), -5, 0},
+        {u"ONE"_qs, 0, 0},         {u"one"_qs, 1, 13}, {u"\u00E9T\u00C9"_qs, 0, 17},
+        {u"\U00010428"_qs, 0, 21}, {u"\t"_qs, 0, 23},  {u"E\r\nS"_qs, 0, 2},
+        {u"one"_qs, 14, -1},       {QString(), 0, -1}, {u"end"_qs, 99, -1},
+        {u"one"_qs, -5, 0},
     };
     for (const Case& c : cases) {
         box.select(3, 3);
@@ -145,11 +139,11 @@ TEST(BoxBehaviour, FindIgnoresCaseAndSelectsTheMatch) {
 
 TEST(BoxBehaviour, TextKeepsUpWithEditsWhileItIsAskedFor) {
     RichTextBox box;
-    box.setText(QStringLiteral("start\r\n"));
+    box.setText(u"start\r\n"_qs);
     QString expected = box.Text();
     for (int i = 0; i < 50; ++i) {
         box.setSelStart(i);
-        box.setSelText(QStringLiteral("\v"));
+        box.setSelText(u"\v"_qs);
         expected.insert(i, u'\v');
         if (i % 3 == 0 || i > 40) {
             ASSERT_EQ(box.Text(), expected);
@@ -157,7 +151,7 @@ TEST(BoxBehaviour, TextKeepsUpWithEditsWhileItIsAskedFor) {
     }
     // As long without a question that the text is no longer kept.
     for (int i = 0; i < 50; ++i) {
-        box.setSelText(QStringLiteral("x"));
+        box.setSelText(u"x"_qs);
     }
     EXPECT_EQ(box.Text().size(), expected.size() + 50);
 }
@@ -167,16 +161,16 @@ TEST(BoxBehaviour, TextMayBeAskedForInTheMiddleOfAChange) {
     QString asked;
     QObject::connect(&box.document(), &QTextDocument::contentsChange, &box,
                      [&] { asked = box.Text(); });
-    box.setText(QStringLiteral("start"));
+    box.setText(u"start"_qs);
     QString expected = box.Text();
     for (int i = 0; i < 40; ++i) { // more than the text is kept for without a question
         box.select(i, i + 1);
-        box.setSelText(QStringLiteral("a\r\n"));
-        expected.replace(i, 1, QStringLiteral("a\r\n"));
+        box.setSelText(u"a\r\n"_qs);
+        expected.replace(i, 1, u"a\r\n"_qs);
         ASSERT_EQ(asked, expected) << i;
         ASSERT_EQ(box.Text(), expected) << i;
         box.setSelStart(0);
-        box.setSelText(QStringLiteral("x"));
+        box.setSelText(u"x"_qs);
         expected.prepend(u'x');
         ASSERT_EQ(box.SelText(), QString());
     }
@@ -185,16 +179,16 @@ TEST(BoxBehaviour, TextMayBeAskedForInTheMiddleOfAChange) {
 
 TEST(BoxBehaviour, ALineEndKeepsWhatIsTypedNext) {
     RichTextBox box;
-    box.setText(QStringLiteral("plain"));
+    box.setText(u"plain"_qs);
     box.setSelStart(5);
     box.setSelBold(true);
     box.setSelFontSize(13.5);
-    box.setSelText(QStringLiteral("X\r\n"));
+    box.setSelText(u"X\r\n"_qs);
     EXPECT_EQ(box.SelBold(), true);
     EXPECT_EQ(box.SelFontSize(), 13.5);
     box.select(4, 6);
     EXPECT_EQ(box.SelBold(), std::nullopt);
-    EXPECT_EQ(box.SelFontName(), QStringLiteral("Arial"));
+    EXPECT_EQ(box.SelFontName(), u"Arial"_qs);
 }
 
 TEST(BoxBehaviour, AnEmptyTextHasTheDefaultFormat) {
@@ -215,9 +209,9 @@ TEST(BoxBehaviour, AnEmptyTextHasTheDefaultFormat) {
     // A colour set in the empty text is the colour of what is typed, wherever the caret has been.
     box.setSelColor(0xFF);
     box.selectAll();
-    box.setSelText(QStringLiteral("red"));
+    box.setSelText(u"red"_qs);
     EXPECT_EQ(box.SelColor(), 0xFFu);
-    box.setText(QStringLiteral("white"));
+    box.setText(u"white"_qs);
     EXPECT_EQ(box.SelColor(), White);
     box.setDefaultFormat(arial(30));
     EXPECT_EQ(box.SelFontSize(), 48);
@@ -231,14 +225,14 @@ TEST(BoxBehaviour, ASelectionsFragmentKeepsItsParagraphsFormats) {
     source.select(1, 2);
     RichTextBox target;
     target.replaceSelection(source.selectedFragment());
-    EXPECT_EQ(target.Text(), QStringLiteral("n"));
+    EXPECT_EQ(target.Text(), u"n"_qs);
     EXPECT_EQ(target.SelAlignment(), Alignment::Right);
     // Inside a paragraph it takes on the format of its new neighbours.
-    target.setText(QStringLiteral("left"));
+    target.setText(u"left"_qs);
     target.setSelStart(2);
     source.select(1, 8);
     target.replaceSelection(source.selectedFragment());
-    EXPECT_EQ(target.Text(), QStringLiteral("lene\r\ntwoft"));
+    EXPECT_EQ(target.Text(), u"lene\r\ntwoft"_qs);
     EXPECT_EQ(target.SelStart(), 9);
     EXPECT_EQ(target.SelAlignment(), Alignment::Left);
     source.setSelStart(1);
@@ -247,12 +241,12 @@ TEST(BoxBehaviour, ASelectionsFragmentKeepsItsParagraphsFormats) {
 
 TEST(BoxBehaviour, SignalsOnceAndOnlyOnADifference) {
     RichTextBox box;
-    box.setText(QStringLiteral("some\r\ntext"));
+    box.setText(u"some\r\ntext"_qs);
     Signals counter(box);
     const auto changed = [&counter](int expected, const char* what) {
         EXPECT_EQ(counter.take(), expected) << what;
     };
-    box.setText(QStringLiteral("some\r\ntext"));
+    box.setText(u"some\r\ntext"_qs);
     changed(0, "the same text");
     box.setSelStart(0);
     changed(0, "the caret where it is");
@@ -268,17 +262,17 @@ TEST(BoxBehaviour, SignalsOnceAndOnlyOnADifference) {
     changed(10, "a longer selection");
     box.setSelAlignment(Alignment::Centre);
     changed(100, "another alignment");
-    box.setSelText(QStringLiteral("new"));
+    box.setSelText(u"new"_qs);
     changed(110, "another text");
     box.setSelText({});
     changed(0, "nothing in the place of nothing");
     box.setSelBold(true);
     changed(0, "a format of what is typed next");
-    EXPECT_EQ(box.Find(QStringLiteral("missing"), 0), -1);
+    EXPECT_EQ(box.Find(u"missing"_qs, 0), -1);
     changed(0, "no match");
     EXPECT_FALSE(box.setTextRTF("no rich text"));
     changed(0, "a failed replacement");
-    EXPECT_EQ(box.Text(), QStringLiteral("new"));
+    EXPECT_EQ(box.Text(), u"new"_qs);
     box.setZoom(box.zoom());
     box.setZoom(0);
     box.setWrapWidth(box.wrapWidth());
@@ -293,19 +287,19 @@ TEST(BoxBehaviour, SignalsOnceAndOnlyOnADifference) {
     // The contents are complete when the signal comes.
     QString seen;
     QObject::connect(&box, &RichTextBox::Change, &box, [&] { seen = box.Text(); });
-    box.setSelText(QStringLiteral("er"));
-    EXPECT_EQ(seen, QStringLiteral("newer"));
+    box.setSelText(u"er"_qs);
+    EXPECT_EQ(seen, u"newer"_qs);
 }
 
 TEST(BoxBehaviour, NamesFontsThatAreMissing) {
     RichTextBox box;
     CharacterFormat missing = arial(30);
-    missing.fontName = QStringLiteral("No Such Font Anywhere");
+    missing.fontName = u"No Such Font Anywhere"_qs;
     CharacterFormat there = arial(30);
-    there.fontName = QStringLiteral("dejavu sans");
+    there.fontName = u"dejavu sans"_qs;
     RichTextFragment fragment;
     fragment.formats = {missing, there};
-    fragment.paragraphs.push_back({QStringLiteral("abcd"), {{2, 0}, {2, 1}}, 0, {}});
+    fragment.paragraphs.push_back({u"abcd"_qs, {{2, 0}, {2, 1}}, 0, {}});
     box.setFragment(fragment);
     const std::vector<RichTextBox::MissingFont> fonts = box.missingFonts();
     ASSERT_EQ(fonts.size(), 1u);
@@ -318,13 +312,13 @@ TEST(BoxBehaviour, NamesFontsThatAreMissing) {
     RichTextFragment many;
     for (int i = 0; i < 500; ++i) {
         many.formats.push_back(missing);
-        many.formats.back().fontName = QStringLiteral("No Such Font %1").arg(i, 3, 10, QChar(u'0'));
-        many.paragraphs.push_back({QStringLiteral("ab"), {{2, i}}, i, {}});
+        many.formats.back().fontName = u"No Such Font %1"_qs.arg(i, 3, 10, QChar(u'0'));
+        many.paragraphs.push_back({u"ab"_qs, {{2, i}}, i, {}});
     }
     box.setFragment(many);
     const std::vector<RichTextBox::MissingFont> first = box.missingFonts();
     ASSERT_EQ(first.size(), 32u);
-    EXPECT_EQ(first.back().name, QStringLiteral("No Such Font 031"));
+    EXPECT_EQ(first.back().name, u"No Such Font 031"_qs);
 }
 
 } // namespace

@@ -55,10 +55,10 @@ TEST_F(BoxFiles, PlainTextOfEveryKindLoadsAndComesBack) {
 }
 
 TEST_F(BoxFiles, WordsThatAnyControlCharacterPartsStayApart) {
-    const QString out = path(QStringLiteral("out"));
+    const QString out = path(u"out"_qs);
     for (int unit = 0; unit <= 0xA0; unit = unit == 0x1F ? 0x7F : unit + 1) {
-        const QString text = QStringLiteral("page one%1page two").arg(QChar(unit));
-        const QString bytes = write(QStringLiteral("in.txt"), "\xEF\xBB\xBF" + text.toUtf8());
+        const QString text = u"page one%1page two"_qs.arg(QChar(unit));
+        const QString bytes = write(u"in.txt"_qs, "\xEF\xBB\xBF" + text.toUtf8());
         for (const int way : {0, 1, 2}) {
             RichTextBox first;
             if (way == 0) {
@@ -71,10 +71,10 @@ TEST_F(BoxFiles, WordsThatAnyControlCharacterPartsStayApart) {
             for (const FileFormat format : {FileFormat::Rtf, FileFormat::PlainText}) {
                 ASSERT_TRUE(first.SaveFile(out, format));
                 ASSERT_TRUE(box.LoadFile(out, format));
-                EXPECT_EQ(box.Text().simplified(), QStringLiteral("page one page two"))
+                EXPECT_EQ(box.Text().simplified(), u"page one page two"_qs)
                     << unit << ", way " << way;
                 const QString expected = format == FileFormat::PlainText && unit == u'\v'
-                                             ? QStringLiteral("page one\r\npage two")
+                                             ? u"page one\r\npage two"_qs
                                              : first.Text();
                 EXPECT_EQ(box.Text(), expected) << unit << ", way " << way;
             }
@@ -84,22 +84,22 @@ TEST_F(BoxFiles, WordsThatAnyControlCharacterPartsStayApart) {
 
 TEST_F(BoxFiles, PlainTextMayHaveAMillionParagraphs) {
     constexpr int most = 1'000'000;
-    box.setText(QStringLiteral("kept"));
-    const QString name = write(QStringLiteral("long.txt"), QByteArray(most, '\n'));
+    box.setText(u"kept"_qs);
+    const QString name = write(u"long.txt"_qs, QByteArray(most, '\n'));
     const Outcome outcome = box.LoadFile(name, FileFormat::PlainText);
     EXPECT_FALSE(outcome);
-    EXPECT_EQ(outcome.reason(), QStringLiteral("The text is too long."));
-    EXPECT_EQ(box.Text(), QStringLiteral("kept"));
+    EXPECT_EQ(outcome.reason(), u"The text is too long."_qs);
+    EXPECT_EQ(box.Text(), u"kept"_qs);
     EXPECT_EQ(paragraphCount(QString(most - 1, u'\n')), most);
     EXPECT_EQ(paragraphCount(u"\r\n\r\n\r\n\n\r\f"), 7);
 }
 
 TEST_F(BoxFiles, RichTextComesBack) {
-    box.setText(QStringLiteral("Gr\u00FC\u00DFe\r\nzweite"));
+    box.setText(u"Gr\u00FC\u00DFe\r\nzweite"_qs);
     box.select(0, 3);
     box.setSelBold(true);
     box.setSelAlignment(Alignment::Centre);
-    const QString name = path(QStringLiteral("script.rtf"));
+    const QString name = path(u"script.rtf"_qs);
     ASSERT_TRUE(box.SaveFile(name, FileFormat::Rtf));
     RichTextBox other;
     ASSERT_TRUE(other.LoadFile(name, FileFormat::Rtf));
@@ -112,9 +112,9 @@ TEST_F(BoxFiles, RichTextComesBack) {
 }
 
 TEST_F(BoxFiles, FailuresHaveAReasonAndChangeNothing) {
-    const QString folder = path(QStringLiteral("folder"));
+    const QString folder = path(u"folder"_qs);
     QDir().mkpath(folder);
-    const QString huge = path(QStringLiteral("huge.txt"));
+    const QString huge = path(u"huge.txt"_qs);
     ASSERT_TRUE(QFile(huge).open(QIODevice::WriteOnly));
     ASSERT_TRUE(QFile::resize(huge, 64ll * 1024 * 1024 + 1));
     struct Case {
@@ -123,28 +123,27 @@ TEST_F(BoxFiles, FailuresHaveAReasonAndChangeNothing) {
         QString reason;
     };
     const Case cases[] = {
-        {path(QStringLiteral("missing.txt")), FileFormat::PlainText,
-         QStringLiteral("no such file")},
-        {folder, FileFormat::Rtf, QStringLiteral("folder")},
-        {QString(), FileFormat::Rtf, QStringLiteral("no such file")},
-        {huge, FileFormat::PlainText, QStringLiteral("65 MB, and 64 MB is the most")},
-        {write(QStringLiteral("text.rtf"), "just text"), FileFormat::Rtf, QString()},
-        {QStringLiteral("/dev/null"), FileFormat::PlainText, QStringLiteral("not a file")},
+        {path(u"missing.txt"_qs), FileFormat::PlainText, u"no such file"_qs},
+        {folder, FileFormat::Rtf, u"folder"_qs},
+        {QString(), FileFormat::Rtf, u"no such file"_qs},
+        {huge, FileFormat::PlainText, u"65 MB, and 64 MB is the most"_qs},
+        {write(u"text.rtf"_qs, "just text"), FileFormat::Rtf, QString()},
+        {u"/dev/null"_qs, FileFormat::PlainText, u"not a file"_qs},
     };
-    box.setText(QStringLiteral("kept"));
+    box.setText(u"kept"_qs);
     for (const Case& c : cases) {
         const Outcome outcome = box.LoadFile(c.path, c.format);
         EXPECT_FALSE(outcome) << c.path.toStdString();
         EXPECT_FALSE(outcome.reason().isEmpty());
         EXPECT_TRUE(outcome.reason().contains(c.reason)) << outcome.reason().toStdString();
-        EXPECT_EQ(box.Text(), QStringLiteral("kept"));
+        EXPECT_EQ(box.Text(), u"kept"_qs);
     }
 }
 
 TEST_F(BoxFiles, AFailedSaveLeavesTheOldFileWhole) {
-    const QString folder = path(QStringLiteral("a folder where a file should be"));
+    const QString folder = path(u"a folder where a file should be"_qs);
     QDir().mkpath(folder);
-    for (const QString& target : {folder, path(QStringLiteral("missing/script.txt"))}) {
+    for (const QString& target : {folder, path(u"missing/script.txt"_qs)}) {
         const Outcome outcome = box.SaveFile(target, FileFormat::PlainText);
         EXPECT_FALSE(outcome);
         EXPECT_FALSE(outcome.reason().isEmpty());

@@ -69,7 +69,7 @@ private:
     }
 
     void moveCaret() {
-        last = QStringLiteral("caret");
+        last = u"caret"_qs;
         const int place = position();
         box.setSelStart(place);
         model.select(place, place);
@@ -82,7 +82,7 @@ private:
     }
 
     void select() {
-        last = QStringLiteral("select");
+        last = u"select"_qs;
         const int from = position();
         const int to = random.once(3) ? position() : from + random.below(9) - 4;
         box.select(from, to);
@@ -90,7 +90,7 @@ private:
     }
 
     void insertText() {
-        last = QStringLiteral("insert text");
+        last = u"insert text"_qs;
         const QString text = random.textWithLineEnds(4);
         const RichTextFragment fragment =
             fragmentOfText(text, model.replacingFormat(), *model.selectedParagraphs().front());
@@ -100,7 +100,7 @@ private:
     }
 
     void remove() {
-        last = QStringLiteral("remove");
+        last = u"remove"_qs;
         // What is typed into the gap looks like what stood there.
         const RichTextFragment nothing =
             fragmentOfText({}, model.replacingFormat(), *model.selectedParagraphs().front());
@@ -109,7 +109,7 @@ private:
     }
 
     void insertFragment() {
-        last = QStringLiteral("insert fragment");
+        last = u"insert fragment"_qs;
         const RichTextFragment fragment = random.fragment(0, 3, 4);
         mayChangeUnseen = true;
         box.replaceSelection(fragment);
@@ -117,7 +117,7 @@ private:
     }
 
     void setEverything() {
-        last = QStringLiteral("set everything");
+        last = u"set everything"_qs;
         RichTextFragment fragment = random.fragment(0, 6, 8);
         if (random.once(2)) {
             // Most of what is there stays: the box may leave it alone.
@@ -144,10 +144,9 @@ private:
     }
 
     void find() {
-        last = QStringLiteral("find");
-        static const QString needles[] = {QStringLiteral("OFF"), QStringLiteral("\u00E9"),
-                                          QStringLiteral("a"),   QStringLiteral("\r\n"),
-                                          QStringLiteral("\t"),  QStringLiteral("missing")};
+        last = u"find"_qs;
+        static const QString needles[] = {u"OFF"_qs,  u"\u00E9"_qs, u"a"_qs,
+                                          u"\r\n"_qs, u"\t"_qs,     u"missing"_qs};
         const QString& needle = needles[random.below(std::size(needles))];
         const int start = random.below(model.size() + 1);
         box.Find(needle, start);
@@ -155,7 +154,7 @@ private:
     }
 
     void changeFormat() {
-        last = QStringLiteral("format");
+        last = u"format"_qs;
         const CharacterFormat format = random.format();
         switch (random.below(5)) {
         case 0:
@@ -178,7 +177,7 @@ private:
     }
 
     void changeParagraphs() {
-        last = QStringLiteral("paragraphs");
+        last = u"paragraphs"_qs;
         if (random.once(3)) {
             box.clearSelOffset();
             for (ParagraphFormat* format : model.selectedParagraphs()) {

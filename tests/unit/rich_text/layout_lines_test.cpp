@@ -13,7 +13,7 @@ namespace {
 
 CharacterFormat arial(int halfPoints) {
     CharacterFormat format;
-    format.fontName = QStringLiteral("Arial");
+    format.fontName = u"Arial"_qs;
     format.halfPoints = halfPoints;
     return format;
 }
@@ -82,7 +82,7 @@ TEST(LayoutLines, BreakTheSameAtEveryZoom) {
 
 /// Hinted or rounded advances would make a text at twice the size more or less than twice as wide.
 TEST(LayoutLines, AdvancesScaleWithTheFontSize) {
-    for (const QString& font : {QStringLiteral("Arial"), QStringLiteral("DejaVu Sans")}) {
+    for (const QString& font : {u"Arial"_qs, u"DejaVu Sans"_qs}) {
         CharacterFormat format = arial(16);
         format.fontName = font;
         double widthOfHalfPoint = 0;
@@ -100,7 +100,7 @@ TEST(LayoutLines, AdvancesScaleWithTheFontSize) {
 
 TEST(LayoutLines, HeightIsAscentDescentAndLeadingOfTheHighestFont) {
     RichTextBox box;
-    fill(box, QStringLiteral("low\r\n\r\nlow and high"));
+    fill(box, u"low\r\n\r\nlow and high"_qs);
     const double low = box.lineHeight(0);
     // 26 points are 34.67 pixels; the font's line is 1.149 of its size.
     EXPECT_NEAR(low, 26.0 * 96 / 72 * 1.149, 0.4);
@@ -141,7 +141,7 @@ TEST(LayoutLines, StandWhereAlignmentAndOffsetsPutThem) {
     for (const Case& c : cases) {
         RichTextBox box;
         box.setWrapWidth(Width / 6);
-        fill(box, QStringLiteral("some words  \u2028some words"),
+        fill(box, u"some words  \u2028some words"_qs,
              {c.alignment, c.rightToLeft, c.left, c.first});
         const LinePlace place = box.layout().lineAt(1);
         const QRectF ink = place.line.naturalTextRect();
@@ -160,13 +160,12 @@ TEST(LayoutLines, StandWhereAlignmentAndOffsetsPutThem) {
 
 TEST(LayoutLines, TrailingBlanksDoNotMoveTheText) {
     for (const bool rightToLeft : {false, true}) {
-        const QString word =
-            rightToLeft ? QStringLiteral("\u05E9\u05DC\u05D5\u05DD") : QStringLiteral("middle");
+        const QString word = rightToLeft ? u"\u05E9\u05DC\u05D5\u05DD"_qs : u"middle"_qs;
         for (const Alignment alignment : {Alignment::Left, Alignment::Centre, Alignment::Right}) {
             RichTextBox bare;
             RichTextBox trailing;
             fill(bare, word, {alignment, rightToLeft});
-            fill(trailing, QStringLiteral("%1   \u2028%1\t  ").arg(word), {alignment, rightToLeft});
+            fill(trailing, u"%1   \u2028%1\t  "_qs.arg(word), {alignment, rightToLeft});
             // Qt gives U+2028 in a right-to-left line the width of a blank.
             for (int line = rightToLeft ? 1 : 0; line < 2; ++line) {
                 const QTextLine place = trailing.layout().lineAt(line).line;
@@ -185,7 +184,7 @@ TEST(LayoutLines, TrailingBlanksDoNotMoveTheText) {
 
 TEST(LayoutLines, TabsStandOnAGrid) {
     RichTextBox box;
-    fill(box, QStringLiteral("\ta\tb"), {}, 24);
+    fill(box, u"\ta\tb"_qs, {}, 24);
     const QTextLine line = box.layout().lineAt(0).line;
     EXPECT_NEAR(line.cursorToX(1), TabDistanceUnits, 0.1);
     EXPECT_NEAR(line.cursorToX(3), 2 * TabDistanceUnits, 0.1);
@@ -194,7 +193,7 @@ TEST(LayoutLines, TabsStandOnAGrid) {
 TEST(LayoutLines, AreRightBeyondTheHeightThatTheStockLayoutHolds) {
     constexpr int Paragraphs = 40000;
     RichTextBox box;
-    fill(box, QStringLiteral("x\r\n").repeated(Paragraphs - 1) + u'x');
+    fill(box, u"x\r\n"_qs.repeated(Paragraphs - 1) + u'x');
     box.setZoom(6);
     ASSERT_EQ(box.lineCount(), Paragraphs);
     const double height = box.lineHeight(0);
@@ -202,19 +201,18 @@ TEST(LayoutLines, AreRightBeyondTheHeightThatTheStockLayoutHolds) {
     EXPECT_EQ(box.verticalPosition(box.textLength()),
               1 + static_cast<int>(std::floor(height * (Paragraphs - 1))));
     box.setSelStart(0);
-    box.setSelText(QStringLiteral("a line more\r\n"));
+    box.setSelText(u"a line more\r\n"_qs);
     EXPECT_EQ(box.verticalPosition(box.textLength()),
               1 + static_cast<int>(std::floor(height * Paragraphs)));
 }
 
 /// What is filled to the brim at once must break where a slow search for a break would have broken.
 TEST(LayoutLines, LongWordsBreakAsShortOnesDo) {
-    const QString letters = QStringLiteral("abcdefghijklmnopqrstuvwxyz");
+    const QString letters = u"abcdefghijklmnopqrstuvwxyz"_qs;
     const QString longWord = letters.repeated(100);
     const QString chinese = QString(QChar(0x4E2D)).repeated(1500);
-    const QString texts[] = {
-        QStringLiteral("a few words %1 and words %1 %2").arg(longWord, letters),
-        QStringLiteral("%1\u2028b %2").arg(longWord, chinese), chinese + longWord};
+    const QString texts[] = {u"a few words %1 and words %1 %2"_qs.arg(longWord, letters),
+                             u"%1\u2028b %2"_qs.arg(longWord, chinese), chinese + longWord};
     for (const QString& text : texts) {
         RichTextBox box;
         fill(box, text);
@@ -247,7 +245,7 @@ TEST(LayoutLines, LongWordsBreakAsShortOnesDo) {
 /// The document tells its listeners of a change before it tells its layout.
 TEST(LayoutLines, AnswerInTheMiddleOfAChange) {
     RichTextBox box;
-    fill(box, QStringLiteral("one\r\ntwo\r\nthree"));
+    fill(box, u"one\r\ntwo\r\nthree"_qs);
     int asked = 0;
     QObject::connect(&box.document(), &QTextDocument::contentsChange, &box, [&] {
         ++asked;
@@ -255,7 +253,7 @@ TEST(LayoutLines, AnswerInTheMiddleOfAChange) {
         EXPECT_EQ(box.layout().lineCount(), box.document().blockCount());
         EXPECT_TRUE(box.layout().lineAtHeight(1e9).isValid());
     });
-    for (const QString& text : {QStringLiteral("x\r\ny\r\n"), QString(), QStringLiteral("z")}) {
+    for (const QString& text : {u"x\r\ny\r\n"_qs, QString(), u"z"_qs}) {
         box.select(1, 8);
         box.setSelText(text);
         EXPECT_EQ(box.lineCount(), box.document().blockCount());

@@ -47,25 +47,26 @@ inline QString folded(QString text) {
     static constexpr char16_t Hyphens[] = {0x2010, 0x2011};
     static constexpr char16_t Nothing[] = {0x00AD, 0x200B, 0x200C, 0x200D,
                                            0x200E, 0x200F, 0x2060, 0xFEFF};
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text.replace(u"\r\n"_qs, u"\n"_qs);
     const auto replaceAll = [&text](const auto& units, const QString& by) {
         for (const char16_t unit : units) {
             text.replace(QChar(unit), by);
         }
     };
-    replaceAll(Blanks, QStringLiteral(" "));
-    replaceAll(LineEnds, QStringLiteral("\n"));
-    replaceAll(Hyphens, QStringLiteral("-"));
+    replaceAll(Blanks, u" "_qs);
+    replaceAll(LineEnds, u"\n"_qs);
+    replaceAll(Hyphens, u"-"_qs);
     replaceAll(Nothing, QString());
     return text.normalized(QString::NormalizationForm_C);
 }
 
 /// Length of a list's label at a line's start: readers differ in whether they give it.
 inline qsizetype labelLength(const QString& line) {
-    static const QRegularExpression label(QStringLiteral(
-        "^[ \\t]*(?:[\u2022\u00b7\u25aa\u25cf\u25cb\u25e6\u2023\u2043\u2219\u2013\uf0b7\uf0a7\uf0d8"
+    static const QRegularExpression label(
+        u"^[ "
+        u"\\t]*(?:[\u2022\u00b7\u25aa\u25cf\u25cb\u25e6\u2023\u2043\u2219\u2013\uf0b7\uf0a7\uf0d8"
         "\uf076\uf02d\uf0a8\uf0fc*o-]|\\(?(?:\\d+(?:\\.\\d+)*|[A-Za-z]|[ivxlcIVXLC]+)[.)])[ "
-        "\\t]+"));
+        "\\t]+"_qs);
     return label.match(line).capturedLength();
 }
 

@@ -32,18 +32,18 @@ struct Word final {
 
 QString lookOf(bool bold, bool italic, bool underline, bool strike, double points, Rgb24 color,
                Rgb24 back) {
-    return QStringLiteral("%1%2%3%4 %5 %6/%7")
-        .arg(bold ? u"b"_qs : QString(), italic ? u"i"_qs : QString(),
-             underline ? u"u"_qs : QString(), strike ? u"s"_qs : QString(), QString::number(points),
-             QString::number(color, 16), QString::number(back, 16));
+    return u"%1%2%3%4 %5 %6/%7"_qs.arg(bold ? u"b"_qs : QString(), italic ? u"i"_qs : QString(),
+                                       underline ? u"u"_qs : QString(),
+                                       strike ? u"s"_qs : QString(), QString::number(points),
+                                       QString::number(color, 16), QString::number(back, 16));
 }
 
 /// Twips are compared to the nearest 10: the other reader tells hundredths of a millimetre,
 /// rounded.
 QString paragraphLook(const QString& alignment, bool rtl, double left, double first) {
-    return QStringLiteral("%1%2 %3 %4")
-        .arg(alignment, rtl ? u" rtl"_qs : QString(), QString::number(qRound(left / 10)),
-             QString::number(qRound(first / 10)));
+    return u"%1%2 %3 %4"_qs.arg(alignment, rtl ? u" rtl"_qs : QString(),
+                                QString::number(qRound(left / 10)),
+                                QString::number(qRound(first / 10)));
 }
 
 Rgb24 colorOf(const QString& name) {
@@ -144,7 +144,7 @@ QString firstDifference(const QList<Word>& expected, const QList<Word>& actual, 
         const QString& wanted = ofParagraphs ? word.paragraphFormat : word.formats;
         const QString& has = ofParagraphs ? found.paragraphFormat : found.formats;
         if (wanted != has) {
-            return QStringLiteral("\"%1\": expected %2, read %3").arg(word.text, wanted, has);
+            return u"\"%1\": expected %2, read %3"_qs.arg(word.text, wanted, has);
         }
     }
     return {};

@@ -31,8 +31,8 @@ QString firstDifference(const QStringList& expected, const QStringList& actual) 
     for (qsizetype at = 0; at < std::max(expected.size(), actual.size()); ++at) {
         if (expected.value(at) != actual.value(at) || at >= expected.size() ||
             at >= actual.size()) {
-            return QStringLiteral("at %1: expected \"%2\", read \"%3\"")
-                .arg(QString::number(at), expected.value(at), actual.value(at));
+            return u"at %1: expected \"%2\", read \"%3\""_qs.arg(
+                QString::number(at), expected.value(at), actual.value(at));
         }
     }
     return {};
@@ -124,8 +124,8 @@ TEST_F(RtfCorpus, WhatTheFilesOwnTestsAskForHolds) {
 
 TEST_F(RtfCorpus, BadFilesAreReadSafelyAndShowNoControlWords) {
     const QDir files(corpus().filePath(u"bad"_qs));
-    static const QRegularExpression controlWord(QStringLiteral(
-        "\\\\(rtf|par|pard|plain|fonttbl|colortbl|stylesheet|fs\\d|cf\\d|pict|field|cell|row)"));
+    static const QRegularExpression controlWord(
+        u"\\\\(rtf|par|pard|plain|fonttbl|colortbl|stylesheet|fs\\d|cf\\d|pict|field|cell|row)"_qs);
     int count = 0;
     for (const QString& name : files.entryList(QDir::Files)) {
         if (name.endsWith(u".json"_qs) || name.endsWith(u".txt"_qs)) {

@@ -42,7 +42,7 @@ TEST(RtfMutation, DamagedDocumentsAreReadSafelyAndWriteTheSame) {
 
 TEST(RtfMutation, ACutOffDocumentGivesTheTextUpToTheCut) {
     const QString whole = plainText(readRtf(Rich).fragment);
-    ASSERT_TRUE(whole.startsWith(QStringLiteral("First line")));
+    ASSERT_TRUE(whole.startsWith(u"First line"_qs));
     for (qsizetype cut = 6; cut < Rich.size(); ++cut) {
         const RtfReadResult result = readRtf(Rich.first(cut));
         ASSERT_TRUE(result.outcome) << cut;
@@ -63,8 +63,8 @@ TEST(RtfMutation, OneLostBraceOfTheHeaderDoesNotLoseTheScript) {
         }
         QByteArray broken = Rich;
         const QString text = plainText(readRtf(broken.remove(at, 1)).fragment);
-        EXPECT_TRUE(text.contains(QStringLiteral("Second"))) << broken.constData();
-        EXPECT_TRUE(text.contains(QStringLiteral("last"))) << broken.constData();
+        EXPECT_TRUE(text.contains(u"Second"_qs)) << broken.constData();
+        EXPECT_TRUE(text.contains(u"last"_qs)) << broken.constData();
     }
 }
 

@@ -62,11 +62,11 @@ TEST(RtfWriter, ARunAsLongAsABookIsWrittenWholeAndWithoutRoomToSpare) {
 TEST(RtfWriter, FormatsThatLookTheSameAreOne) {
     RichTextFragment fragment;
     CharacterFormat format;
-    format.fontName = QStringLiteral("Arial");
+    format.fontName = u"Arial"_qs;
     format.halfPoints = 52;
     fragment.formats = {format, format};
     Paragraph paragraph;
-    paragraph.text = QStringLiteral("ab\u2028c");
+    paragraph.text = u"ab\u2028c"_qs;
     paragraph.runs = {{1, 0}, {3, 1}};
     paragraph.endFormat = 1;
     fragment.paragraphs = {paragraph, {}};
@@ -80,12 +80,12 @@ TEST(RtfWriter, FormatsThatLookTheSameAreOne) {
 TEST(RtfWriter, WhatAFileCannotHoldIsLeftOutOnce) {
     RichTextFragment fragment;
     CharacterFormat format;
-    format.fontName = QStringLiteral("A;B\n}");
+    format.fontName = u"A;B\n}"_qs;
     format.halfPoints = 100'000;
     format.color = 0xFF000001;
     fragment.formats = {format};
     Paragraph paragraph;
-    paragraph.text = QStringLiteral("a\u0001\n\uFFFC\uFFFF") + QChar(0xD800) + u'b';
+    paragraph.text = u"a\u0001\n\uFFFC\uFFFF"_qs + QChar(0xD800) + u'b';
     paragraph.runs = {{static_cast<int>(paragraph.text.size()), 0}};
     paragraph.format.leftOffsetTwips = 1'000'000;
     fragment.paragraphs = {paragraph};
