@@ -94,6 +94,7 @@ void ScriptSaver::writeScript(const FileDialogChoice& choice) {
     ScriptState& script = m_session.script;
     script.ScriptFileName = QDir::fromNativeSeparators(choice.path);
     m_host.showProgress(QStringLiteral("Saving Document"));
+    // As for a load, the window has to be on the screen before the work begins.
     m_session.platform.pump.DoEvents();
     m_session.settings.LastScriptFolder = folderOfScript(script.ScriptFileName);
     script.ScriptFileBase = scriptFileBase(script.ScriptFileName);
