@@ -84,6 +84,19 @@ private:
     int m_used = 0;
 };
 
+struct UnitRange final {
+    char16_t first;
+    char16_t last;
+};
+
+/// UTF-16 units of which text from right to left consists, or which turn text around.
+constexpr UnitRange RightToLeftUnits[] = {
+    {0x0590, 0x08ff}, // Hebrew to the last Arabic block
+    {0x200f, 0x200f}, {0x202b, 0x202b}, {0x202e, 0x202e}, {0x2067, 0x2067}, // marks and overrides
+    {0xd802, 0xd803}, {0xd83a, 0xd83b},                                     // high surrogates
+    {0xfb1d, 0xfdff}, {0xfe70, 0xfeff},                                     // presentation forms
+};
+
 } // namespace
 
 RichTextFragment fragmentOfText(QStringView text, const CharacterFormat& format,
@@ -178,6 +191,16 @@ const CharacterFormat& formatAt(const RichTextFragment& fragment, int index) {
     static const CharacterFormat none;
     const auto place = static_cast<size_t>(index);
     return index >= 0 && place < fragment.formats.size() ? fragment.formats[place] : none;
+}
+
+bool runsRightToLeft(QStringView text) {
+    return std::any_of(text.begin(), text.end(), [](QChar character) {
+        return character.unicode() >= RightToLeftUnits[0].first &&
+               std::any_of(std::begin(RightToLeftUnits), std::end(RightToLeftUnits),
+                           [unit = character.unicode()](const UnitRange& range) {
+                               return unit >= range.first && unit <= range.last;
+                           });
+    });
 }
 
 } // namespace velmora

@@ -24,6 +24,9 @@ namespace velmora {
 /// characters that a text document reserves for itself U+FFFD.
 [[nodiscard]] QString paragraphText(const QString& text);
 
+/// Whether text that runs from right to left is in it, or a mark that turns text around.
+[[nodiscard]] bool runsRightToLeft(QStringView text);
+
 /// Whether two paragraphs look the same; their runs may be cut and numbered differently.
 [[nodiscard]] bool sameParagraph(const RichTextFragment& leftOwner, const Paragraph& left,
                                  const RichTextFragment& rightOwner, const Paragraph& right);

@@ -49,29 +49,6 @@ QStringList usedFontNames(const QTextDocument& document) {
     return names;
 }
 
-struct UnitRange final {
-    char16_t first;
-    char16_t last;
-};
-
-/// UTF-16 units of which text from right to left consists, or which turn text around.
-constexpr UnitRange RightToLeftUnits[] = {
-    {0x0590, 0x08ff}, // Hebrew to the last Arabic block
-    {0x200f, 0x200f}, {0x202b, 0x202b}, {0x202e, 0x202e}, {0x2067, 0x2067}, // marks and overrides
-    {0xd802, 0xd803}, {0xd83a, 0xd83b},                                     // high surrogates
-    {0xfb1d, 0xfdff}, {0xfe70, 0xfeff},                                     // presentation forms
-};
-
-bool runsRightToLeft(const QString& text) {
-    return std::any_of(text.begin(), text.end(), [](QChar character) {
-        return character.unicode() >= RightToLeftUnits[0].first &&
-               std::any_of(std::begin(RightToLeftUnits), std::end(RightToLeftUnits),
-                           [unit = character.unicode()](const UnitRange& range) {
-                               return unit >= range.first && unit <= range.last;
-                           });
-    });
-}
-
 /// Whether the order of a line's characters needs the rest of its paragraph.
 bool needsParagraph(const LinePlace& place, DocumentRange range, const ParagraphFormat& format) {
     if (place.block.lineCount() < 2 || place.start() != range.begin ||

@@ -1,5 +1,6 @@
 #include "platform/rich_text/rich_text_view_geometry.h"
 
+#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rich_text_box.h"
 
 #include <QTextDocument>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace velmora {
 
@@ -22,6 +24,33 @@ constexpr int ScrollLimit = std::numeric_limits<int>::max() / 2;
 int limitedToInt(double pixels) {
     return static_cast<int>(
         std::clamp(pixels, -static_cast<double>(ScrollLimit), static_cast<double>(ScrollLimit)));
+}
+
+/// Places on a line that are closer than this, in reference units, are one.
+constexpr double SamePlace = 0.5;
+
+/// The caret position of a line, as its layout counts, that comes first behind a place on the way
+/// to a side. Of two at one place, as where text turns around, the one nearer to `from`.
+std::optional<int> firstBehind(double place, const LinePlace& line, Side side, int from) {
+    const QTextLayout& layout = *line.block.layout();
+    const bool isLastLine = line.line.lineNumber() == layout.lineCount() - 1;
+    // The end of a wrapped line is the start of the next one.
+    const int end = line.line.textStart() + line.line.textLength() + (isLastLine ? 1 : 0);
+    std::optional<int> found;
+    double foundAt = std::numeric_limits<double>::max();
+    for (int at = line.line.textStart(); at < end;) {
+        const double x = line.line.cursorToX(at) * (side == Side::Left ? -1 : 1);
+        const bool nearer =
+            x < foundAt - SamePlace ||
+            (x < foundAt + SamePlace && std::abs(at - from) < std::abs(*found - from));
+        if (x > place + SamePlace && nearer) {
+            found = at;
+            foundAt = x;
+        }
+        const int next = layout.nextCursorPosition(at);
+        at = next > at ? next : end;
+    }
+    return found;
 }
 
 } // namespace
@@ -112,6 +141,37 @@ int ViewGeometry::positionOnLine(const LinePlace& line, double x) const {
 
 int ViewGeometry::positionAt(QPointF point) const {
     return positionOnLine(lineAt(point.y()), (point.x() - columnLeft()) / scale());
+}
+
+bool ViewGeometry::isTwoWay(int position) const {
+    // Every place of the line is looked at for a step: a line of very many characters without
+    // width, which is no text, would make the keyboard wait.
+    constexpr int longestLine = 2000;
+    const LinePlace line = lineOfPosition(position);
+    return line.line.textLength() <= longestLine &&
+           (line.block.blockFormat().layoutDirection() == Qt::RightToLeft ||
+            runsRightToLeft(line.block.text()));
+}
+
+int ViewGeometry::positionBeside(int position, Side side) const {
+    const LinePlace line = lineOfPosition(position);
+    const int from = toLayout(line.block, limited(position));
+    const double x = line.line.cursorToX(from) * (side == Side::Left ? -1 : 1);
+    if (const auto found = firstBehind(x, line, side, from)) {
+        return fromLayout(line.block, *found);
+    }
+    // As the text engine has it, the first letter tells which way a paragraph is read whose own
+    // direction is not from right to left.
+    const bool onwards = (side == Side::Left) == (line.block.textDirection() == Qt::RightToLeft);
+    const LinePlace other = onwards           ? nextLine(line)
+                            : line.number > 0 ? lineByNumber(line.number - 1)
+                                              : LinePlace();
+    if (!other.isValid()) {
+        return position;
+    }
+    const int nearEnd = other.line.textStart() + (onwards ? 0 : other.line.textLength());
+    constexpr double edge = std::numeric_limits<double>::lowest();
+    return fromLayout(other.block, firstBehind(edge, other, side, nearEnd).value_or(nearEnd));
 }
 
 double ViewGeometry::caretX(int position) const {

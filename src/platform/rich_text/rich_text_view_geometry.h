@@ -11,6 +11,8 @@ namespace velmora {
 
 class RichTextBox;
 
+enum class Side { Left, Right };
+
 /// Where the text of a RichTextBox stands in the viewport of its view.
 ///
 /// Three kinds of coordinates meet here: the layout's reference units (576 to the inch), document
@@ -56,6 +58,12 @@ public:
     [[nodiscard]] int positionAt(QPointF point) const;
     /// Nearest position on a line to a horizontal place in reference units.
     [[nodiscard]] int positionOnLine(const LinePlace& line, double x) const;
+    /// Whether the text around a position, or its paragraph, runs from right to left somewhere.
+    [[nodiscard]] bool isTwoWay(int position) const;
+    /// The caret position next to this one to the left or the right, as the eye has it, whichever
+    /// way the text runs; beyond the line's edge the nearest one of the line that is read before or
+    /// after it. The position itself where there is no such line.
+    [[nodiscard]] int positionBeside(int position, Side side) const;
     /// Horizontal place of the caret on its line, in reference units.
     [[nodiscard]] double caretX(int position) const;
     /// The caret in viewport pixels. preeditOffset moves it into the text that an input method

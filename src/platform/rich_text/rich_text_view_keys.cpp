@@ -168,18 +168,41 @@ void KeyHandler::move(const MoveBinding& binding, SelectionMode mode) {
         }
         return;
     }
-    QTextCursor cursor(&m_core.box().document());
-    cursor.setPosition(m_core.caret());
-    const bool oneCharacter = binding.step == Step::Left || binding.step == Step::Right;
-    if (oneCharacter && mode == SelectionMode::Move && m_core.hasSelection()) {
-        // As the layout has it; textDirection() would guess from the text.
-        const bool rightToLeft = cursor.blockFormat().layoutDirection() == Qt::RightToLeft;
-        const bool toStart = (binding.step == Step::Left) != rightToLeft;
-        m_core.moveCaret(toStart ? m_core.selectionStart() : m_core.selectionEnd(), mode);
+    if (binding.step == Step::Left || binding.step == Step::Right) {
+        moveBeside(binding, mode);
         return;
     }
+    moveLogically(binding, mode);
+}
+
+void KeyHandler::moveLogically(const MoveBinding& binding, SelectionMode mode) {
+    QTextCursor cursor(&m_core.box().document());
+    cursor.setPosition(m_core.caret());
     cursor.movePosition(binding.operation);
     m_core.moveCaret(cursor.position(), mode);
+}
+
+void KeyHandler::moveBeside(const MoveBinding& binding, SelectionMode mode) {
+    const ViewGeometry& geometry = m_core.geometry();
+    const Side side = binding.step == Step::Left ? Side::Left : Side::Right;
+    if (mode == SelectionMode::Move && m_core.hasSelection()) {
+        m_core.moveCaret(selectionEndOn(side), mode);
+    } else if (geometry.isTwoWay(m_core.caret())) {
+        m_core.moveCaret(geometry.positionBeside(m_core.caret(), side), mode);
+    } else {
+        moveLogically(binding, mode);
+    }
+}
+
+int KeyHandler::selectionEndOn(Side side) const {
+    const ViewGeometry& geometry = m_core.geometry();
+    const int start = m_core.selectionStart();
+    const int end = m_core.selectionEnd();
+    const LinePlace line = geometry.lineOfPosition(start);
+    const bool startIsLeft = geometry.lineOfPosition(end).number == line.number
+                                 ? geometry.caretX(start) <= geometry.caretX(end)
+                                 : line.block.textDirection() == Qt::LeftToRight;
+    return startIsLeft == (side == Side::Left) ? start : end;
 }
 
 std::optional<int> KeyHandler::verticalTarget(Step step) {

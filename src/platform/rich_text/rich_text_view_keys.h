@@ -37,6 +37,12 @@ private:
     [[nodiscard]] static bool isTyping(const QKeyEvent& event);
 
     void move(const MoveBinding& binding, SelectionMode mode);
+    /// In the order of the text.
+    void moveLogically(const MoveBinding& binding, SelectionMode mode);
+    /// To the left or the right.
+    void moveBeside(const MoveBinding& binding, SelectionMode mode);
+    /// The end of the selection that lies more to a side.
+    [[nodiscard]] int selectionEndOn(Side side) const;
     /// Nothing where there is no line to go to.
     [[nodiscard]] std::optional<int> verticalTarget(Step step);
     void scrollByPage(Step step);

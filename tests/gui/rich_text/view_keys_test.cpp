@@ -218,6 +218,48 @@ TEST_F(ViewKeys, ArrowsFollowTheEyeInRightToLeftParagraphs) {
     }
 }
 
+TEST_F(ViewKeys, ArrowsGoTheirWayThroughTextOfTwoDirections) {
+    constexpr double widestStep = 14 * UnitsPerPoint * 1.3;
+    for (const char* text : {"abc שלום def", "שלום abc דה", "שלום 123 דה", "שלום עולם",
+                             "abc\nשלום 1 דה\nx", "שלום abc עולם abc עולם abc שלום abc שלום"}) {
+        for (const bool rightToLeft : {false, true}) {
+            box.setText(withLineEnds(QString::fromUtf8(text)));
+            RichTextFragment fragment = box.fragment();
+            for (Paragraph& paragraph : fragment.paragraphs) {
+                paragraph.format.rightToLeft = rightToLeft;
+            }
+            box.setFragment(fragment);
+            for (int from = 0; from <= box.textLength(); ++from) {
+                for (const double way : {-1.0, 1.0}) {
+                    box.setSelStart(from);
+                    const int start = box.toDocument(box.SelStart());
+                    press(way < 0 ? Qt::Key_Left : Qt::Key_Right);
+                    const int end = box.toDocument(box.SelStart());
+                    const LinePlace before = box.layout().lineOfPosition(start);
+                    const LinePlace after = box.layout().lineOfPosition(end);
+                    const auto x = [](const LinePlace& line, int position) {
+                        return line.line.cursorToX(position - line.block.position());
+                    };
+                    const double step = way * (x(after, end) - x(before, start));
+                    const bool goes = before.number != after.number
+                                          ? std::abs(before.number - after.number) == 1
+                                          : step > 0 && step < widestStep;
+                    const bool atEdge = end == start && (before.number == 0 ||
+                                                         before.number == box.lineCount() - 1);
+                    EXPECT_TRUE(goes || atEdge) << text << ' ' << rightToLeft << ' ' << from
+                                                << (way < 0 ? " left to " : " right to ") << end;
+                }
+            }
+        }
+    }
+    box.setText(QString::fromUtf8("שלום"));
+    for (const auto& [key, to] : {std::pair(Qt::Key_Left, 3), std::pair(Qt::Key_Right, 1)}) {
+        box.select(1, 3);
+        press(key);
+        EXPECT_EQ(box.SelStart(), to) << "the selection gives way to the end on that side";
+    }
+}
+
 TEST_F(ViewKeys, ClaimsItsKeysBeforeTheWindowsShortcuts) {
     const struct {
         Qt::Key key;
