@@ -105,7 +105,8 @@ QString describeAll(const RichTextFragment& fragment) {
 }
 
 QString describeRtf(const QByteArray& rtf) {
-    const QByteArray whole = rtf.startsWith("{\\rtf") ? rtf : "{\\rtf1\\ansi " + rtf + "}";
+    const QByteArray whole =
+        rtf.startsWith("{\\rtf") || rtf.startsWith('\xEF') ? rtf : "{\\rtf1\\ansi " + rtf + "}";
     const RtfReadResult result = readRtf(whole);
     return result.outcome ? describe(result.fragment) : u"failed"_qs;
 }

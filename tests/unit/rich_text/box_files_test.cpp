@@ -29,7 +29,6 @@ TEST_F(BoxFiles, PlainTextOfEveryKindLoadsAndComesBack) {
         QString text;
         QByteArray saved;
     };
-    using namespace Qt::Literals::StringLiterals;
     const Case cases[] = {
         {"", u""_qs, ""},
         {"a\nb\rc\r\nd", u"a\r\nb\r\nc\r\nd"_qs, "a\r\nb\r\nc\r\nd"},
@@ -92,23 +91,6 @@ TEST_F(BoxFiles, PlainTextMayHaveAMillionParagraphs) {
     EXPECT_EQ(box.Text(), u"kept"_qs);
     EXPECT_EQ(paragraphCount(QString(most - 1, u'\n')), most);
     EXPECT_EQ(paragraphCount(u"\r\n\r\n\r\n\n\r\f"), 7);
-}
-
-TEST_F(BoxFiles, RichTextComesBack) {
-    box.setText(u"Gr\u00FC\u00DFe\r\nzweite"_qs);
-    box.select(0, 3);
-    box.setSelBold(true);
-    box.setSelAlignment(Alignment::Centre);
-    const QString name = path(u"script.rtf"_qs);
-    ASSERT_TRUE(box.SaveFile(name, FileFormat::Rtf));
-    RichTextBox other;
-    ASSERT_TRUE(other.LoadFile(name, FileFormat::Rtf));
-    EXPECT_EQ(other.Text(), box.Text());
-    EXPECT_EQ(other.SelAlignment(), Alignment::Centre);
-    other.select(0, 3);
-    EXPECT_EQ(other.SelBold(), true);
-    other.select(0, 4);
-    EXPECT_EQ(other.SelBold(), std::nullopt);
 }
 
 TEST_F(BoxFiles, FailuresHaveAReasonAndChangeNothing) {

@@ -74,10 +74,11 @@ private:
         box.setSelStart(place);
         model.select(place, place);
         if (random.once(2)) {
-            const int length = random.below(4);
+            constexpr int Most = std::numeric_limits<int>::max();
+            const int length = random.once(9) ? Most : random.below(5) - 1;
             isTwoOperations = true;
             box.setSelLength(length);
-            model.select(model.caret, std::min(model.caret + length, model.size()));
+            model.select(model.caret, model.caret + std::clamp(length, 0, model.size()));
         }
     }
 

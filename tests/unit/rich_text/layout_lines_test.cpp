@@ -11,16 +11,9 @@
 namespace velmora {
 namespace {
 
-CharacterFormat arial(int halfPoints) {
-    CharacterFormat format;
-    format.fontName = u"Arial"_qs;
-    format.halfPoints = halfPoints;
-    return format;
-}
-
 void fill(RichTextBox& box, const QString& text, const ParagraphFormat& paragraph = {},
           int halfPoints = 52) {
-    box.setFragment(fragmentOfText(text, arial(halfPoints), paragraph));
+    box.setFragment(fragmentOfText(text, {u"Arial"_qs, halfPoints}, paragraph));
 }
 
 TEST(LayoutLines, CoverTheTextAndFitTheWidth) {
@@ -83,14 +76,11 @@ TEST(LayoutLines, BreakTheSameAtEveryZoom) {
 /// Hinted or rounded advances would make a text at twice the size more or less than twice as wide.
 TEST(LayoutLines, AdvancesScaleWithTheFontSize) {
     for (const QString& font : {u"Arial"_qs, u"DejaVu Sans"_qs}) {
-        CharacterFormat format = arial(16);
-        format.fontName = font;
         double widthOfHalfPoint = 0;
         for (const int halfPoints : {16, 17, 31, 52, 97, 400}) {
-            format.halfPoints = halfPoints;
             RichTextBox box;
             box.setWrapWidth(100000);
-            box.setFragment(fragmentOfText(u"Hamburgefonstiv, AVATAR!", format));
+            box.setFragment(fragmentOfText(u"Hamburgefonstiv, AVATAR!", {font, halfPoints}));
             const double width = box.layout().lineAt(0).line.naturalTextWidth() / halfPoints;
             widthOfHalfPoint = widthOfHalfPoint == 0 ? width : widthOfHalfPoint;
             EXPECT_NEAR(width, widthOfHalfPoint, 24 * 0.5 / 64 / 16 * 2) << halfPoints;

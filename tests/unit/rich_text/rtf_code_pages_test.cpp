@@ -2,20 +2,13 @@
 #include "platform/rich_text/rtf_reader.h"
 #include "platform/rich_text/rtf_symbol_field.h"
 #include "platform/rich_text/rtf_symbol_fonts.h"
-
-#include "support/fragment_description.h"
-
-#include <gtest/gtest.h>
+#include "rtf_readings.h"
 
 namespace velmora {
 namespace {
 
 TEST(RtfCodePages, ReadTheBytesOfEveryFamily) {
-    struct Row final {
-        QByteArray rtf;
-        QString text;
-    };
-    const Row rows[] = {
+    expectReadings({
         {"\\ansicpg1252\\'80\\'99\\'e9", u"\u20ac\u2122\u00e9"_qs},
         {"\\ansicpg1250\\'e8\\'f9", u"\u010d\u016f"_qs},
         {"\\ansicpg1251\\'cf\\'f0", u"\u041f\u0440"_qs},
@@ -53,39 +46,28 @@ TEST(RtfCodePages, ReadTheBytesOfEveryFamily) {
         {"\\u133?\\u150?", u"\u2026\u2013"_qs},
         // \ansicpg counts more than \mac, wherever it stands.
         {"\\ansicpg1251\\mac\\'e9", u"\u0439"_qs},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(describeRtf(row.rtf).toStdString(), row.text.toStdString())
-            << row.rtf.constData();
-    }
+    });
 }
 
 TEST(RtfCodePages, RawBytesBehindAMarkOfUtf8AreUtf8) {
-    struct Row final {
-        QByteArray rtf;
-        QString reading;
-    };
-    const Row rows[] = {
-        {"{\\rtf1{\\fonttbl{\\f0\\fcharset204 \xC3\xA9;}{\\f1\\fcharset2 Symbol;}}"
+    expectReadings({
+        {"\xEF\xBB\xBF{\\rtf1{\\fonttbl{\\f0\\fcharset204 \xC3\xA9;}{\\f1\\fcharset2 Symbol;}}"
          "\xC3\xA9 \xF0\x9F\x8E\xA5\\'e9\\b\\f1\xE2\x82\xAC}",
          u"{'\u00e9':\u00e9 \U0001F3A5\u0439}{b '\u00e9':\u20ac}"_qs},
         // The mark does not make UTF-8 of what is none.
-        {"{\\rtf1\\ansi caf\xE9}", u"caf\u00e9"_qs},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(describe(readRtf("\xEF\xBB\xBF" + row.rtf).fragment).toStdString(),
-                  row.reading.toStdString());
-    }
+        {"\xEF\xBB\xBF{\\rtf1\\ansi caf\xE9}", u"caf\u00e9"_qs},
+    });
 }
 
 TEST(RtfCodePages, TheFontDecides) {
     const QByteArray fonts = "\\ansicpg1251{\\fonttbl{\\f0\\fcharset0 L;}{\\f1\\fcharset1 D;}"
                              "{\\f2\\fcharset128 J;}{\\f3\\fcharset0\\cpg1253 G;}{\\f4 N;}"
                              "{\\f5\\fcharset77 M;}}";
-    EXPECT_EQ(describeRtf(fonts + "\\f0\\'e9\\f1\\'e9\\f2\\'82\\'b1\\f3\\'e1\\f4\\'e9\\f5\\'8e"),
-              u"{'L':\u00e9}{'D':\u0439}{'J':\u3053}{'G':\u03b1}{'N':\u0439}{'M':\u00e9}"_qs);
-    EXPECT_EQ(describeRtf("{\\fonttbl{\\f0\\fcharset129 \\'b8\\'bc\\'c0\\'ba;}}a"),
-              u"{'\ub9d1\uc740':a}"_qs);
+    expectReadings({
+        {fonts + "\\f0\\'e9\\f1\\'e9\\f2\\'82\\'b1\\f3\\'e1\\f4\\'e9\\f5\\'8e",
+         u"{'L':\u00e9}{'D':\u0439}{'J':\u3053}{'G':\u03b1}{'N':\u0439}{'M':\u00e9}"_qs},
+        {"{\\fonttbl{\\f0\\fcharset129 \\'b8\\'bc\\'c0\\'ba;}}a", u"{'\ub9d1\uc740':a}"_qs},
+    });
 }
 
 TEST(RtfCodePages, SymbolFontsBecomeUnicode) {
@@ -114,13 +96,9 @@ TEST(RtfCodePages, SymbolFontsBecomeUnicode) {
 }
 
 TEST(RtfCodePages, SignsOfSymbolFontsTakeTheFontOfTheTextAroundThem) {
-    struct Row final {
-        QByteArray rtf;
-        QString reading;
-    };
     const QByteArray fonts = "\\deff2{\\fonttbl{\\f0 A;}{\\f1\\fcharset2 Symbol;}{\\f2 D;}"
                              "{\\f3\\fcharset2 Wingdings;}{\\f4\\fcharset2 Webthings;}}";
-    const Row rows[] = {
+    expectReadings({
         {fonts + "{\\f0{\\listtext\\f1\\'b7\\tab}a}", u"{'A':\u2022\ta}"_qs},
         {fonts + "\\f0 a\\f1\\'b7\\u-3913?\\f0 b", u"{'A':a\u2022\u2022b}"_qs},
         {fonts + "{\\f0 a}{\\f1\\'b7}", u"{'A':a}{'D':\u2022}"_qs},
@@ -132,11 +110,7 @@ TEST(RtfCodePages, SignsOfSymbolFontsTakeTheFontOfTheTextAroundThem) {
         // A table without a font for text.
         {"{\\fonttbl{\\f1\\fcharset2 Symbol;}}\\'b7", u"{'Symbol':\u2022}"_qs},
         {"{\\fonttbl{\\f1\\fcharset2 Symbol;}{\\f2 B;}}\\'b7", u"{'B':\u2022}"_qs},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(describeRtf(row.rtf).toStdString(), row.reading.toStdString())
-            << row.rtf.constData();
-    }
+    });
 }
 
 TEST(RtfCodePages, SymbolFieldsShowTheirSign) {

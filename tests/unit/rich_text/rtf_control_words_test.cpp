@@ -1,8 +1,6 @@
 #include "platform/rich_text/rtf_control_words.h"
 
-#include "support/fragment_description.h"
-
-#include <gtest/gtest.h>
+#include "rtf_readings.h"
 
 #include <cctype>
 #include <map>
@@ -12,17 +10,12 @@
 namespace velmora {
 namespace {
 
-struct Sample final {
-    QByteArray rtf;
-    QString reading;
-};
-
 #define FONTS "{\\fonttbl{\\f0 A;}{\\f1 B;}}"
 #define COLORS "{\\colortbl;\\red255\\green0\\blue0;\\red0\\green255\\blue0;}"
 
 // One sample for each control word, in which the word makes a difference.
-const std::map<std::string, Sample>& samplesWithOwnReading() {
-    static const std::map<std::string, Sample> Samples = {
+const std::map<std::string, RtfReading>& samplesWithOwnReading() {
+    static const std::map<std::string, RtfReading> Samples = {
         {"emdash", {"a\\emdash b", u"a\u2014b"_qs}},
         {"endash", {"a\\endash b", u"a\u2013b"_qs}},
         {"emspace", {"a\\emspace b", u"a\u2003b"_qs}},
@@ -135,7 +128,7 @@ const std::set<std::string>& underlines() {
     return Words;
 }
 
-Sample sampleOf(const RtfControlWord& row) {
+RtfReading sampleOf(const RtfControlWord& row) {
     const std::string word(row.word);
     const QByteArray bytes = QByteArray::fromStdString(word);
     if (const auto own = samplesWithOwnReading().find(word); own != samplesWithOwnReading().end()) {
@@ -168,7 +161,7 @@ TEST(RtfControlWords, EveryWordOfTheTableHasASampleInWhichItCounts) {
     ASSERT_GT(rtfControlWords().size(), 150u);
     for (const RtfControlWord& row : rtfControlWords()) {
         const QByteArray word(row.word.data(), static_cast<qsizetype>(row.word.size()));
-        const Sample sample = sampleOf(row);
+        const RtfReading sample = sampleOf(row);
         ASSERT_FALSE(sample.rtf.isEmpty()) << "no sample for \\" << word.constData();
         EXPECT_EQ(describeRtf(sample.rtf).toStdString(), sample.reading.toStdString())
             << sample.rtf.constData();

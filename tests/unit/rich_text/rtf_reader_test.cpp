@@ -1,26 +1,12 @@
 #include "platform/rich_text/rtf_reader.h"
 
 #include "platform/rich_text/rtf_interpreter.h"
-#include "support/fragment_description.h"
-
-#include <gtest/gtest.h>
+#include "rtf_readings.h"
 
 #include <QElapsedTimer>
 
 namespace velmora {
 namespace {
-
-struct Row final {
-    QByteArray rtf;
-    QString reading;
-};
-
-void expectReadings(std::initializer_list<Row> rows) {
-    for (const Row& row : rows) {
-        EXPECT_EQ(describeRtf(row.rtf).toStdString(), row.reading.toStdString())
-            << row.rtf.constData();
-    }
-}
 
 TEST(RtfReader, LineEndsAreCountedStrictly) {
     expectReadings({

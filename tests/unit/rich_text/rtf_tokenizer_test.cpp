@@ -11,40 +11,22 @@ namespace velmora {
 namespace {
 
 std::string tokensOf(QByteArrayView input) {
+    static constexpr const char* Kinds[] = {
+        "{", "}", "word:", "symbol:", "hex:", "text:", "high:", "binary:"};
     RtfTokenizer tokenizer(input);
     std::string text;
     for (RtfToken token = tokenizer.next(); token.kind != RtfTokenKind::End;
          token = tokenizer.next()) {
-        text += text.empty() ? "" : " ";
-        switch (token.kind) {
-        case RtfTokenKind::GroupStart:
-            text += "{";
-            break;
-        case RtfTokenKind::GroupEnd:
-            text += "}";
-            break;
-        case RtfTokenKind::Word:
-            text += "word:" + std::string(token.text) +
-                    (token.hasParameter ? "=" + std::to_string(token.parameter) : "");
-            break;
-        case RtfTokenKind::Symbol:
-            text += "symbol:" + std::to_string(token.byte);
-            break;
-        case RtfTokenKind::Hex:
-            text += "hex:" + std::to_string(token.byte);
-            break;
-        case RtfTokenKind::Text:
-            text += "text:" + std::string(token.text);
-            break;
-        case RtfTokenKind::HighBytes:
-            text += "high:" + std::to_string(token.text.size());
-            break;
-        case RtfTokenKind::Binary:
-            text += "binary:" + std::string(token.text);
-            break;
-        case RtfTokenKind::End:
-            break;
+        text += (text.empty() ? "" : " ") + std::string(Kinds[static_cast<int>(token.kind)]);
+        if (token.kind == RtfTokenKind::Symbol || token.kind == RtfTokenKind::Hex) {
+            text += std::to_string(token.byte);
+        } else if (token.kind == RtfTokenKind::HighBytes) {
+            text += std::to_string(token.text.size());
+        } else {
+            text += token.text;
         }
+        const bool isWord = token.kind == RtfTokenKind::Word;
+        text += isWord && token.hasParameter ? "=" + std::to_string(token.parameter) : "";
     }
     return text;
 }

@@ -44,33 +44,22 @@ TEST(RtfWriter, EveryRunNamesItsSizeAndTheFontTableHasItsClosingMark) {
 TEST(RtfWriter, ARunAsLongAsABookIsWrittenWholeAndWithoutRoomToSpare) {
     const qsizetype length = 1'000'000;
     for (const QChar special : {QChar(u'a'), QChar(u'{'), QChar(u'\u20ac'), QChar(0xFFFD)}) {
-        RichTextFragment fragment;
-        fragment.formats = {{}};
-        Paragraph paragraph;
-        paragraph.text = QString(length, u'a') + QString(9'999, special);
-        paragraph.runs = {{static_cast<int>(paragraph.text.size()), 0}};
-        fragment.paragraphs = {paragraph};
+        const QString text = QString(length, u'a') + QString(9'999, special);
+        const RichTextFragment fragment{{{}},
+                                        {{text, {{static_cast<int>(text.size()), 0}}, 0, {}}}};
         const QByteArray rtf = writeRtf(fragment);
         EXPECT_LT(rtf.capacity(), 3 * length);
         const RtfReadResult read = readRtf(rtf);
         ASSERT_EQ(read.fragment.paragraphs.size(), 1u);
-        EXPECT_TRUE(read.fragment.paragraphs.front().text == paragraph.text)
-            << int{special.unicode()};
+        EXPECT_TRUE(read.fragment.paragraphs.front().text == text) << int{special.unicode()};
     }
 }
 
 TEST(RtfWriter, FormatsThatLookTheSameAreOne) {
-    RichTextFragment fragment;
-    CharacterFormat format;
-    format.fontName = u"Arial"_qs;
-    format.halfPoints = 52;
-    fragment.formats = {format, format};
-    Paragraph paragraph;
-    paragraph.text = u"ab\u2028c"_qs;
-    paragraph.runs = {{1, 0}, {3, 1}};
-    paragraph.endFormat = 1;
-    fragment.paragraphs = {paragraph, {}};
-    fragment.paragraphs[1].format.alignment = Alignment::Centre;
+    const CharacterFormat format{u"Arial"_qs, 52};
+    const RichTextFragment fragment{
+        {format, format},
+        {{u"ab\u2028c"_qs, {{1, 0}, {3, 1}}, 1, {}}, {{}, {}, 0, {Alignment::Centre}}}};
     EXPECT_EQ(writeRtf(fragment).toStdString(),
               "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil Arial;}}\r\n"
               "{\\colortbl ;}\r\n\\viewkind4\r\n"
@@ -78,17 +67,10 @@ TEST(RtfWriter, FormatsThatLookTheSameAreOne) {
 }
 
 TEST(RtfWriter, WhatAFileCannotHoldIsLeftOutOnce) {
-    RichTextFragment fragment;
-    CharacterFormat format;
-    format.fontName = u"A;B\n}"_qs;
-    format.halfPoints = 100'000;
-    format.color = 0xFF000001;
-    fragment.formats = {format};
-    Paragraph paragraph;
-    paragraph.text = u"a\u0001\n\uFFFC\uFFFF"_qs + QChar(0xD800) + u'b';
-    paragraph.runs = {{static_cast<int>(paragraph.text.size()), 0}};
-    paragraph.format.leftOffsetTwips = 1'000'000;
-    fragment.paragraphs = {paragraph};
+    const QString text = u"a\u0001\n\uFFFC\uFFFF"_qs + QChar(0xD800) + u'b';
+    const RichTextFragment fragment{
+        {{u"A;B\n}"_qs, 100'000, 0xFF000001}},
+        {{text, {{static_cast<int>(text.size()), 0}}, 0, {Alignment::Left, false, 1'000'000}}}};
     const RtfReadResult read = readRtf(writeRtf(fragment));
     ASSERT_TRUE(read.outcome);
     EXPECT_EQ(faultOf(read.fragment).toStdString(), "");
