@@ -66,10 +66,7 @@ private:
         RichTextBox& rtb1 = t.session.script.rtb1;
         rtb1.setWrapWidth(wrapWidthForMargin(12 + upTo(300)));
         rtb1.setBackColor(Black);
-        CharacterFormat format;
-        format.fontName = u"Liberation Sans"_qs;
-        format.color = White;
-        rtb1.setDefaultFormat(format);
+        rtb1.setDefaultFormat({u"Liberation Sans"_qs, 24, White});
         const int lines = 2 + upTo(40);
         for (int line = 0; line < lines; ++line) {
             rtb1.setSelFontSize(6 + upTo(30));

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/rich_text/document_layout.h"
+#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/rich_text/rich_text_view.h"
 
 #include <QApplication>
+#include <QPaintEvent>
 #include <QScrollBar>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -26,6 +28,22 @@ inline QString withLineEnds(QString text) {
     return text.replace(QLatin1Char('\n'), u"\r\n"_qs);
 }
 
+/// Adds up what a widget is asked to paint, and how often.
+class PaintCounter final : public QObject {
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            region += static_cast<QPaintEvent*>(event)->region();
+            ++count;
+        }
+        return false;
+    }
+    QRegion region;
+    int count = 0;
+};
+
 /// A shown editor view over a box of its own, white text on black at zoom 2.
 class ViewTest : public ::testing::Test {
 protected:
@@ -33,11 +51,7 @@ protected:
     static constexpr int ViewHeight = 400;
 
     ViewTest() {
-        CharacterFormat format;
-        format.fontName = u"Arial"_qs;
-        format.halfPoints = 2 * 14;
-        format.color = White;
-        box.setDefaultFormat(format);
+        box.setDefaultFormat({u"Arial"_qs, 2 * 14, White});
         box.setBackColor(Black);
         box.setZoom(2);
         QApplication::setCursorFlashTime(0); // a caret that blinks makes pictures differ
@@ -51,6 +65,10 @@ protected:
     void setText(const QString& text) {
         box.setText(withLineEnds(text));
         box.setSelStart(0);
+    }
+    /// One paragraph that begins at the right.
+    void setTextFromTheRight(const QString& text) {
+        box.setFragment(fragmentOfText(text, box.defaultFormat(), {Alignment::Right, true}));
     }
     [[nodiscard]] int positionOf(const QString& text, int from = 0) const {
         return static_cast<int>(box.Text().indexOf(withLineEnds(text), from));

@@ -119,22 +119,6 @@ TEST_F(ViewInputMethod, TellsTheTextAround) {
     EXPECT_NEAR(cursor().center().y(), pointOf(second + 6).y(), 2);
 }
 
-/// Counts how often a widget paints.
-class PaintCounter final : public QObject {
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    [[nodiscard]] int count() const { return m_count; }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        m_count += event->type() == QEvent::Paint ? 1 : 0;
-        return QObject::eventFilter(watched, event);
-    }
-
-private:
-    int m_count = 0;
-};
-
 TEST_F(ViewInputMethod, TheBlinkingCaretIsNoNewsForTheInputMethod) {
     QApplication::setCursorFlashTime(10);
     setText(u"one"_qs);
@@ -145,7 +129,7 @@ TEST_F(ViewInputMethod, TheBlinkingCaretIsNoNewsForTheInputMethod) {
     EXPECT_GT(told, 0);
     told = 0;
     const PaintCounter blinks(*view.viewport());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return blinks.count() >= 4; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return blinks.count >= 4; }));
     EXPECT_EQ(told, 0);
     QApplication::setCursorFlashTime(0);
 }

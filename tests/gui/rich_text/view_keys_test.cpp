@@ -190,16 +190,7 @@ TEST_F(ViewKeys, TheSelectionGivesWayToItsEnds) {
 }
 
 TEST_F(ViewKeys, ArrowsFollowTheEyeInRightToLeftParagraphs) {
-    RichTextFragment fragment;
-    fragment.formats = {box.defaultFormat()};
-    Paragraph paragraph;
-    paragraph.text = QString::fromUtf8("שלום עולם");
-    paragraph.runs = {{static_cast<int>(paragraph.text.size()), 0}};
-    paragraph.format.rightToLeft = true;
-    paragraph.format.alignment = Alignment::Right;
-    fragment.paragraphs = {paragraph};
-    box.setFragment(fragment);
-    box.setSelStart(2);
+    setTextFromTheRight(u"שלום עולם"_qs);
     const struct {
         Qt::Key key;
         Qt::KeyboardModifiers modifiers;

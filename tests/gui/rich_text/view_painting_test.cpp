@@ -3,7 +3,6 @@
 #include "platform/drawing/color.h"
 #include "platform/rich_text/rich_text_view_painting.h"
 
-#include <QPaintEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QTextLayout>
@@ -13,21 +12,6 @@
 namespace velmora {
 
 namespace {
-
-/// Adds up what a widget is asked to paint.
-class PaintCounter final : public QObject {
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        Q_UNUSED(watched)
-        if (event->type() == QEvent::Paint) {
-            region += static_cast<QPaintEvent*>(event)->region();
-        }
-        return false;
-    }
-    QRegion region;
-};
 
 int differingPixels(const QImage& one, const QImage& other) {
     int count = 0;
@@ -226,21 +210,14 @@ TEST_F(ViewPainting, SelectionsStandOutOnEveryBackground) {
 }
 
 TEST_F(ViewPainting, SelectsWhatTheEyeSeesInMixedDirections) {
-    RichTextFragment fragment;
-    fragment.formats = {box.defaultFormat()};
-    Paragraph paragraph;
-    paragraph.text = QString::fromUtf8("שלום abc עולם");
-    paragraph.runs = {{static_cast<int>(paragraph.text.size()), 0}};
-    paragraph.format.rightToLeft = true;
-    paragraph.format.alignment = Alignment::Right;
-    fragment.paragraphs = {paragraph};
-    box.setFragment(fragment);
+    const QString text = u"שלום abc עולם"_qs;
+    setTextFromTheRight(text);
     view.clearFocus();
     const QColor highlight = selectionColors(view.palette(), Qt::black).background;
     box.select(2, 7); // the end of the first word, the blank, "ab"
     const QImage image = shown();
     const int y = static_cast<int>(pointOf(0).y() - box.lineHeight(0) / 2) + 2;
-    for (int position = 0; position < paragraph.text.size(); ++position) {
+    for (int position = 0; position < text.size(); ++position) {
         // A character lies between the carets at its two sides, by the layout's own account.
         const QTextLine line = box.layout().lineAt(0).line;
         double left = line.cursorToX(position, QTextLine::Leading);

@@ -10,17 +10,10 @@ using namespace velmora;
 
 namespace {
 
-CharacterFormat format26() {
-    CharacterFormat format;
-    format.fontName = u"Liberation Sans"_qs;
-    format.halfPoints = 52;
-    return format;
-}
-
 class ScriptPreparation : public ::testing::Test {
 protected:
     void setText(const QString& text) {
-        box.setDefaultFormat(format26());
+        box.setDefaultFormat({u"Liberation Sans"_qs, 52});
         box.setWrapWidth(298);
         box.setText(text);
     }
@@ -98,16 +91,6 @@ TEST_F(ScriptPreparation, LongScriptIsCutAtTheLinesAShowCanHold) {
     const ShowTables tables = prepareScript(box, {150, 1.0, 26, 0}, {});
     EXPECT_EQ(tables.lineTable.size(), 150u);
     EXPECT_EQ(tables.scanTable.lineCount(), 150);
-}
-
-TEST_F(ScriptPreparation, LinesBreakAlikeAtEveryScale) {
-    setText(u"The quick brown fox jumps over the lazy dog again and again. "_qs.repeated(40));
-    const ShowTables small = prepare(26, 1.5);
-    const ShowTables large = prepare(26, 12.3);
-    ASSERT_EQ(small.lineTable.size(), large.lineTable.size());
-    for (std::size_t line = 0; line < small.lineTable.size(); ++line) {
-        EXPECT_EQ(small.lineTable[line].index, large.lineTable[line].index);
-    }
 }
 
 TEST(PreparationText, CountsTheLinesInThreeRows) {
