@@ -70,10 +70,10 @@ QString mainWindowStyle(const ScreenState& screen) {
         #Form1 { background: #1b1c1f; }
         #Backpicture { background: #2b2d31; border-bottom: 1px solid #141517; }
         #BottomStrip { background: #2b2d31; border-top: 1px solid #141517; }
-        QPushButton { background: #3b3e44; color: #e8e8e8; border: 1px solid #4b4f56;
+        QPushButton { background: #3b3e44; color: #e8e8e8; border: @1px solid #4b4f56;
                       border-radius: 4px; }
         QDialog QPushButton { padding: @5px @14px; }
-        QPushButton:focus { border-color: #8b929c; }
+        QPushButton:focus { border-color: #8fb8ea; outline: none; }
         QPushButton:hover { background: #4a4e56; border-color: #5d626b; }
         QPushButton:pressed { background: #2f3136; }
         QPushButton:disabled { background: #303338; color: #7d8187; border-color: #3b3e44; }

@@ -2,21 +2,23 @@
 
 #include "app/dropped_file.h"
 #include "app/exit_question.h"
-#include "app/font_name_combo.h"
 #include "app/window_placement.h"
 #include "core/arrangement.h"
 #include "core/display_rects.h"
+#include "core/line_spacing.h"
 #include "core/program_name.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
-#include "core/two_display_check.h"
 #include "editor/incoming_text.h"
 #include "editor/script_conventions.h"
 #include "platform/desktop/message_boxes.h"
 #include "platform/desktop/monitors.h"
 #include "platform/rich_text/rich_text_view.h"
 #include "platform/timing/event_pump.h"
+#include "setup/display_options.h"
 #include "setup/monitor_help.h"
+#include "widgets/font_name_combo.h"
+#include "widgets/font_size_combo.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -53,6 +55,7 @@ void Form1::connectControls() {
     connect(m_controls.LoadText, &QPushButton::clicked, this, &Form1::LoadText_Click);
     connect(m_controls.SaveText, &QPushButton::clicked, this, &Form1::SaveText_Click);
     connect(m_controls.StartButton, &QPushButton::clicked, this, &Form1::StartButton_Click);
+    connect(m_controls.SetupButton, &QPushButton::clicked, this, &Form1::SetupButton_Click);
     connect(m_controls.ExitButton, &QPushButton::clicked, this, &Form1::ExitButton_Click);
     connect(m_controls.Combo1, &QComboBox::activated, this, &Form1::Combo1_Click);
     connect(m_controls.Combo2, &QComboBox::activated, this, &Form1::Combo2_Click);
@@ -109,9 +112,15 @@ void Form1::readSettings() {
 }
 
 void Form1::checkTwoDisplays() {
-    const ColumnSlider slider{m_controls.Hscroll1->minimum(), m_controls.Hscroll1->maximum(),
-                              m_controls.Hscroll1->value()};
-    const TwoDisplayCheck check = checkTwoDisplaysAtStart(m_session, slider);
+    applyCheck(checkTwoDisplaysAtStart(m_session, columnSlider()));
+}
+
+ColumnSlider Form1::columnSlider() const {
+    const QSlider& slider = *m_controls.Hscroll1;
+    return {slider.minimum(), slider.maximum(), slider.value()};
+}
+
+void Form1::applyCheck(const TwoDisplayCheck& check) {
     if (check.messageDue) {
         m_session.platform.messages.show(MessageIcon::Critical, displayMissingTitle(),
                                          displayMissingText(), MessageButtons::Ok);
@@ -214,6 +223,21 @@ void Form1::SaveText_Click() {
         script.SaveFailed = 0;
         updateCaption();
     });
+}
+
+void Form1::SetupButton_Click() {
+    command([this] { runSetup(); });
+}
+
+void Form1::runSetup() {
+    Settings& settings = m_session.settings;
+    const int mirrorModeBefore = settings.MirrorMode;
+    m_session.script.DialogClosing = 0;
+    Form8(m_session, this).exec();
+    m_session.show.LineSpacingText = lineSpacingText(settings.LineSpacingIndex);
+    deriveSettings(settings);
+    applyCheck(checkTwoDisplaysAfterSetup(m_session, columnSlider(), mirrorModeBefore));
+    focusEditor();
 }
 
 void Form1::StartButton_Click() {

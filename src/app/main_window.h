@@ -5,6 +5,7 @@
 #include "app/start_commands.h"
 #include "core/editor_host.h"
 #include "core/settings_file.h"
+#include "core/two_display_check.h"
 #include "display/show_hand_over.h"
 #include "editor/progress_window.h"
 #include "editor/recent_files.h"
@@ -73,6 +74,7 @@ private:
     // --- controls' events
     void LoadText_Click();
     void SaveText_Click();
+    void SetupButton_Click();
     void StartButton_Click();
     void ExitButton_Click();
     void Combo1_Click();
@@ -92,6 +94,10 @@ private:
     void placeOnDisplay1();
     void readSettings();
     void checkTwoDisplays();
+    [[nodiscard]] ColumnSlider columnSlider() const;
+    void applyCheck(const TwoDisplayCheck& check);
+    /// The setup window, and what has to be renewed when it has closed.
+    void runSetup();
     /// The unload step. Sets cancel when the program goes on.
     void Form_Unload(bool& cancel);
     [[nodiscard]] ExitSequence::Steps exitSteps();

@@ -1,10 +1,11 @@
 #include "app/main_window_controls.h"
 
-#include "app/font_name_combo.h"
 #include "app/look.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
 #include "platform/rich_text/rich_text_view.h"
+#include "widgets/font_name_combo.h"
+#include "widgets/font_size_combo.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -15,10 +16,6 @@
 namespace velmora {
 
 namespace {
-
-/// What Combo2 offers, in points.
-constexpr int SmallestSize = 8;
-constexpr int LargestSize = 48;
 
 QString howToBegin() {
     return QStringLiteral("F1  Start From Beginning      F2  Start From Cursor      "
@@ -37,9 +34,8 @@ MainWindowControls::MainWindowControls(QWidget& window, Session& session) : m_wi
         addButton(QStringLiteral("LoadText"), QStringLiteral("Load"), QStringLiteral("Load Text"));
     SaveText =
         addButton(QStringLiteral("SaveText"), QStringLiteral("Save"), QStringLiteral("Save Text"));
-    SetupButton = addButton(QStringLiteral("SetupButton"), QStringLiteral("Setup"),
+    SetupButton = addButton(QStringLiteral("SetupButton"), QStringLiteral("Set&up"),
                             QStringLiteral("Display Setup Menu"));
-    SetupButton->setEnabled(false);
     ExitButton = addButton(QStringLiteral("ExitButton"), QStringLiteral("Exit"),
                            QStringLiteral("Exit Program"));
     StartButton = addButton(QStringLiteral("StartButton"), QStringLiteral("Start"),
@@ -48,12 +44,9 @@ MainWindowControls::MainWindowControls(QWidget& window, Session& session) : m_wi
     Combo1 = new FontNameCombo(&window);
     Combo1->setObjectName(QStringLiteral("Combo1"));
     Combo1->setToolTip(QStringLiteral("Font Name"));
-    Combo2 = new QComboBox(&window);
+    Combo2 = new FontSizeCombo(&window);
     Combo2->setObjectName(QStringLiteral("Combo2"));
     Combo2->setToolTip(QStringLiteral("Font Size"));
-    for (int points = SmallestSize; points <= LargestSize; ++points) {
-        Combo2->addItem(QString::number(points));
-    }
 
     Label2 = addLabel(QStringLiteral("Label2"), QStringLiteral("Editor / Prompter Width"));
     Label4 = addLabel(QStringLiteral("Label4"), QStringLiteral("Min"));
@@ -120,11 +113,7 @@ void MainWindowControls::placeColumn(const ScreenState& screen, QSize client) {
 
 void MainWindowControls::showFont(const QString& name, int points) {
     Combo1->showName(name);
-    const QString size = QString::number(points);
-    if (Combo2->findText(size) < 0) {
-        Combo2->addItem(size);
-    }
-    Combo2->setCurrentIndex(Combo2->findText(size));
+    Combo2->showSize(points);
 }
 
 void MainWindowControls::showNotice(const QString& notice) {

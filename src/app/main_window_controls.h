@@ -4,7 +4,6 @@
 
 #include <QSize>
 
-class QComboBox;
 class QLabel;
 class QPushButton;
 class QSlider;
@@ -13,6 +12,7 @@ class QWidget;
 namespace velmora {
 
 class FontNameCombo;
+class FontSizeCombo;
 class RichTextView;
 class Session;
 struct ScreenState;
@@ -37,7 +37,7 @@ public:
     QPushButton* LoadText;
     QPushButton* SaveText;
     FontNameCombo* Combo1;
-    QComboBox* Combo2;
+    FontSizeCombo* Combo2;
     QPushButton* SetupButton;
     QPushButton* ExitButton;
     RichTextView* rtb1;

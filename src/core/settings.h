@@ -6,6 +6,10 @@
 
 namespace velmora {
 
+/// Limits of Delay.
+inline constexpr double MinDelay = 0.1;
+inline constexpr double MaxDelay = 5.0;
+
 /// The 46 values of the settings file, in the file's order, and what is derived from them at load.
 /// Read once at start, written once at exit; in between every window reads and assigns them
 /// directly. The defaults here are those of a first run that do not depend on the machine;

@@ -183,10 +183,14 @@ void limitOr(int& value, int least, int most, int otherwise) {
 
 } // namespace
 
+void deriveSettings(Settings& s) {
+    s.RowStep = s.ScrollerTurbo != 0 ? 2 : 1;
+    s.SpeedControllerInUse = speedControllerInUse(s.ControllerType) ? 1 : 0;
+}
+
 void limitSettings(Settings& s) {
     s.LineSpacingIndex = std::clamp(s.LineSpacingIndex, MinLineSpacingIndex, MaxLineSpacingIndex);
-    s.RowStep = s.ScrollerTurbo != 0 ? 2 : 1;
-    if (!(s.Delay >= 0.1 && s.Delay <= 5.0)) {
+    if (!(s.Delay >= MinDelay && s.Delay <= MaxDelay)) {
         s.Delay = 1.0;
     }
     limitOr(s.ControllerButton1, 0, 10, 0);
@@ -197,7 +201,7 @@ void limitSettings(Settings& s) {
           &Settings::ShuttleButton4, &Settings::ShuttleButton5}) {
         limitOr(s.*button, 0, 8, defaults.*button);
     }
-    s.SpeedControllerInUse = speedControllerInUse(s.ControllerType) ? 1 : 0;
+    deriveSettings(s);
     if (s.ScreenFontName.isEmpty()) {
         s.ScreenFontName = defaults.ScreenFontName;
     }

@@ -44,6 +44,9 @@ private:
 /// The settings of a first run, limited and derived.
 [[nodiscard]] Settings defaultSettings(const QString& appFolder, double screenPixelsHigh);
 
+/// Derives RowStep and SpeedControllerInUse from what they depend on.
+void deriveSettings(Settings& settings);
+
 /// Brings what a file may hold wrongly into range and derives RowStep and SpeedControllerInUse.
 /// MirrorMode, ScrollSpeed and ArrowPosition stay: their users limit them.
 void limitSettings(Settings& settings);

@@ -125,6 +125,45 @@ TEST_F(Form1Test, ANarrowerSecondDisplayRaisesTheSlidersMinimum) {
     EXPECT_TRUE(test.messages.boxes.empty());
 }
 
+TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
+    settings.ColumnMargin = 300;
+    load();
+    form->show();
+    const auto setUp = [this](const std::vector<const char16_t*>& presses) {
+        const ModalAction user([&](QWidget& window) {
+            EXPECT_EQ(window.objectName(), QStringLiteral("Form8"));
+            EXPECT_EQ(test.session.script.DialogClosing, 0);
+            for (const char16_t* caption : presses) {
+                clickButton(window, caption);
+            }
+            press(Qt::Key_F1);
+            EXPECT_EQ(test.session.show.StartFromCursor, 0);
+            window.close();
+        });
+        control<QPushButton>(u"SetupButton")->click();
+        EXPECT_TRUE(user.done());
+        EXPECT_EQ(test.session.script.DialogClosing, 1);
+        EXPECT_EQ(form->focusWidget(), control<RichTextView>(u"rtb1"));
+    };
+    auto& slider = *control<QSlider>(u"Hscroll1");
+    test.monitors.rectangles.push_back(QRect(1920, 0, 1280, 720));
+    setUp({u"Scroller Turbo Mode", u"Spacing +", u"Configure Displays", u"Configure Displays"});
+    EXPECT_EQ(test.session.settings.RowStep, 2);
+    EXPECT_EQ(test.session.show.LineSpacingText, QStringLiteral("1.1"));
+    EXPECT_EQ(test.session.settings.MirrorMode, 4);
+    EXPECT_EQ(slider.minimum(), 231) << "the column fits the narrower display 2";
+    setUp({});
+    EXPECT_EQ(slider.minimum(), 231);
+    setUp({u"Configure Displays"});
+    EXPECT_EQ(slider.minimum(), 12);
+    EXPECT_EQ(slider.value(), 300);
+    test.messages.boxes.clear();
+    test.monitors.rectangles.pop_back();
+    setUp({u"Configure Displays", u"Configure Displays"});
+    ASSERT_EQ(test.messages.boxes.size(), 1U);
+    EXPECT_EQ(test.messages.boxes[0].title, QStringLiteral("Display 2 Not Available"));
+}
+
 TEST_F(Form1Test, TheSliderMovesTheColumnAndWrapsTheScriptAnew) {
     load();
     rtb1().setText(u"some words that fill more than one line "_qs.repeated(5));

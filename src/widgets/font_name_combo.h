@@ -4,8 +4,8 @@
 
 namespace velmora {
 
-/// Combo1: the list of font names. It knows its current name alone until it is opened for the first
-/// time: asking the system for all its fonts would be a good part of the program's start.
+/// A list of font names. It knows its current name alone until it is filled: asking the system for
+/// all its fonts would be a good part of the program's start.
 class FontNameCombo final : public QComboBox {
     Q_OBJECT
 public:
@@ -13,6 +13,9 @@ public:
 
     /// Shows a name, also one that the system does not have.
     void showName(const QString& name);
+    /// Lists the system's fonts, once. Opening the list does this too; a list that the keyboard
+    /// walks through unopened needs it before.
+    void fill();
     void showPopup() override;
 
 private:

@@ -1,0 +1,177 @@
+#include "setup/controller_choice.h"
+
+#include "gui/setup/window_controls.h"
+#include "setup/two_button_page.h"
+#include "support/modal_action.h"
+#include "support/test_session.h"
+
+#include <QListWidget>
+#include <QRadioButton>
+
+#include <array>
+
+namespace velmora {
+namespace {
+
+using Buttons = std::array<int, 5>;
+
+class Form3Test : public ::testing::Test {
+protected:
+    Form3Test() {
+        test.pump.setEveryPump([] { QCoreApplication::processEvents(); });
+        settings.ControllerType = 21;
+    }
+    /// Opens the window, acts in it and waits for its end; false when it did not end by itself.
+    bool choose(const std::function<void(QWidget&)>& act, int NeedsRestart = 0) {
+        const ModalAction user(act);
+        Form3 form(test.session, nullptr);
+        form.NeedsRestart = NeedsRestart;
+        form.choose();
+        return user.done() && !user.expired();
+    }
+    void setButtons(const Buttons& to) {
+        std::tie(settings.ShuttleButton1, settings.ShuttleButton2, settings.ShuttleButton3,
+                 settings.ShuttleButton4, settings.ShuttleButton5) = std::tuple_cat(to);
+    }
+    [[nodiscard]] Buttons buttons() const {
+        return {settings.ShuttleButton1, settings.ShuttleButton2, settings.ShuttleButton3,
+                settings.ShuttleButton4, settings.ShuttleButton5};
+    }
+
+    TestSession test;
+    Settings& settings = test.session.settings;
+};
+
+QListWidget& list(const QWidget& window, int number) {
+    return control<QListWidget>(window, QStringLiteral("Button%1").arg(number));
+}
+
+Buttons rowsShown(const QWidget& window) {
+    Buttons rows = {};
+    for (int i = 0; i < 5; ++i) {
+        rows[static_cast<std::size_t>(i)] = list(window, i + 1).currentRow() + 1;
+    }
+    return rows;
+}
+
+TEST_F(Form3Test, AChoiceIsStoredAndEveryWayOutKeepsWhatWas) {
+    const std::pair<const char16_t*, int> choices[] = {
+        {u"Use Foot Controller", 10},
+        {u"No Controller", 11},
+        {u"Use USB Trigger Controller", 20},
+        {u"Use RF Wireless Controller", 21},
+    };
+    for (const auto& [caption, type] : choices) {
+        settings.ControllerType = 0;
+        EXPECT_TRUE(
+            choose([&, caption = caption](QWidget& window) { clickButton(window, caption); }));
+        EXPECT_EQ(settings.ControllerType, type);
+    }
+    for (const int before : {0, 10, -3}) {
+        for (const WayOut& way : waysOut()) {
+            settings.ControllerType = before;
+            EXPECT_TRUE(choose([&](QWidget& window) {
+                EXPECT_EQ(settings.ControllerType, 0) << "while the window is open";
+                way.act(window);
+            })) << way.what;
+            EXPECT_EQ(settings.ControllerType, before) << way.what;
+        }
+    }
+    EXPECT_TRUE(test.messages.boxes.empty());
+}
+
+TEST_F(Form3Test, TheButtonPageShowsLimitedFunctionsAndSavesThem) {
+    struct Row final {
+        Buttons stored;
+        Buttons shown;
+    };
+    const Row rows[] = {
+        {{1, 2, 3, 6, 7}, {1, 2, 3, 6, 7}},
+        {{0, 9, -1, 32767, -32768}, {5, 4, 8, 2, 3}},
+    };
+    for (const Row& row : rows) {
+        setButtons(row.stored);
+        EXPECT_TRUE(choose([&](QWidget& window) {
+            click(window, QStringLiteral("ShuttleXpress"));
+            EXPECT_FALSE(control<QWidget>(window, QStringLiteral("NoHandController")).isVisible());
+            EXPECT_EQ(rowsShown(window), row.shown);
+            QTest::keyClick(&list(window, 1), Qt::Key_End);
+            list(window, 3).clearSelection();
+            click(window, QStringLiteral("CB2"));
+        }));
+        Buttons saved = row.shown;
+        saved[0] = 8;
+        saved[2] = 8;
+        EXPECT_EQ(buttons(), saved) << "a list with nothing selected takes its default";
+        EXPECT_EQ(settings.ControllerType, 11);
+    }
+}
+
+TEST_F(Form3Test, CancelKeepsTheFunctionsAndTheWindow) {
+    const Buttons before = {1, 2, 3, 6, 7};
+    setButtons(before);
+    EXPECT_TRUE(choose([&](QWidget& window) {
+        click(window, QStringLiteral("ShuttleXpress"));
+        list(window, 2).setCurrentRow(7);
+        click(window, QStringLiteral("CB1"));
+        EXPECT_EQ(buttons(), before);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(control<QWidget>(window, QStringLiteral("ShuttleXpress")).isVisible());
+        click(window, QStringLiteral("ShuttleXpress"));
+        EXPECT_EQ(rowsShown(window), before) << "the cancelled choice does not come back";
+        QTest::keyClick(&list(window, 1), Qt::Key_Escape);
+    }));
+    EXPECT_EQ(buttons(), before);
+    EXPECT_EQ(settings.ControllerType, 21);
+}
+
+TEST_F(Form3Test, TheListsHoldTheFunctionsInTheirOrder) {
+    const Form3 form(test.session, nullptr);
+    QStringList texts;
+    for (int row = 0; row < list(form, 5).count(); ++row) {
+        texts += list(form, 5).item(row)->text();
+    }
+    EXPECT_EQ(texts.join(u','), QStringLiteral("Exit To Editor,Next Bookmark,Pause/Resume,Previous "
+                                               "Bookmark,Reverse Direction,Toggle Arrow,Toggle "
+                                               "Blank Screen,Toggle Full Screen"));
+}
+
+TEST_F(Form3Test, ACalibrationTellsOfTheRestartWhenExitIsPressed) {
+    EXPECT_TRUE(choose([](QWidget& window) { click(window, QStringLiteral("ExitButton")); }, 1));
+    ASSERT_EQ(test.messages.boxes.size(), 1U);
+    EXPECT_EQ(test.messages.boxes[0].title, QStringLiteral("Restart To Apply Changes"));
+    EXPECT_EQ(test.messages.boxes[0].text,
+              QStringLiteral("You must restart Velmora™ before calibration changes take effect."));
+}
+
+TEST_F(Form3Test, TheTwoButtonPageStoresItsOptions) {
+    TwoButtonPage page(settings, nullptr);
+    page.show();
+    page.begin();
+    const std::tuple<const char16_t*, int, const char16_t*, const char16_t*> options[] = {
+        {u"Jump To Next Bookmark", 0, u"Option1", u"Option16"},
+        {u"Jump To Previous Bookmark", 1, u"Option2", u"Option15"},
+        {u"Pause", 2, u"Option3", u"Option14"},
+        {u"Jump To Beginning Of Text", 3, u"Option4", u"Option13"},
+        {u"Jump To End Of Text", 4, u"Option5", u"Option12"},
+        {u"Toggle Full-Screen Mode", 5, u"Option6", u"Option11"},
+        {u"Exit To Editor Screen", 6, u"Option7", u"Option10"},
+        {u"Insert Bookmark", 7, u"Option17", u"Option18"},
+        {u"Disable Button", 10, u"Option8", u"Option9"},
+    };
+    for (const auto& [text, value, first, second] : options) {
+        for (const char16_t* name : {first, second}) {
+            auto& option = control<QRadioButton>(page, QString::fromUtf16(name));
+            EXPECT_EQ(option.text(), QString::fromUtf16(text));
+            option.click();
+        }
+        EXPECT_EQ(settings.ControllerButton1, value);
+        EXPECT_EQ(settings.ControllerButton2, value);
+    }
+    click(page, QStringLiteral("Cancel"));
+    EXPECT_EQ(settings.ControllerButton1, 0);
+    EXPECT_EQ(settings.ControllerButton2, 1);
+}
+
+} // namespace
+} // namespace velmora

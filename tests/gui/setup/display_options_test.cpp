@@ -1,0 +1,280 @@
+#include "setup/display_options.h"
+
+#include "gui/setup/window_controls.h"
+#include "support/modal_action.h"
+#include "support/test_session.h"
+
+#include <optional>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+/// Form8 on fakes, opened with the settings that a test has set.
+class Form8Test : public ::testing::Test {
+protected:
+    void open() {
+        form.emplace(test.session, nullptr);
+        form->show();
+    }
+    void press(const QString& button) { click(*form, button); }
+    [[nodiscard]] QString shown(const QString& label) const { return labelText(*form, label); }
+
+    TestSession test;
+    Settings& settings = test.session.settings;
+    std::optional<Form8> form;
+};
+
+/// A cycling setting: what is stored and shown at first and after each press.
+struct Cycle final {
+    const char16_t* button;
+    const char16_t* caption;
+    const char16_t* label;
+    int Settings::*setting;
+    std::vector<std::pair<int, const char16_t*>> values;
+};
+
+TEST_F(Form8Test, EachButtonLeadsItsSettingRound) {
+    const Cycle cycles[] = {
+        {u"AutomaticLooping",
+         u"Set Automatic Looping",
+         u"Label7",
+         &Settings::AutomaticLooping,
+         {{0, u"Auto Looping Off"}, {1, u"Auto Looping On"}}},
+        {u"FullScreenMode",
+         u"Scroller Full Screen Mode",
+         u"Label11",
+         &Settings::FullScreenMode,
+         {{0, u"Display With Controls"}, {1, u"Display Full Screen"}}},
+        {u"FirstDisplayLine",
+         u"First Scroller Display Line",
+         u"Label15",
+         &Settings::FirstDisplayLine,
+         {{0, u"Start At First Line"}, {1, u"Start At Current Line"}}},
+        {u"ScrollerTurbo",
+         u"Scroller Turbo Mode",
+         u"Label19",
+         &Settings::ScrollerTurbo,
+         {{0, u"Turbo Off, Smooth Scroll"}, {1, u"Turbo On, Rougher Scroll"}}},
+        {u"ScrollSpeedControl",
+         u"Speed Control Mode",
+         u"Label23",
+         &Settings::ScrollSpeedControl,
+         {{0, u"Split Range (Recommended)"}, {1, u"Full Range"}}},
+        {u"Mirrordisplay",
+         u"Configure Displays",
+         u"Label31",
+         &Settings::MirrorMode,
+         {{0, u"One Display"},
+          {1, u"One Display, Mirrored L-R"},
+          {4, u"Two Displays, Mirrored L-R"}}},
+        {u"TimedDisplay",
+         u"Timed Display",
+         u"Label33",
+         &Settings::TimedDisplay,
+         {{0, u"Timed Display Off"}, {1, u"Timed Display On"}}},
+    };
+    open();
+    for (const Cycle& cycle : cycles) {
+        const auto button = QString::fromUtf16(cycle.button);
+        EXPECT_EQ(control<QAbstractButton>(*form, button).text(),
+                  QString::fromUtf16(cycle.caption));
+        for (std::size_t press = 0; press <= cycle.values.size(); ++press) {
+            const auto& [value, text] = cycle.values[press % cycle.values.size()];
+            EXPECT_EQ(settings.*cycle.setting, value) << button.toStdString() << press;
+            EXPECT_EQ(shown(QString::fromUtf16(cycle.label)), QString::fromUtf16(text));
+            this->press(button);
+        }
+    }
+}
+
+TEST_F(Form8Test, TurboAndSpeedRangeAskFirstAndTakeEffectThen) {
+    struct Row final {
+        const char16_t* button;
+        int before;
+        int Settings::*setting;
+        const char16_t* title;
+        const char16_t* text;
+    };
+    const Row rows[] = {
+        {u"ScrollerTurbo", 0, &Settings::ScrollerTurbo, u"Select Turbo Mode",
+         u"Turbo mode doubles the scroller's display speed.\r\nHowever, it also reduces the "
+         u"smoothness of the scrolling text.\r\nUse Turbo mode only if display speed is too slow."},
+        {u"ScrollSpeedControl", 0, &Settings::ScrollSpeedControl, u"Switching to Full Range Mode",
+         u"In Full Range mode, the full speed range of the control is dedicated to one scrolling "
+         u"direction at a time.  Scroll direction must be manually selected by the operator.  Hand "
+         u"controller buttons ignore user programming and function only as Pause and Reverse "
+         u"Direction.  Full Range mode should be used only when very fine speed control is "
+         u"required.  This setting is not recommended for most users."},
+        {u"ScrollSpeedControl", 1, &Settings::ScrollSpeedControl, u"Switching to Split Range Mode",
+         u"In Split Range mode, half of the speed range of the control is assigned to forward "
+         u"scrolling, and half to backward scrolling.  Scrolling direction is automatically "
+         u"determined by speed indicator position.  Speed indicator positions on the left side of "
+         u"the control set backwards direction and speed.  Positions on the right side determine "
+         u"forward direction and speed.  Scrolling pauses when the speed indicator is in the "
+         u"center.  In Split Range mode, all programmable hand controller button functions are "
+         u"supported.  Split Range mode is the recommended setting."},
+    };
+    for (const Row& row : rows) {
+        settings.*row.setting = row.before;
+        open();
+        test.messages.whileOpen = [&] { EXPECT_EQ(settings.*row.setting, row.before); };
+        test.messages.boxes.clear();
+        press(QString::fromUtf16(row.button));
+        ASSERT_EQ(test.messages.boxes.size(), 1U);
+        const auto& box = test.messages.boxes.front();
+        EXPECT_EQ(box.title, QString::fromUtf16(row.title));
+        EXPECT_EQ(box.text, QString::fromUtf16(row.text));
+        EXPECT_EQ(box.icon, MessageIcon::Information);
+        EXPECT_EQ(settings.*row.setting, 1 - row.before);
+    }
+    settings.ScrollerTurbo = 1;
+    open();
+    test.messages.boxes.clear();
+    press(QStringLiteral("ScrollerTurbo"));
+    EXPECT_EQ(settings.ScrollerTurbo, 0);
+    EXPECT_TRUE(test.messages.boxes.empty()) << "off is silent";
+}
+
+TEST_F(Form8Test, SpacingAndMaxSpeedStopAtTheirEnds) {
+    open();
+    const auto pressUntilItStays = [&](const QString& button, const QString& label) {
+        int presses = 0;
+        for (QString before; before != shown(label) && presses < 100; ++presses) {
+            before = shown(label);
+            press(button);
+        }
+        return presses;
+    };
+    EXPECT_EQ(shown(QStringLiteral("Label3")), QStringLiteral("1.0"));
+    EXPECT_EQ(pressUntilItStays(QStringLiteral("SetLineSpacing2"), QStringLiteral("Label3")), 11);
+    EXPECT_EQ(shown(QStringLiteral("Label3")), QStringLiteral("2.0"));
+    EXPECT_EQ(pressUntilItStays(QStringLiteral("SetLineSpacing1"), QStringLiteral("Label3")), 36);
+    EXPECT_EQ(test.session.show.LineSpacingText, QStringLiteral(".75"));
+    EXPECT_EQ(settings.LineSpacingIndex, 1);
+
+    EXPECT_EQ(pressUntilItStays(QStringLiteral("DelayLess"), QStringLiteral("Label43")), 10);
+    EXPECT_EQ(settings.Delay, 0.1);
+    EXPECT_EQ(pressUntilItStays(QStringLiteral("DelayMore"), QStringLiteral("Label43")), 50);
+    EXPECT_EQ(settings.Delay, 5.0);
+    press(QStringLiteral("DelayLess"));
+    press(QStringLiteral("DelayLess"));
+    EXPECT_EQ(settings.Delay, 5.0 - 0.1 - 0.1) << "what the steps add up to";
+    EXPECT_EQ(shown(QStringLiteral("Label43")), QStringLiteral("4.8"));
+}
+
+TEST_F(Form8Test, OpeningShowsWhatIsStoredAndLimitsWhatIsOutOfRange) {
+    struct Row final {
+        const char16_t* label;
+        int Settings::*setting;
+        int stored;
+        int after;
+        const char16_t* text;
+    };
+    const Row rows[] = {
+        {u"Label27", &Settings::ControllerType, 0, 0, u"No Speed Controller"},
+        {u"Label27", &Settings::ControllerType, 11, 11, u"No Speed Controller"},
+        {u"Label27", &Settings::ControllerType, 10, 10, u"Foot Controller"},
+        {u"Label27", &Settings::ControllerType, 20, 20, u"Trigger Controller"},
+        {u"Label27", &Settings::ControllerType, 21, 21, u"RF Wireless Controller"},
+        {u"Label31", &Settings::MirrorMode, 2, 4, u"Two Displays, Mirrored L-R"},
+        {u"Label31", &Settings::MirrorMode, 3, 4, u"Two Displays, Mirrored L-R"},
+        {u"Label31", &Settings::MirrorMode, -7, -7, u""},
+        {u"Label3", &Settings::LineSpacingIndex, 99, 99, u"2.0"},
+        {u"Label7", &Settings::AutomaticLooping, 2, 1, u"Auto Looping On"},
+        {u"Label11", &Settings::FullScreenMode, -1, 0, u"Display With Controls"},
+        {u"Label15", &Settings::FirstDisplayLine, 32767, 1, u"Start At Current Line"},
+        {u"Label19", &Settings::ScrollerTurbo, -32768, 0, u"Turbo Off, Smooth Scroll"},
+        {u"Label23", &Settings::ScrollSpeedControl, 7, 1, u"Full Range"},
+        {u"Label33", &Settings::TimedDisplay, 9, 1, u"Timed Display On"},
+    };
+    for (const Row& row : rows) {
+        settings.*row.setting = row.stored;
+        open();
+        EXPECT_EQ(shown(QString::fromUtf16(row.label)), QString::fromUtf16(row.text)) << row.stored;
+        EXPECT_EQ(settings.*row.setting, row.after);
+    }
+    settings.MirrorMode = -7;
+    press(QStringLiteral("Mirrordisplay"));
+    EXPECT_EQ(settings.MirrorMode, 0) << "an unknown arrangement is left for the first";
+    settings.Delay = 77;
+    press(QStringLiteral("DelayMore"));
+    EXPECT_EQ(settings.Delay, 5.0);
+}
+
+TEST_F(Form8Test, TheCaptionPortIsToldAndCannotBeSwitchedOn) {
+    struct Row final {
+        std::array<int, 6> stored;
+        std::array<int, 4> limited;
+        const char16_t* text;
+    };
+    const Row rows[] = {
+        {{0, 3, 99, 0, 9, -1}, {99, 0, 9, -1}, u"Off"},
+        {{1, 3, 6, 1, 4, 1}, {6, 1, 4, 1}, u"On: COM 3, 9600, n, 8, 1"},
+        {{2, -4, 0, 0, 0, 0}, {1, 1, 1, 1}, u"On: COM -4, 110, n, 5, 1"},
+        {{1, 10, 99, 99, 99, 99}, {13, 5, 4, 3}, u"On: COM 10, 921600, s, 8, 2"},
+        {{1, 1, 7, 2, 3, 2}, {7, 2, 3, 2}, u"On: COM 1, 19200, e, 7, 1.5"},
+    };
+    for (const Row& row : rows) {
+        std::tie(settings.CCActive, settings.CCPort, settings.CCSpeed, settings.CCParity,
+                 settings.CCDataBits, settings.CCStopBits) = std::tuple_cat(row.stored);
+        open();
+        press(QStringLiteral("CCSetup"));
+        EXPECT_EQ(shown(QStringLiteral("Label39")), QString::fromUtf16(row.text));
+        const std::array left = {settings.CCSpeed, settings.CCParity, settings.CCDataBits,
+                                 settings.CCStopBits};
+        EXPECT_EQ(left, row.limited);
+        EXPECT_EQ(settings.CCActive, row.stored[0]);
+        EXPECT_EQ(test.messages.boxes.back().title, QStringLiteral("Brightleaf Pro™"));
+        EXPECT_EQ(test.messages.boxes.back().text,
+                  QStringLiteral("Closed Captioning Is Not Supported In This Version"));
+    }
+}
+
+TEST_F(Form8Test, TheControllerWindowsChoiceIsShownAndDerived) {
+    test.pump.setEveryPump([] { QCoreApplication::processEvents(); });
+    open();
+    const ModalAction user(
+        [](QWidget& window) { clickButton(window, u"Use RF Wireless Controller"); });
+    press(QStringLiteral("ConfigureController"));
+    EXPECT_TRUE(user.done());
+    EXPECT_EQ(shown(QStringLiteral("Label27")), QStringLiteral("RF Wireless Controller"));
+    EXPECT_EQ(settings.SpeedControllerInUse, 1);
+}
+
+TEST_F(Form8Test, EveryWayOutTellsTheOpener) {
+    for (const WayOut& way : waysOut()) {
+        test.session.script.DialogClosing = 0;
+        const ModalAction user([&](QWidget& window) { way.act(window); });
+        Form8(test.session, nullptr).exec();
+        EXPECT_EQ(test.session.script.DialogClosing, 1) << way.what;
+        EXPECT_FALSE(user.expired()) << way.what;
+    }
+}
+
+TEST_F(Form8Test, TheKeyboardReachesAndPressesEveryButton) {
+    open();
+    QApplication::setActiveWindow(&*form);
+    QStringList reached;
+    auto* focused = form->focusWidget();
+    for (int i = 0; i < 30 && focused != nullptr && !reached.contains(focused->objectName()); ++i) {
+        reached += focused->objectName();
+        QTest::keyClick(focused, Qt::Key_Tab);
+        focused = form->focusWidget();
+    }
+    EXPECT_EQ(reached.join(u' ').toStdString(),
+              std::string("SetDisplayDefaults SetLineSpacing1 SetLineSpacing2 AutomaticLooping "
+                          "FullScreenMode FirstDisplayLine ScrollerTurbo ScrollSpeedControl "
+                          "ConfigureController Mirrordisplay TimedDisplay CCSetup DelayLess "
+                          "DelayMore ExitButton"));
+    auto& button = control<QAbstractButton>(*form, QStringLiteral("TimedDisplay"));
+    button.setFocus();
+    QTest::keyClick(&button, Qt::Key_Return);
+    EXPECT_EQ(settings.TimedDisplay, 1);
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(settings.TimedDisplay, 0);
+    EXPECT_EQ(button.accessibleDescription(), QStringLiteral("Timed Display Off"));
+}
+
+} // namespace
+} // namespace velmora

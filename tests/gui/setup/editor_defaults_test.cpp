@@ -1,0 +1,182 @@
+#include "setup/editor_defaults.h"
+
+#include "core/colour_tables.h"
+#include "gui/setup/window_controls.h"
+#include "support/modal_action.h"
+#include "support/test_session.h"
+#include "widgets/colour_palette.h"
+#include "widgets/font_name_combo.h"
+#include "widgets/font_size_combo.h"
+
+#include <QPlainTextEdit>
+#include <QSlider>
+
+#include <optional>
+
+namespace velmora {
+namespace {
+
+class Form12Test : public ::testing::Test {
+protected:
+    void open() {
+        form.emplace(test.session, nullptr);
+        form->show();
+        QApplication::setActiveWindow(&*form);
+    }
+    [[nodiscard]] QPlainTextEdit& sample() const {
+        return control<QPlainTextEdit>(*form, QStringLiteral("Text1"));
+    }
+    [[nodiscard]] QSlider& slider() const {
+        return control<QSlider>(*form, QStringLiteral("Hscroll1"));
+    }
+    template<typename Combo> void choose(const char16_t* name, const QString& text) {
+        auto& combo = control<Combo>(*form, QString::fromUtf16(name));
+        combo.setCurrentIndex(combo.findText(text));
+        Q_EMIT combo.activated(combo.currentIndex());
+    }
+    [[nodiscard]] QColor shown(QPalette::ColorRole role) const {
+        return sample().palette().color(role);
+    }
+    void changeEverything() {
+        click(*form, QStringLiteral("SC5"));
+        click(*form, QStringLiteral("TC7"));
+        choose<FontNameCombo>(u"Combo1", QStringLiteral("DejaVu Sans"));
+        choose<FontSizeCombo>(u"Combo2", QStringLiteral("48"));
+        slider().setValue(200);
+    }
+
+    TestSession test;
+    Settings& settings = test.session.settings;
+    std::optional<Form12> form;
+};
+
+TEST_F(Form12Test, ASwatchColoursTheSampleFromItsTable) {
+    open();
+    for (int number = 1; number <= ColourCount; ++number) {
+        const RgbParts dark = SplitRgb(darkColour(number));
+        const RgbParts bright = SplitRgb(brightColour(number));
+        for (const bool screen : {true, false}) {
+            const QString name =
+                (screen ? QStringLiteral("SC%1") : QStringLiteral("TC%1")).arg(number);
+            auto& swatch = control<QAbstractButton>(*form, name);
+            EXPECT_EQ(swatch.accessibleName(), (screen ? QStringLiteral("screen colour %1")
+                                                       : QStringLiteral("text colour %1"))
+                                                   .arg(number));
+            // What the user sees in the square is what the sample takes.
+            const QColor square = swatch.grab().toImage().pixelColor(swatch.rect().center());
+            click(*form, name);
+            const RgbParts& parts = screen ? dark : bright;
+            EXPECT_EQ(square, QColor(parts.red, parts.green, parts.blue)) << number;
+            EXPECT_EQ(shown(screen ? QPalette::Base : QPalette::Text), square) << number;
+            EXPECT_EQ(form->focusWidget(), &sample());
+        }
+    }
+}
+
+TEST_F(Form12Test, TheSampleIsTheEditorsColumnAtAScaleAndStaysInTheMiddle) {
+    settings.ColumnMargin = 160;
+    open();
+    EXPECT_EQ(slider().value(), 160);
+    const double scale = 0.45 * test.session.screen.ScaleX;
+    const int W = slider().width();
+    EXPECT_NEAR(W, scale * (640 - 12), 1);
+    for (const int margin : {12, 13, 160, 319, 320}) {
+        slider().setValue(margin);
+        QCoreApplication::processEvents();
+        EXPECT_NEAR(sample().width(), W - (margin - 12) * scale, 1) << margin;
+        EXPECT_NEAR(sample().x(), (W - sample().width()) / 2.0 + slider().x(), 1) << margin;
+    }
+    slider().setValue(12);
+    EXPECT_EQ(sample().width(), W);
+}
+
+TEST_F(Form12Test, OnlySaveStoresTheChoices) {
+    const auto stored = [this] {
+        return std::tuple(settings.ScreenBackColor, settings.ScreenTextColor,
+                          settings.ScreenFontName, settings.ScreenFontSize, settings.ColumnMargin);
+    };
+    const auto before = stored();
+    for (const WayOut& way : waysOut()) {
+        open();
+        changeEverything();
+        way.act(*form);
+        EXPECT_FALSE(form->isVisible()) << way.what;
+        EXPECT_EQ(stored(), before) << way.what;
+    }
+    open();
+    const int smallSize = sample().font().pixelSize();
+    changeEverything();
+    EXPECT_EQ(sample().font().family(), QStringLiteral("DejaVu Sans"));
+    EXPECT_NEAR(sample().font().pixelSize(), smallSize * 48.0 / 26, 1);
+    click(*form, QStringLiteral("Save"));
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(stored(), std::tuple(double{rgb(128, 0, 128)}, double{rgb(255, 255, 0)},
+                                   QStringLiteral("DejaVu Sans"), 48, 200));
+}
+
+TEST_F(Form12Test, WhateverIsStoredIsShownAndSavedAgain) {
+    struct Row final {
+        int points;
+        QString name;
+        int margin;
+        int marginShown;
+    };
+    const Row rows[] = {{0, QStringLiteral("No Such Font"), -5, 12},
+                        {-32768, QString(), 32767, 320},
+                        {32767, QStringLiteral("Arial"), 0, 12}};
+    for (const Row& row : rows) {
+        settings.ScreenFontSize = row.points;
+        settings.ScreenFontName = row.name;
+        settings.ColumnMargin = row.margin;
+        settings.ScreenBackColor = -1;
+        settings.ScreenTextColor = 1e300;
+        open();
+        EXPECT_EQ(shown(QPalette::Base), QColor(Qt::black));
+        EXPECT_EQ(shown(QPalette::Text), QColor(Qt::white));
+        click(*form, QStringLiteral("Save"));
+        EXPECT_EQ(settings.ScreenFontSize, row.points);
+        EXPECT_EQ(settings.ScreenFontName, row.name);
+        EXPECT_EQ(settings.ColumnMargin, row.marginShown);
+    }
+}
+
+TEST_F(Form12Test, AChoiceByKeyboardLeavesTheFocusForTheNextOne) {
+    open();
+    auto& swatch = control<QAbstractButton>(*form, QStringLiteral("SC4"));
+    swatch.setFocus();
+    QTest::keyClick(&swatch, Qt::Key_Return);
+    EXPECT_EQ(shown(QPalette::Base), QColor(0, 128, 0));
+    EXPECT_EQ(form->focusWidget(), &swatch);
+    slider().setFocus();
+    QTest::keyClick(&slider(), Qt::Key_Right);
+    EXPECT_EQ(slider().value(), 13);
+    EXPECT_EQ(form->focusWidget(), &slider());
+    QTest::keyClick(&sample(), Qt::Key_Tab);
+    EXPECT_NE(form->focusWidget(), &sample()) << "Tab leaves the sample";
+}
+
+TEST(Form29, GivesBackTheChoiceAndNothingForExit) {
+    TestSession test;
+    const std::pair<const char16_t*, int> swatches[] = {{u"SC1", 1},  {u"SC8", 8},  {u"TC1", 9},
+                                                        {u"TC8", 16}, {u"TB1", 17}, {u"TB3", 19},
+                                                        {u"TB8", 24}};
+    Form29 palette(test.session, nullptr);
+    for (const auto& [name, choice] : swatches) {
+        const ModalAction user(
+            [name = name](QWidget& window) { click(window, QString::fromUtf16(name)); });
+        EXPECT_EQ(palette.choose(QPoint(40, 40)), choice);
+    }
+    for (const WayOut& way : waysOut()) {
+        const ModalAction user([&](QWidget& window) { way.act(window); });
+        EXPECT_EQ(palette.choose(QPoint(99999, -99999)), 0) << way.what;
+        EXPECT_FALSE(user.expired()) << way.what;
+        EXPECT_TRUE(palette.screen()->geometry().contains(palette.frameGeometry()))
+            << palette.x() << "," << palette.y() << " " << palette.width() << "x"
+            << palette.height();
+    }
+    EXPECT_EQ(control<QAbstractButton>(palette, QStringLiteral("TB3")).accessibleName(),
+              QStringLiteral("text background colour 3"));
+}
+
+} // namespace
+} // namespace velmora
