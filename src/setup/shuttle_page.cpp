@@ -17,8 +17,8 @@ struct Place final {
     int line;
     int column;
 };
-constexpr std::array<Place, ShuttleButtonCount> Places = {Place{1, 0}, Place{0, 0}, Place{0, 1},
-                                                          Place{0, 2}, Place{1, 2}};
+constexpr std::array<Place, ShuttleButtons.size()> Places = {Place{1, 0}, Place{0, 0}, Place{0, 1},
+                                                             Place{0, 2}, Place{1, 2}};
 
 } // namespace
 
@@ -30,7 +30,7 @@ ShuttlePage::ShuttlePage(Settings& settings, QWidget* parent)
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(em);
     grid->setVerticalSpacing(em);
-    for (int number = 1; number <= ShuttleButtonCount; ++number) {
+    for (int number = 1; number <= static_cast<int>(ShuttleButtons.size()); ++number) {
         const Place& place = Places.at(static_cast<std::size_t>(number - 1));
         addList(*grid, number, place.line, place.column);
     }
@@ -58,8 +58,8 @@ void ShuttlePage::addList(QGridLayout& grid, int number, int line, int column) {
     list->setTabKeyNavigation(false);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    for (const QStringView function : ShuttleFunctions) {
-        list->addItem(function.toString());
+    for (const ButtonFunction& function : ButtonFunctions) {
+        list->addItem(QString::fromUtf16(function.text));
     }
     const int frame = 2 * list->frameWidth();
     list->setFixedHeight(list->sizeHintForRow(0) * list->count() + frame);
@@ -73,14 +73,14 @@ void ShuttlePage::addList(QGridLayout& grid, int number, int line, int column) {
 void ShuttlePage::showFunctions() {
     limitShuttleButtons(m_settings);
     for (std::size_t i = 0; i < m_lists.size(); ++i) {
-        m_lists[i]->setCurrentRow(m_settings.*ShuttleButtons[i] - 1);
+        m_lists[i]->setCurrentRow(m_settings.*ShuttleButtons[i].setting - 1);
     }
 }
 
 void ShuttlePage::begin() {
     limitShuttleButtons(m_settings);
     for (std::size_t i = 0; i < m_lists.size(); ++i) {
-        m_backups[i] = m_settings.*ShuttleButtons[i];
+        m_backups[i] = m_settings.*ShuttleButtons[i].setting;
     }
     m_lists.front()->setFocus();
 }
@@ -88,7 +88,7 @@ void ShuttlePage::begin() {
 void ShuttlePage::CB2_Click() {
     for (std::size_t i = 0; i < m_lists.size(); ++i) {
         const auto selected = m_lists[i]->selectedItems();
-        m_settings.*ShuttleButtons[i] =
+        m_settings.*ShuttleButtons[i].setting =
             selected.isEmpty() ? 0 : m_lists[i]->row(selected.first()) + 1;
     }
     limitShuttleButtons(m_settings);
@@ -97,7 +97,7 @@ void ShuttlePage::CB2_Click() {
 
 void ShuttlePage::CB1_Click() {
     for (std::size_t i = 0; i < m_lists.size(); ++i) {
-        m_settings.*ShuttleButtons[i] = m_backups[i];
+        m_settings.*ShuttleButtons[i].setting = m_backups[i];
     }
     Q_EMIT cancelled();
 }

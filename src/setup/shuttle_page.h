@@ -1,6 +1,6 @@
 #pragma once
 
-#include "setup/shuttle_functions.h"
+#include "controllers/controller_buttons.h"
 
 #include <QWidget>
 
@@ -40,9 +40,9 @@ private:
     Settings& m_settings;
     ShuttlePicture* m_picture;
     /// Button1 to Button5.
-    std::array<QListWidget*, ShuttleButtonCount> m_lists = {};
+    std::array<QListWidget*, ShuttleButtons.size()> m_lists = {};
     /// ShuttleButtonBackup1 to ShuttleButtonBackup5.
-    std::array<int, ShuttleButtonCount> m_backups = {};
+    std::array<int, ShuttleButtons.size()> m_backups = {};
 };
 
 } // namespace velmora

@@ -1,6 +1,6 @@
 #include "setup/shuttle_picture.h"
 
-#include "setup/shuttle_functions.h"
+#include "controllers/controller_buttons.h"
 
 #include <QPainter>
 #include <QtMath>
@@ -69,7 +69,7 @@ void ShuttlePicture::paintEvent(QPaintEvent*) {
     font.setPixelSize(std::max(1, static_cast<int>(half * ButtonRadius * 1.2)));
     font.setBold(true);
     painter.setFont(font);
-    for (int number = 1; number <= ShuttleButtonCount; ++number) {
+    for (int number = 1; number <= static_cast<int>(ShuttleButtons.size()); ++number) {
         const double angle = qDegreesToRadians(ButtonsApart * (number - 3));
         const QPointF at =
             centre + half * ButtonsRadius * QPointF(std::sin(angle), -std::cos(angle));

@@ -13,14 +13,14 @@ namespace velmora {
 
 namespace {
 
-struct ButtonFunction final {
+struct HandFunction final {
     int value;
     QStringView text;
     /// The options' names, for button 1 and 2.
     std::array<QStringView, 2> options;
 };
 
-constexpr std::array<ButtonFunction, 9> ButtonFunctions = {{
+constexpr std::array<HandFunction, 9> HandFunctions = {{
     {0, u"Jump To Next Bookmark", {u"Option1", u"Option16"}},
     {1, u"Jump To Previous Bookmark", {u"Option2", u"Option15"}},
     {2, u"Pause", {u"Option3", u"Option14"}},
@@ -32,13 +32,13 @@ constexpr std::array<ButtonFunction, 9> ButtonFunctions = {{
     {10, u"Disable Button", {u"Option8", u"Option9"}},
 }};
 
-struct ButtonColumn final {
+struct HandButton final {
     QStringView label;
     QStringView heading;
     int Settings::*setting;
 };
 
-constexpr std::array<ButtonColumn, 2> ButtonColumns = {{
+constexpr std::array<HandButton, 2> HandButtons = {{
     {u"Label18", u"Controller Button 1", &Settings::ControllerButton1},
     {u"Label19", u"Controller Button 2", &Settings::ControllerButton2},
 }};
@@ -48,7 +48,7 @@ constexpr std::array<ButtonColumn, 2> ButtonColumns = {{
 TwoButtonPage::TwoButtonPage(Settings& settings, QWidget* parent)
     : QWidget(parent), m_settings(settings) {
     auto* grid = new QGridLayout(this);
-    for (int column = 0; column < static_cast<int>(ButtonColumns.size()); ++column) {
+    for (int column = 0; column < static_cast<int>(HandButtons.size()); ++column) {
         addOptions(*grid, column);
     }
     auto* save = new CB(QStringLiteral("SaveSettings"), QStringLiteral("Save Settings"), this);
@@ -62,13 +62,13 @@ TwoButtonPage::TwoButtonPage(Settings& settings, QWidget* parent)
 
 void TwoButtonPage::addOptions(QGridLayout& grid, int column) {
     const auto index = static_cast<std::size_t>(column);
-    const ButtonColumn& button = ButtonColumns.at(index);
+    const HandButton& button = HandButtons.at(index);
     auto* label = new QLabel(button.heading.toString(), this);
     label->setObjectName(button.label.toString());
     grid.addWidget(label, 0, column);
     auto* group = new QButtonGroup(this);
     int line = 1;
-    for (const ButtonFunction& function : ButtonFunctions) {
+    for (const HandFunction& function : HandFunctions) {
         auto* option = new QRadioButton(function.text.toString(), this);
         option->setObjectName(function.options.at(index).toString());
         option->setChecked(m_settings.*button.setting == function.value);

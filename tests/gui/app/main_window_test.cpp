@@ -131,7 +131,7 @@ TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
     form->show();
     const auto setUp = [this](const std::vector<const char16_t*>& presses) {
         const ModalAction user([&](QWidget& window) {
-            EXPECT_EQ(window.objectName(), QStringLiteral("Form8"));
+            EXPECT_EQ(window.objectName(), u"Form8"_qs);
             EXPECT_EQ(test.session.script.DialogClosing, 0);
             for (const char16_t* caption : presses) {
                 clickButton(window, caption);
@@ -149,7 +149,7 @@ TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
     test.monitors.rectangles.push_back(QRect(1920, 0, 1280, 720));
     setUp({u"Scroller Turbo Mode", u"Spacing +", u"Configure Displays", u"Configure Displays"});
     EXPECT_EQ(test.session.settings.RowStep, 2);
-    EXPECT_EQ(test.session.show.LineSpacingText, QStringLiteral("1.1"));
+    EXPECT_EQ(test.session.show.LineSpacingText, u"1.1"_qs);
     EXPECT_EQ(test.session.settings.MirrorMode, 4);
     EXPECT_EQ(slider.minimum(), 231) << "the column fits the narrower display 2";
     setUp({});
@@ -161,7 +161,7 @@ TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
     test.monitors.rectangles.pop_back();
     setUp({u"Configure Displays", u"Configure Displays"});
     ASSERT_EQ(test.messages.boxes.size(), 1U);
-    EXPECT_EQ(test.messages.boxes[0].title, QStringLiteral("Display 2 Not Available"));
+    EXPECT_EQ(test.messages.boxes[0].title, u"Display 2 Not Available"_qs);
 }
 
 TEST_F(Form1Test, TheSliderMovesTheColumnAndWrapsTheScriptAnew) {

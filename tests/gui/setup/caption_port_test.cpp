@@ -17,9 +17,8 @@ protected:
         form->show();
     }
     [[nodiscard]] bool edits(int number) const {
-        const bool box =
-            control<QLineEdit>(*form, QStringLiteral("Text%1").arg(number)).isVisible();
-        EXPECT_EQ(box, control<QWidget>(*form, QStringLiteral("CB%1").arg(number)).isVisible());
+        const bool box = control<QLineEdit>(*form, u"Text%1"_qs.arg(number)).isVisible();
+        EXPECT_EQ(box, control<QWidget>(*form, u"CB%1"_qs.arg(number)).isVisible());
         return box;
     }
     TestSession test;
@@ -82,44 +81,44 @@ TEST_F(Form30Test, ACodeIsStoredBySaveAndDroppedByAnyOtherButton) {
         {u"CCLineStopCodeButton", &Settings::CCLineStopCode},
         {u"CCResetButton", &Settings::CCResetCode},
     };
-    settings.CCStopCode = QStringLiteral("^Z");
+    settings.CCStopCode = u"^Z"_qs;
     open();
-    EXPECT_EQ(labelText(*form, QStringLiteral("Label11")), QStringLiteral("^Z"));
+    EXPECT_EQ(labelText(*form, u"Label11"_qs), u"^Z"_qs);
     int number = 1;
     for (const auto& [button, setting] : codes) {
         const QString before = settings.*setting;
-        const QString label = QStringLiteral("Label%1").arg(9 + number);
-        auto& box = control<QLineEdit>(*form, QStringLiteral("Text%1").arg(number));
+        const QString label = u"Label%1"_qs.arg(9 + number);
+        auto& box = control<QLineEdit>(*form, u"Text%1"_qs.arg(number));
         EXPECT_FALSE(edits(number));
         click(*form, QString::fromUtf16(button));
         EXPECT_TRUE(edits(number));
         EXPECT_EQ(box.text(), before);
         EXPECT_EQ(form->focusWidget(), &box);
-        box.setText(QStringLiteral("^A<b>%1").arg(number));
-        click(*form, QStringLiteral("CCParityButton"));
+        box.setText(u"^A<b>%1"_qs.arg(number));
+        click(*form, u"CCParityButton"_qs);
         EXPECT_FALSE(edits(number));
         EXPECT_EQ(settings.*setting, before) << "dropped";
 
         click(*form, QString::fromUtf16(button));
         EXPECT_EQ(box.text(), before);
-        box.setText(QStringLiteral("^A<b>%1").arg(number));
+        box.setText(u"^A<b>%1"_qs.arg(number));
         if (number % 2 == 0) {
             QTest::keyClick(&box, Qt::Key_Return);
         } else {
-            click(*form, QStringLiteral("CB%1").arg(number));
+            click(*form, u"CB%1"_qs.arg(number));
         }
         EXPECT_FALSE(edits(number));
-        EXPECT_EQ(settings.*setting, QStringLiteral("^A<b>%1").arg(number));
+        EXPECT_EQ(settings.*setting, u"^A<b>%1"_qs.arg(number));
         EXPECT_EQ(labelText(*form, label), settings.*setting);
         ++number;
     }
     for (const WayOut& way : waysOut()) {
         open();
-        click(*form, QStringLiteral("CCStartCodeButton"));
-        control<QLineEdit>(*form, QStringLiteral("Text1")).setText(QStringLiteral("lost"));
+        click(*form, u"CCStartCodeButton"_qs);
+        control<QLineEdit>(*form, u"Text1"_qs).setText(u"lost"_qs);
         way.act(*form);
         EXPECT_FALSE(form->isVisible()) << way.what;
-        EXPECT_EQ(settings.CCStartCode, QStringLiteral("^A<b>1")) << way.what;
+        EXPECT_EQ(settings.CCStartCode, u"^A<b>1"_qs) << way.what;
     }
 }
 

@@ -43,7 +43,7 @@ protected:
 };
 
 QListWidget& list(const QWidget& window, int number) {
-    return control<QListWidget>(window, QStringLiteral("Button%1").arg(number));
+    return control<QListWidget>(window, u"Button%1"_qs.arg(number));
 }
 
 Buttons rowsShown(const QWidget& window) {
@@ -92,12 +92,12 @@ TEST_F(Form3Test, TheButtonPageShowsLimitedFunctionsAndSavesThem) {
     for (const Row& row : rows) {
         setButtons(row.stored);
         EXPECT_TRUE(choose([&](QWidget& window) {
-            click(window, QStringLiteral("ShuttleXpress"));
-            EXPECT_FALSE(control<QWidget>(window, QStringLiteral("NoHandController")).isVisible());
+            click(window, u"ShuttleXpress"_qs);
+            EXPECT_FALSE(control<QWidget>(window, u"NoHandController"_qs).isVisible());
             EXPECT_EQ(rowsShown(window), row.shown);
             QTest::keyClick(&list(window, 1), Qt::Key_End);
             list(window, 3).clearSelection();
-            click(window, QStringLiteral("CB2"));
+            click(window, u"CB2"_qs);
         }));
         Buttons saved = row.shown;
         saved[0] = 8;
@@ -111,13 +111,13 @@ TEST_F(Form3Test, CancelKeepsTheFunctionsAndTheWindow) {
     const Buttons before = {1, 2, 3, 6, 7};
     setButtons(before);
     EXPECT_TRUE(choose([&](QWidget& window) {
-        click(window, QStringLiteral("ShuttleXpress"));
+        click(window, u"ShuttleXpress"_qs);
         list(window, 2).setCurrentRow(7);
-        click(window, QStringLiteral("CB1"));
+        click(window, u"CB1"_qs);
         EXPECT_EQ(buttons(), before);
         EXPECT_TRUE(window.isVisible());
-        EXPECT_TRUE(control<QWidget>(window, QStringLiteral("ShuttleXpress")).isVisible());
-        click(window, QStringLiteral("ShuttleXpress"));
+        EXPECT_TRUE(control<QWidget>(window, u"ShuttleXpress"_qs).isVisible());
+        click(window, u"ShuttleXpress"_qs);
         EXPECT_EQ(rowsShown(window), before) << "the cancelled choice does not come back";
         QTest::keyClick(&list(window, 1), Qt::Key_Escape);
     }));
@@ -131,17 +131,17 @@ TEST_F(Form3Test, TheListsHoldTheFunctionsInTheirOrder) {
     for (int row = 0; row < list(form, 5).count(); ++row) {
         texts += list(form, 5).item(row)->text();
     }
-    EXPECT_EQ(texts.join(u','), QStringLiteral("Exit To Editor,Next Bookmark,Pause/Resume,Previous "
-                                               "Bookmark,Reverse Direction,Toggle Arrow,Toggle "
-                                               "Blank Screen,Toggle Full Screen"));
+    EXPECT_EQ(texts.join(u','), u"Exit To Editor,Next Bookmark,Pause/Resume,Previous "
+                                "Bookmark,Reverse Direction,Toggle Arrow,Toggle "
+                                "Blank Screen,Toggle Full Screen"_qs);
 }
 
 TEST_F(Form3Test, ACalibrationTellsOfTheRestartWhenExitIsPressed) {
-    EXPECT_TRUE(choose([](QWidget& window) { click(window, QStringLiteral("ExitButton")); }, 1));
+    EXPECT_TRUE(choose([](QWidget& window) { click(window, u"ExitButton"_qs); }, 1));
     ASSERT_EQ(test.messages.boxes.size(), 1U);
-    EXPECT_EQ(test.messages.boxes[0].title, QStringLiteral("Restart To Apply Changes"));
+    EXPECT_EQ(test.messages.boxes[0].title, u"Restart To Apply Changes"_qs);
     EXPECT_EQ(test.messages.boxes[0].text,
-              QStringLiteral("You must restart Velmora™ before calibration changes take effect."));
+              u"You must restart Velmora™ before calibration changes take effect."_qs);
 }
 
 TEST_F(Form3Test, TheTwoButtonPageStoresItsOptions) {
@@ -168,7 +168,7 @@ TEST_F(Form3Test, TheTwoButtonPageStoresItsOptions) {
         EXPECT_EQ(settings.ControllerButton1, value);
         EXPECT_EQ(settings.ControllerButton2, value);
     }
-    click(page, QStringLiteral("Cancel"));
+    click(page, u"Cancel"_qs);
     EXPECT_EQ(settings.ControllerButton1, 0);
     EXPECT_EQ(settings.ControllerButton2, 1);
 }

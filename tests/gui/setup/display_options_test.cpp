@@ -131,7 +131,7 @@ TEST_F(Form8Test, TurboAndSpeedRangeAskFirstAndTakeEffectThen) {
     settings.ScrollerTurbo = 1;
     open();
     test.messages.boxes.clear();
-    press(QStringLiteral("ScrollerTurbo"));
+    press(u"ScrollerTurbo"_qs);
     EXPECT_EQ(settings.ScrollerTurbo, 0);
     EXPECT_TRUE(test.messages.boxes.empty()) << "off is silent";
 }
@@ -146,21 +146,21 @@ TEST_F(Form8Test, SpacingAndMaxSpeedStopAtTheirEnds) {
         }
         return presses;
     };
-    EXPECT_EQ(shown(QStringLiteral("Label3")), QStringLiteral("1.0"));
-    EXPECT_EQ(pressUntilItStays(QStringLiteral("SetLineSpacing2"), QStringLiteral("Label3")), 11);
-    EXPECT_EQ(shown(QStringLiteral("Label3")), QStringLiteral("2.0"));
-    EXPECT_EQ(pressUntilItStays(QStringLiteral("SetLineSpacing1"), QStringLiteral("Label3")), 36);
-    EXPECT_EQ(test.session.show.LineSpacingText, QStringLiteral(".75"));
+    EXPECT_EQ(shown(u"Label3"_qs), u"1.0"_qs);
+    EXPECT_EQ(pressUntilItStays(u"SetLineSpacing2"_qs, u"Label3"_qs), 11);
+    EXPECT_EQ(shown(u"Label3"_qs), u"2.0"_qs);
+    EXPECT_EQ(pressUntilItStays(u"SetLineSpacing1"_qs, u"Label3"_qs), 36);
+    EXPECT_EQ(test.session.show.LineSpacingText, u".75"_qs);
     EXPECT_EQ(settings.LineSpacingIndex, 1);
 
-    EXPECT_EQ(pressUntilItStays(QStringLiteral("DelayLess"), QStringLiteral("Label43")), 10);
+    EXPECT_EQ(pressUntilItStays(u"DelayLess"_qs, u"Label43"_qs), 10);
     EXPECT_EQ(settings.Delay, 0.1);
-    EXPECT_EQ(pressUntilItStays(QStringLiteral("DelayMore"), QStringLiteral("Label43")), 50);
+    EXPECT_EQ(pressUntilItStays(u"DelayMore"_qs, u"Label43"_qs), 50);
     EXPECT_EQ(settings.Delay, 5.0);
-    press(QStringLiteral("DelayLess"));
-    press(QStringLiteral("DelayLess"));
+    press(u"DelayLess"_qs);
+    press(u"DelayLess"_qs);
     EXPECT_EQ(settings.Delay, 5.0 - 0.1 - 0.1) << "what the steps add up to";
-    EXPECT_EQ(shown(QStringLiteral("Label43")), QStringLiteral("4.8"));
+    EXPECT_EQ(shown(u"Label43"_qs), u"4.8"_qs);
 }
 
 TEST_F(Form8Test, OpeningShowsWhatIsStoredAndLimitsWhatIsOutOfRange) {
@@ -195,10 +195,10 @@ TEST_F(Form8Test, OpeningShowsWhatIsStoredAndLimitsWhatIsOutOfRange) {
         EXPECT_EQ(settings.*row.setting, row.after);
     }
     settings.MirrorMode = -7;
-    press(QStringLiteral("Mirrordisplay"));
+    press(u"Mirrordisplay"_qs);
     EXPECT_EQ(settings.MirrorMode, 0) << "an unknown arrangement is left for the first";
     settings.Delay = 77;
-    press(QStringLiteral("DelayMore"));
+    press(u"DelayMore"_qs);
     EXPECT_EQ(settings.Delay, 5.0);
 }
 
@@ -219,15 +219,15 @@ TEST_F(Form8Test, TheCaptionPortIsToldAndCannotBeSwitchedOn) {
         std::tie(settings.CCActive, settings.CCPort, settings.CCSpeed, settings.CCParity,
                  settings.CCDataBits, settings.CCStopBits) = std::tuple_cat(row.stored);
         open();
-        press(QStringLiteral("CCSetup"));
-        EXPECT_EQ(shown(QStringLiteral("Label39")), QString::fromUtf16(row.text));
+        press(u"CCSetup"_qs);
+        EXPECT_EQ(shown(u"Label39"_qs), QString::fromUtf16(row.text));
         const std::array left = {settings.CCSpeed, settings.CCParity, settings.CCDataBits,
                                  settings.CCStopBits};
         EXPECT_EQ(left, row.limited);
         EXPECT_EQ(settings.CCActive, row.stored[0]);
-        EXPECT_EQ(test.messages.boxes.back().title, QStringLiteral("Brightleaf Pro™"));
+        EXPECT_EQ(test.messages.boxes.back().title, u"Brightleaf Pro™"_qs);
         EXPECT_EQ(test.messages.boxes.back().text,
-                  QStringLiteral("Closed Captioning Is Not Supported In This Version"));
+                  u"Closed Captioning Is Not Supported In This Version"_qs);
     }
 }
 
@@ -236,9 +236,9 @@ TEST_F(Form8Test, TheControllerWindowsChoiceIsShownAndDerived) {
     open();
     const ModalAction user(
         [](QWidget& window) { clickButton(window, u"Use RF Wireless Controller"); });
-    press(QStringLiteral("ConfigureController"));
+    press(u"ConfigureController"_qs);
     EXPECT_TRUE(user.done());
-    EXPECT_EQ(shown(QStringLiteral("Label27")), QStringLiteral("RF Wireless Controller"));
+    EXPECT_EQ(shown(u"Label27"_qs), u"RF Wireless Controller"_qs);
     EXPECT_EQ(settings.SpeedControllerInUse, 1);
 }
 
@@ -267,13 +267,13 @@ TEST_F(Form8Test, TheKeyboardReachesAndPressesEveryButton) {
                           "FullScreenMode FirstDisplayLine ScrollerTurbo ScrollSpeedControl "
                           "ConfigureController Mirrordisplay TimedDisplay CCSetup DelayLess "
                           "DelayMore ExitButton"));
-    auto& button = control<QAbstractButton>(*form, QStringLiteral("TimedDisplay"));
+    auto& button = control<QAbstractButton>(*form, u"TimedDisplay"_qs);
     button.setFocus();
     QTest::keyClick(&button, Qt::Key_Return);
     EXPECT_EQ(settings.TimedDisplay, 1);
     QTest::keyClick(&button, Qt::Key_Space);
     EXPECT_EQ(settings.TimedDisplay, 0);
-    EXPECT_EQ(button.accessibleDescription(), QStringLiteral("Timed Display Off"));
+    EXPECT_EQ(button.accessibleDescription(), u"Timed Display Off"_qs);
 }
 
 } // namespace

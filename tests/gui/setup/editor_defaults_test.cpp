@@ -24,11 +24,9 @@ protected:
         QApplication::setActiveWindow(&*form);
     }
     [[nodiscard]] QPlainTextEdit& sample() const {
-        return control<QPlainTextEdit>(*form, QStringLiteral("Text1"));
+        return control<QPlainTextEdit>(*form, u"Text1"_qs);
     }
-    [[nodiscard]] QSlider& slider() const {
-        return control<QSlider>(*form, QStringLiteral("Hscroll1"));
-    }
+    [[nodiscard]] QSlider& slider() const { return control<QSlider>(*form, u"Hscroll1"_qs); }
     template<typename Combo> void choose(const char16_t* name, const QString& text) {
         auto& combo = control<Combo>(*form, QString::fromUtf16(name));
         combo.setCurrentIndex(combo.findText(text));
@@ -38,10 +36,10 @@ protected:
         return sample().palette().color(role);
     }
     void changeEverything() {
-        click(*form, QStringLiteral("SC5"));
-        click(*form, QStringLiteral("TC7"));
-        choose<FontNameCombo>(u"Combo1", QStringLiteral("DejaVu Sans"));
-        choose<FontSizeCombo>(u"Combo2", QStringLiteral("48"));
+        click(*form, u"SC5"_qs);
+        click(*form, u"TC7"_qs);
+        choose<FontNameCombo>(u"Combo1", u"DejaVu Sans"_qs);
+        choose<FontSizeCombo>(u"Combo2", u"48"_qs);
         slider().setValue(200);
     }
 
@@ -56,12 +54,10 @@ TEST_F(Form12Test, ASwatchColoursTheSampleFromItsTable) {
         const RgbParts dark = SplitRgb(darkColour(number));
         const RgbParts bright = SplitRgb(brightColour(number));
         for (const bool screen : {true, false}) {
-            const QString name =
-                (screen ? QStringLiteral("SC%1") : QStringLiteral("TC%1")).arg(number);
+            const QString name = (screen ? u"SC%1"_qs : u"TC%1"_qs).arg(number);
             auto& swatch = control<QAbstractButton>(*form, name);
-            EXPECT_EQ(swatch.accessibleName(), (screen ? QStringLiteral("screen colour %1")
-                                                       : QStringLiteral("text colour %1"))
-                                                   .arg(number));
+            EXPECT_EQ(swatch.accessibleName(),
+                      (screen ? u"screen colour %1"_qs : u"text colour %1"_qs).arg(number));
             // What the user sees in the square is what the sample takes.
             const QColor square = swatch.grab().toImage().pixelColor(swatch.rect().center());
             click(*form, name);
@@ -106,12 +102,12 @@ TEST_F(Form12Test, OnlySaveStoresTheChoices) {
     open();
     const int smallSize = sample().font().pixelSize();
     changeEverything();
-    EXPECT_EQ(sample().font().family(), QStringLiteral("DejaVu Sans"));
+    EXPECT_EQ(sample().font().family(), u"DejaVu Sans"_qs);
     EXPECT_NEAR(sample().font().pixelSize(), smallSize * 48.0 / 26, 1);
-    click(*form, QStringLiteral("Save"));
+    click(*form, u"Save"_qs);
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(stored(), std::tuple(double{rgb(128, 0, 128)}, double{rgb(255, 255, 0)},
-                                   QStringLiteral("DejaVu Sans"), 48, 200));
+                                   u"DejaVu Sans"_qs, 48, 200));
 }
 
 TEST_F(Form12Test, WhateverIsStoredIsShownAndSavedAgain) {
@@ -121,9 +117,9 @@ TEST_F(Form12Test, WhateverIsStoredIsShownAndSavedAgain) {
         int margin;
         int marginShown;
     };
-    const Row rows[] = {{0, QStringLiteral("No Such Font"), -5, 12},
+    const Row rows[] = {{0, u"No Such Font"_qs, -5, 12},
                         {-32768, QString(), 32767, 320},
-                        {32767, QStringLiteral("Arial"), 0, 12}};
+                        {32767, u"Arial"_qs, 0, 12}};
     for (const Row& row : rows) {
         settings.ScreenFontSize = row.points;
         settings.ScreenFontName = row.name;
@@ -133,7 +129,7 @@ TEST_F(Form12Test, WhateverIsStoredIsShownAndSavedAgain) {
         open();
         EXPECT_EQ(shown(QPalette::Base), QColor(Qt::black));
         EXPECT_EQ(shown(QPalette::Text), QColor(Qt::white));
-        click(*form, QStringLiteral("Save"));
+        click(*form, u"Save"_qs);
         EXPECT_EQ(settings.ScreenFontSize, row.points);
         EXPECT_EQ(settings.ScreenFontName, row.name);
         EXPECT_EQ(settings.ColumnMargin, row.marginShown);
@@ -142,7 +138,7 @@ TEST_F(Form12Test, WhateverIsStoredIsShownAndSavedAgain) {
 
 TEST_F(Form12Test, AChoiceByKeyboardLeavesTheFocusForTheNextOne) {
     open();
-    auto& swatch = control<QAbstractButton>(*form, QStringLiteral("SC4"));
+    auto& swatch = control<QAbstractButton>(*form, u"SC4"_qs);
     swatch.setFocus();
     QTest::keyClick(&swatch, Qt::Key_Return);
     EXPECT_EQ(shown(QPalette::Base), QColor(0, 128, 0));
@@ -174,8 +170,8 @@ TEST(Form29, GivesBackTheChoiceAndNothingForExit) {
             << palette.x() << "," << palette.y() << " " << palette.width() << "x"
             << palette.height();
     }
-    EXPECT_EQ(control<QAbstractButton>(palette, QStringLiteral("TB3")).accessibleName(),
-              QStringLiteral("text background colour 3"));
+    EXPECT_EQ(control<QAbstractButton>(palette, u"TB3"_qs).accessibleName(),
+              u"text background colour 3"_qs);
 }
 
 } // namespace

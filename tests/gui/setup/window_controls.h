@@ -36,7 +36,7 @@ struct WayOut final {
 
 inline std::vector<WayOut> waysOut() {
     return {
-        {"Exit", [](QWidget& window) { click(window, QStringLiteral("ExitButton")); }},
+        {"Exit", [](QWidget& window) { click(window, u"ExitButton"_qs); }},
         {"Escape", [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }},
         {"frame", [](QWidget& window) { window.close(); }},
     };

@@ -94,7 +94,7 @@ TEST(SetupWindows, FitTheScreenAndClipNoText) {
             window->show();
             check(*window);
         }
-        click(*windows[3], QStringLiteral("ShuttleXpress"));
+        click(*windows[3], u"ShuttleXpress"_qs);
         check(*windows[3]);
     }
     QApplication::setFont(fontBefore);
