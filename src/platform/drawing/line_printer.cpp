@@ -211,7 +211,7 @@ void drawGlyphs(Surface& target, const PlacedGlyphs& placed, const QRect& rows, 
 
 void printLine(Surface& target, const std::vector<StyledText>& runs, const PrintBox& box,
                GlyphMaskCache& cache) {
-    printLine(target, shapeLine(runs, box.rightToLeft), runs, box, cache);
+    printLine(target, shapeLine(runs, box.rightToLeft, box.roomForBlanks), runs, box, cache);
 }
 
 void printLine(Surface& target, const LineShape& shape, const std::vector<StyledText>& runs,

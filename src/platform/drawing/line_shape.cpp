@@ -207,9 +207,30 @@ LaidOutLine partsOf(const std::vector<StyledText>& runs, const QTextLine& line) 
     return shown;
 }
 
+/// Blanks that the text engine lets hang over where it breaks a line.
+bool hangsOver(QChar character) {
+    return character.isSpace() && character.decompositionTag() != QChar::NoBreak;
+}
+
+/// They stay in the layout, and so have their share of the line's height. A line of nothing else
+/// keeps them all.
+void dropHangingBlanks(LaidOutLine& shown) {
+    std::vector<LinePart> parts = shown.parts;
+    while (!parts.empty()) {
+        LinePart& last = parts.back();
+        while (last.length > 0 && hangsOver(shown.at(last.start + last.length - 1)))
+            --last.length;
+        if (last.length > 0) {
+            shown.parts = std::move(parts);
+            return;
+        }
+        parts.pop_back();
+    }
+}
+
 } // namespace
 
-LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft) {
+LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft, double roomForBlanks) {
     const ShownText shown = shownText(runs);
     if (shown.text.isEmpty())
         return {};
@@ -230,6 +251,8 @@ LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft) {
         const auto& range = shown.ranges[static_cast<qsizetype>(i)];
         laidOut.parts.push_back({range.start, range.length, shown.runOfRange[i]});
     }
+    if (line.naturalTextWidth() > roomForBlanks)
+        dropHangingBlanks(laidOut);
     return shapeOf(laidOut, runs, {});
 }
 

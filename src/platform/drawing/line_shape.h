@@ -46,10 +46,12 @@ struct LineShape final {
 };
 
 /// Shapes a line without its markers "^" and "~" and without line ends. No text: no stretches.
+/// Blanks at its end have no stretches where they reach beyond their room, in reference units.
 ///
 /// The line is all there is: where it is a part of a paragraph with text that runs from right to
 /// left, its order is another one than in the paragraph.
-[[nodiscard]] LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft);
+[[nodiscard]] LineShape shapeLine(const std::vector<StyledText>& runs, bool rightToLeft,
+                                  double roomForBlanks);
 
 /// The same for a line of a laid out paragraph, in the order that it has there. The runs are the
 /// whole line's, from its first character on. Where a marker is left out the line closes up.

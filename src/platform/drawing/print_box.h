@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <limits>
+
 namespace velmora {
 
 /// One stretch of a line in one format, as the drawing of a line needs it.
@@ -29,6 +31,10 @@ struct PrintBox final {
     bool extendBackground = false;
     /// Reading order of the line's paragraph; printRange takes it from the document.
     bool rightToLeft = false;
+    /// Width of the line's column in reference units. Where blanks at the line's end reach beyond,
+    /// all of them hang over, and show neither strokes nor a background. printRange takes it from
+    /// the document: 0 for a line that was broken, which is where its blanks hang over.
+    double roomForBlanks = std::numeric_limits<double>::infinity();
 };
 
 } // namespace velmora

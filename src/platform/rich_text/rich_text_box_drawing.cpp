@@ -57,6 +57,12 @@ bool needsParagraph(const LinePlace& place, DocumentRange range, const Paragraph
     return format.rightToLeft || runsRightToLeft(place.block.text());
 }
 
+/// Whether a range reaches the end of a line that was broken.
+bool isWrapped(const LinePlace& place, DocumentRange range) {
+    return place.line.lineNumber() < place.block.layout()->lineCount() - 1 &&
+           range.end >= place.start() + place.line.textLength();
+}
+
 void print(Surface& target, const QTextDocument& document, const DocumentLayout& layout,
            DocumentRange range, const PrintBox& box, GlyphMaskCache& cache) {
     const LinePlace place = layout.lineOfPosition(range.begin);
@@ -64,6 +70,7 @@ void print(Surface& target, const QTextDocument& document, const DocumentLayout&
     const std::vector<StyledText> runs = styledRuns(document, range);
     PrintBox directed = box;
     directed.rightToLeft = format.rightToLeft;
+    directed.roomForBlanks = isWrapped(place, range) ? 0 : place.line.width();
     if (needsParagraph(place, range, format)) {
         printLine(target, shapeLineOfParagraph(runs, place.line), runs, directed, cache);
     } else {

@@ -106,6 +106,26 @@ TEST_P(ParagraphOrder, OfEveryLineIsThatOfTheEditor) {
     }
 }
 
+TEST(StrokesOfALine, EndWhereTheTextEngineEndsThem) {
+    // Broken lines, a last line with and without room for its blanks.
+    for (const QString& text :
+         {u"one two  three four five, six   "_qs, u"\u05e9\u05dc one \u05d5\u05dd  two  "_qs}) {
+        for (const double width : {60.0, 74.0, 90.0, 125.0, 170.0, 2000.0}) {
+            RichTextBox box;
+            fill(box, text, false, width);
+            box.selectAll();
+            box.setSelUnderline(true);
+            box.setSelStrikeThru(true);
+            for (int line = 0; line < box.lineCount(); ++line) {
+                const Ink expected = drawnInItsParagraph(box, line);
+                const Ink ink = printed(box, line);
+                EXPECT_NEAR(ink.right - ink.left, expected.right - expected.left, 3)
+                    << text.toStdString() << width << " line " << line;
+            }
+        }
+    }
+}
+
 TEST(ParagraphOrderOfMarkedText, ClosesUpWhereMarkersAreLeftOut) {
     const QString lines = u"%1says \u05e9\u05dc\u05d5\u05dd, %2 12 \u05d0\u05d1,\u2028"
                           u"%1\u05d2\u05d3 (45%2), Qt\u2028"
