@@ -3,10 +3,9 @@ script through the file dialog, a running show, its window closed by the frame, 
 
 import unittest
 
-from harness import HELP_WINDOW, MAIN_WINDOW, ROOT, Desk, program_path
+from harness import ROOT, SHOW_WINDOW, Desk, program_path
 
 SCREEN = (1280, 720)
-SHOW_WINDOW = "^Velmora Display"
 LOAD_DIALOG = "^Load"
 EXIT_QUESTION = "^Exit$"
 # Rows and columns that hold text and nothing else: no arrow, no clocks, no controls, and no margin.
@@ -20,20 +19,13 @@ MOST_ROWS_BETWEEN_PICTURES = 400
 class ColdStartTest(unittest.TestCase):
     def test_from_an_empty_configuration_to_a_show_and_back(self):
         with Desk(SCREEN) as self.desk:
-            self.start()
+            self.desk.open_editor(program_path())
             self.load(ROOT / "examples/bulletin.rtf")
             paused = self.play_and_pause()
-            self.leave_by_the_frame()
+            self.desk.leave_show(self.desk.close_by_frame)
+            self.assertIsNone(self.desk.program.poll(), "the program ended with its show")
             self.assert_caret_on_top_line_of(paused)
             self.leave_the_program()
-
-    def start(self):
-        desk = self.desk
-        desk.start(program_path())
-        desk.wait_for_focus(desk.wait_for_window(HELP_WINDOW))
-        desk.key("Return")
-        desk.wait_until_gone(HELP_WINDOW)
-        desk.wait_for_focus(desk.wait_for_window(MAIN_WINDOW))
 
     def load(self, script):
         desk = self.desk
@@ -43,7 +35,7 @@ class ColdStartTest(unittest.TestCase):
         desk.type(str(script))
         desk.key("Return")
         desk.wait_until_gone(LOAD_DIALOG)
-        desk.wait_for_focus(desk.wait_for_window(MAIN_WINDOW + ".*" + script.name))
+        desk.wait_for_editor(script.name)
         desk.wait_until("the script in the editor",
                         lambda: desk.picture().rows(TEXT) != empty.rows(TEXT))
 
@@ -75,13 +67,6 @@ class ColdStartTest(unittest.TestCase):
         desk.key("space")
         return self.still_picture("the show paused")
 
-    def leave_by_the_frame(self):
-        desk = self.desk
-        desk.close_by_frame()
-        desk.wait_until_gone(SHOW_WINDOW)
-        desk.wait_for_focus(desk.wait_for_window(MAIN_WINDOW))
-        self.assertIsNone(desk.program.poll(), "the program ended with its show")
-
     def assert_caret_on_top_line_of(self, paused):
         """A show from the cursor begins with the caret's line at the top. What the paused show had
         at its top must lie within that line."""
@@ -91,9 +76,7 @@ class ColdStartTest(unittest.TestCase):
         again = self.still_picture("the show from the cursor")
         rise = paused.rise_since(again, TEXT, LINE_HEIGHT)
         self.assertIsNotNone(rise, "the caret was not on the line that stood at the top")
-        desk.key("Escape")
-        desk.wait_until_gone(SHOW_WINDOW)
-        desk.wait_for_focus(desk.wait_for_window(MAIN_WINDOW))
+        desk.leave_show(lambda: desk.key("Escape"))
 
     def leave_the_program(self):
         """The loaded text has not been saved since: the program asks."""

@@ -15,6 +15,7 @@ from virtual_screen import VirtualScreen  # noqa: E402
 
 MAIN_WINDOW = "^Velmora V12\\.0"
 HELP_WINDOW = "^Multiple Monitors"
+SHOW_WINDOW = "^Velmora Display"
 
 
 class Picture:
@@ -140,6 +141,24 @@ class Desk(VirtualScreen):
         values = dict(re.findall(r"^ *([A-Za-z- ]+): *(-?\d+)$", printed, re.MULTILINE))
         return tuple(int(values[name]) for name in (
             "Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+
+    def open_editor(self, program, *arguments, title=""):
+        """Starts the program, closes the help on monitors and waits for the main window."""
+        self.start(program, *arguments)
+        self.wait_for_focus(self.wait_for_window(HELP_WINDOW))
+        self.key("Return")
+        self.wait_until_gone(HELP_WINDOW)
+        self.wait_for_editor(title)
+
+    def wait_for_editor(self, title=""):
+        """Waits for the main window with the keyboard, and the title in its caption."""
+        self.wait_for_focus(self.wait_for_window(MAIN_WINDOW + ".*" + title))
+
+    def leave_show(self, leave):
+        """Leaves the running show by calling leave, and waits for the editor."""
+        leave()
+        self.wait_until_gone(SHOW_WINDOW)
+        self.wait_for_editor()
 
     def close_by_frame(self):
         """Asks the focused window to close, the way the cross in its frame does."""

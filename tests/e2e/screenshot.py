@@ -7,7 +7,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-from harness import HELP_WINDOW, MAIN_WINDOW, Desk
+from harness import Desk
 
 
 def main(arguments):
@@ -17,11 +17,7 @@ def main(arguments):
     size = arguments[3] if len(arguments) == 4 else "1920x1080"
     script = Path(script).resolve(strict=True)
     with Desk(tuple(int(number) for number in size.split("x"))) as desk:
-        desk.start(program, script)
-        desk.wait_for_focus(desk.wait_for_window(HELP_WINDOW))
-        desk.key("Return")
-        desk.wait_until_gone(HELP_WINDOW)
-        desk.wait_for_focus(desk.wait_for_window(MAIN_WINDOW + ".*" + script.name))
+        desk.open_editor(program, script, title=script.name)
         desk.call("import", "-silent", "-window", "root", Path(out).resolve())
 
 

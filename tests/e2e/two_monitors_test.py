@@ -3,12 +3,11 @@ rectangle that the command line gives; and touches nothing beside it."""
 
 import unittest
 
-from harness import HELP_WINDOW, MAIN_WINDOW, ROOT, Desk, program_path
+from harness import ROOT, SHOW_WINDOW, Desk, program_path
 
 SCREEN = (2080, 720)
 LEFT = (0, 0, 1280, 720)
 RIGHT = (1280, 0, 800, 600)
-SHOW_WINDOW = "^Velmora Display"
 BESIDE = "#204060"
 BULLETIN = ROOT / "examples/bulletin.rtf"
 # Left, top, width and height of display 1, no display 2.
@@ -62,19 +61,13 @@ class TwoMonitorsTest(unittest.TestCase):
 
     def test_a_show_stands_in_the_rectangle_of_the_command_line(self):
         desk = self.desk()
-        desk.start(program_path(), COLUMNS)
-        desk.wait_for_focus(desk.wait_for_window(HELP_WINDOW))
-        desk.key("Return")
-        desk.wait_until_gone(HELP_WINDOW)
-        desk.wait_for_focus(desk.wait_for_window(MAIN_WINDOW))
+        desk.open_editor(program_path(), COLUMNS)
         desk.type("Good evening.")
         before = desk.picture()
         desk.key("F1")
         self.assert_show_stands_in(desk, RECTANGLE, before, FRAME_EDGE)
         desk.wait_for_focus(desk.wait_for_window(SHOW_WINDOW))
-        desk.key("Escape")
-        desk.wait_until_gone(SHOW_WINDOW)
-        desk.wait_for_focus(desk.wait_for_window(MAIN_WINDOW))
+        desk.leave_show(lambda: desk.key("Escape"))
 
 
 if __name__ == "__main__":

@@ -18,13 +18,8 @@ ScreenState screenOf(int wide, int high) {
     return screen;
 }
 
-struct Size final {
-    int wide;
-    int high;
-};
-
-const Size screens[] = {{640, 480},   {1280, 720},  {1366, 768},
-                        {1920, 1080}, {2560, 1440}, {3840, 2160}};
+const QSize screens[] = {{640, 480},   {1280, 720},  {1366, 768},
+                         {1920, 1080}, {2560, 1440}, {3840, 2160}};
 
 std::vector<QRect> controls(const MainWindowLayout& layout) {
     return {layout.LoadText,    layout.SaveText,   layout.Combo1,      layout.Combo2,
@@ -33,11 +28,12 @@ std::vector<QRect> controls(const MainWindowLayout& layout) {
 }
 
 TEST(MainWindowLayout, EveryControlIsInsideTheWindowAndTouchesNoOther) {
-    for (const Size& size : screens) {
+    for (const QSize& size : screens) {
         // The whole screen, and what a title bar and a panel leave of it.
-        for (const QSize client : {QSize(size.wide, size.high), QSize(size.wide, size.high - 60)}) {
-            SCOPED_TRACE(testing::Message() << size.wide << "x" << client.height());
-            const ScreenState screen = screenOf(size.wide, size.high);
+        for (const QSize client :
+             {QSize(size.width(), size.height()), QSize(size.width(), size.height() - 60)}) {
+            SCOPED_TRACE(testing::Message() << size.width() << "x" << client.height());
+            const ScreenState screen = screenOf(size.width(), size.height());
             const MainWindowLayout layout = layoutMainWindow(screen, client);
             const auto all = controls(layout);
             for (std::size_t i = 0; i < all.size(); ++i) {

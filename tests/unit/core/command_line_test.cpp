@@ -66,21 +66,17 @@ TEST_F(CommandLineTest, UnderstandsTheUnattendedRuns) {
     EXPECT_EQ(r.forSeconds, 30);
     EXPECT_EQ(r.report, m_test.path(u"r.json"_qs));
     EXPECT_EQ(r.picture, m_test.path(u"p.png"_qs));
+    for (const char* limits :
+         {"--rehearse a.rtf --speed 119", "--rehearse a.rtf --speed 136 --for 5",
+          "--rehearse a.rtf --speed 127 --range full"}) {
+        EXPECT_EQ(parseWords(limits).action, Action::Rehearse) << limits;
+    }
     TestSession other;
     applyRehearsal(r, other.session);
     EXPECT_EQ(other.session.settings.ScrollSpeed, 110.5);
     EXPECT_EQ(other.session.settings.ScrollSpeedControl, 1);
     EXPECT_EQ(other.session.settings.RowStep, 2);
     EXPECT_EQ(other.session.settings.ColumnMargin, 160);
-}
-
-TEST_F(CommandLineTest, TakesEverySpeedThatARehearsalPlaysAsGiven) {
-    for (const char* words :
-         {"--rehearse a.rtf --speed 119", "--rehearse a.rtf --speed 136 --for 5",
-          "--rehearse a.rtf --speed 127 --range full"}) {
-        const CommandLine line = parseWords(words);
-        EXPECT_EQ(line.action, Action::Rehearse) << words << ": " << line.problem.toStdString();
-    }
 }
 
 TEST_F(CommandLineTest, RefusesEverythingElseAndNamesIt) {

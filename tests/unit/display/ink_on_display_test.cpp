@@ -11,8 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
-
 using namespace velmora;
 
 namespace {
@@ -39,28 +37,9 @@ RichTextFragment script() {
     };
     RichTextFragment text;
     for (const auto& runs : paragraphs) {
-        Paragraph paragraph;
-        for (const StyledText& run : runs) {
-            const int length = static_cast<int>(run.text.size());
-            paragraph.runs.push_back({length, static_cast<int>(text.formats.size())});
-            paragraph.text += run.text;
-            text.formats.push_back(run.format);
-        }
-        paragraph.endFormat = paragraph.runs.back().format;
-        text.paragraphs.push_back(paragraph);
+        appendParagraph(text, runs);
     }
     return text;
-}
-
-/// Of white text on black.
-double lightOf(const QImage& picture) {
-    std::int64_t light = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
-        light = std::accumulate(row, row + picture.width(), light,
-                                [](std::int64_t sum, QRgb pixel) { return sum + qGreen(pixel); });
-    }
-    return static_cast<double>(light);
 }
 
 /// A show without windows: the script on a display of this size.
@@ -139,9 +118,9 @@ TEST_P(InkOnDisplay, OfNoLineIsLost) {
             Show show(GetParam(), margin, alignment, cache);
             ASSERT_GE(show.lineCount(), 6);
             for (int line = 0; line < show.lineCount(); ++line) {
-                const double whole = lightOf(show.withRoom(line));
+                const double whole = inkOf(show.withRoom(line)).amount;
                 ASSERT_GT(whole, 0);
-                EXPECT_NEAR(lightOf(show.onDisplay(line)) / whole, 1, 0.002)
+                EXPECT_NEAR(inkOf(show.onDisplay(line)).amount / whole, 1, 0.002)
                     << "margin " << margin << ", alignment " << static_cast<int>(alignment) << ", "
                     << show.height(line) << " rows: " << show.text(line).toStdString();
             }

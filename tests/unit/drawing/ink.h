@@ -2,6 +2,7 @@
 
 #include "platform/drawing/print_box.h"
 #include "platform/drawing/surface.h"
+#include "platform/rich_text/rich_text_fragment.h"
 
 #include <QImage>
 
@@ -74,15 +75,21 @@ inline StyledText styled(const QString& text, const QString& fontName, int halfP
                          const char* styles = "") {
     const std::string_view wanted(styles);
     const auto has = [&](char style) { return wanted.find(style) != std::string_view::npos; };
-    StyledText run{text, {}};
-    run.format.fontName = fontName;
-    run.format.halfPoints = halfPoints;
-    run.format.color = White;
-    run.format.bold = has('b');
-    run.format.italic = has('i');
-    run.format.underline = has('u');
-    run.format.strikeThrough = has('s');
-    return run;
+    return {text, {fontName, halfPoints, White, 0, has('b'), has('i'), has('u'), has('s')}};
+}
+
+/// A paragraph of such runs.
+inline void appendParagraph(RichTextFragment& fragment, const std::vector<StyledText>& runs,
+                            const ParagraphFormat& format = {}) {
+    Paragraph paragraph;
+    paragraph.format = format;
+    for (const StyledText& run : runs) {
+        paragraph.endFormat = static_cast<int>(fragment.formats.size());
+        paragraph.runs.push_back({static_cast<int>(run.text.size()), paragraph.endFormat});
+        paragraph.text += run.text;
+        fragment.formats.push_back(run.format);
+    }
+    fragment.paragraphs.push_back(paragraph);
 }
 
 } // namespace velmora

@@ -35,16 +35,14 @@ const QString Arabic =
 
 /// In three formats, so that runs and directions end at different places.
 void fill(RichTextBox& box, const QString& text, bool rightToLeft, double wrapPixels) {
+    const QString font = u"DejaVu Sans"_qs;
+    const qsizetype third = text.size() / 3;
     RichTextFragment fragment;
-    for (const char* styles : {"", "b", "i"}) {
-        fragment.formats.push_back(styled({}, u"DejaVu Sans"_qs, 28, styles).format);
-    }
-    Paragraph paragraph;
-    paragraph.text = text;
-    paragraph.format.rightToLeft = rightToLeft;
-    const int third = static_cast<int>(text.size()) / 3;
-    paragraph.runs = {{third, 0}, {third, 1}, {static_cast<int>(text.size()) - 2 * third, 2}};
-    fragment.paragraphs = {paragraph};
+    appendParagraph(fragment,
+                    {styled(text.left(third), font, 28),
+                     styled(text.mid(third, third), font, 28, "b"),
+                     styled(text.mid(2 * third), font, 28, "i")},
+                    {Alignment::Left, rightToLeft});
     box.setWrapWidth(wrapPixels);
     box.setFragment(fragment);
 }

@@ -59,26 +59,6 @@ RichTextFragment textIn(const std::vector<Rgb24>& colors, unsigned seed) {
     return text;
 }
 
-TEST(ColourRule, LeavesNoTextInTheColourOfItsOwnBackground) {
-    constexpr Rgb24 Yellow = 0x00FFFF;
-    struct Case final {
-        Rgb24 color;
-        Rgb24 behind;
-        Rgb24 newColor;
-        Rgb24 newBehind;
-    };
-    for (const Case& it : {Case{Black, White, White, 0}, Case{Black, Yellow, White, Yellow},
-                           Case{Red, White, Red, White}, Case{Black, 0, White, 0}}) {
-        RichTextFragment text;
-        text.formats.resize(1);
-        text.formats[0].color = it.color;
-        text.formats[0].backColor = it.behind;
-        applyColourRuleForBackground(text, Black);
-        EXPECT_EQ(text.formats[0].color, it.newColor) << it.color << " on " << it.behind;
-        EXPECT_EQ(text.formats[0].backColor, it.newBehind) << it.color << " on " << it.behind;
-    }
-}
-
 TEST(ColourRule, GivesWhatTheWalkInBlocksGives) {
     const std::vector<std::vector<Rgb24>> palettes = {{Black},
                                                       {White},
@@ -101,19 +81,23 @@ TEST(ColourRule, GivesWhatTheWalkInBlocksGives) {
     }
 }
 
-TEST(ColourRule, DependsOnTheBackground) {
+TEST(ColourRule, DependsOnTheBackgroundAndLeavesNoTextInTheColourOfItsOwn) {
+    constexpr Rgb24 Yellow = 0x00FFFF;
+    constexpr Rgb24 DarkBlue = 0x800000;
     struct Case final {
-        Rgb24 background, text, expected;
+        Rgb24 background, color, behind;
+        Rgb24 newColor, newBehind;
     };
     for (const Case& c :
-         {Case{Black, Black, White}, Case{Black, White, White}, Case{Black, Red, Red},
-          Case{White, White, Black}, Case{White, Black, Black}, Case{0x800000, Black, Black},
-          Case{0x010000, White, White}}) {
-        RichTextFragment text;
-        text.formats.resize(1);
-        text.formats[0].color = c.text;
+         {Case{Black, Black, 0, White, 0}, Case{Black, White, 0, White, 0},
+          Case{Black, Red, 0, Red, 0}, Case{White, White, 0, Black, 0},
+          Case{White, Black, 0, Black, 0}, Case{DarkBlue, Black, 0, Black, 0},
+          Case{0x010000, White, 0, White, 0}, Case{Black, Black, White, White, 0},
+          Case{Black, Black, Yellow, White, Yellow}, Case{Black, Red, White, Red, White}}) {
+        RichTextFragment text{{{QString(), 24, c.color, c.behind}}, {}};
         applyColourRuleForBackground(text, c.background);
-        EXPECT_EQ(text.formats[0].color, c.expected) << c.background << ' ' << c.text;
+        EXPECT_EQ(text.formats[0].color, c.newColor) << c.color << " on " << c.background;
+        EXPECT_EQ(text.formats[0].backColor, c.newBehind) << c.color << " on " << c.behind;
     }
 }
 

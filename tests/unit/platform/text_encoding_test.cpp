@@ -7,24 +7,6 @@
 namespace velmora {
 namespace {
 
-TEST(TextEncoding, RecognisesTheEncodingOfAFile) {
-    const std::pair<QByteArray, QString> cases[] = {
-        {"plain\r\n", u"plain\r\n"_qs},
-        {"\xC3\xA9", u"é"_qs},
-        {"\xEF\xBB\xBF\xC3\xA9", u"é"_qs},
-        {QByteArray("\xFF\xFE\xE9\x00", 4), u"é"_qs},
-        {QByteArray("\xFE\xFF\x00\xE9", 4), u"é"_qs},
-        {"caf\xE9 \x80 \x93", u"café € “"_qs},
-        // A sequence that breaks off is not UTF-8.
-        {"ab\xC3", u"abÃ"_qs},
-        {"\xEF\xBB\xBF", QString()},
-        {QByteArray(), QString()},
-    };
-    for (const auto& [bytes, text] : cases) {
-        EXPECT_EQ(decodeText(bytes), text) << bytes.toHex().toStdString();
-    }
-}
-
 TEST(TextEncoding, WritesTheCodePageWhereItCanAndLosesNoCharacter) {
     EXPECT_EQ(encodeText(u"café €"_qs), QByteArray("caf\xE9 \x80"));
     EXPECT_EQ(encodeText(u"żółw"_qs).left(3), QByteArray("\xEF\xBB\xBF"));

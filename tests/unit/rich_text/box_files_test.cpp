@@ -34,6 +34,9 @@ TEST_F(BoxFiles, PlainTextOfEveryKindLoadsAndComesBack) {
         {"a\nb\rc\r\nd", u"a\r\nb\r\nc\r\nd"_qs, "a\r\nb\r\nc\r\nd"},
         {"\xE9t\xE9 \x80\x85", u"\u00E9t\u00E9 \u20AC\u2026"_qs, "\xE9t\xE9 \x80\x85"},
         {"\xC3\xA9", u"\u00E9"_qs, "\xE9"},
+        // A sequence that breaks off is not UTF-8, and a mark alone is no text.
+        {"ab\xC3", u"ab\u00C3"_qs, "ab\xC3"},
+        {"\xEF\xBB\xBF", u""_qs, ""},
         {"\xEF\xBB\xBF\xD0\x96", u"\u0416"_qs, "\xEF\xBB\xBF\xD0\x96"},
         {QByteArray("\xFF\xFE\x16\x04\x0D\x00\x0A\x00", 8), u"\u0416\r\n"_qs,
          "\xEF\xBB\xBF\xD0\x96\r\n"},
