@@ -9,7 +9,7 @@ build_packages=(cmake ninja-build g++ ccache qt6-base-dev libsdl2-dev libxss-dev
     fonts-liberation fonts-dejavu-core)
 screen_packages=(xvfb openbox xdotool python3)
 test_packages=("${screen_packages[@]}" libgtest-dev libgmock-dev x11-utils
-    x11-xserver-utils imagemagick clang-format)
+    x11-xserver-utils imagemagick clang-format dbus-daemon)
 bench_packages=(libbenchmark-dev)
 tidy_packages=(clang-tidy)
 fuzz_packages=(clang libclang-rt-dev)

@@ -1,7 +1,7 @@
 #include "core/display_rects.h"
 
 #include "core/session.h"
-#include "platform/desktop/monitors.h"
+#include "platform/desktop/cls_monitors.h"
 
 namespace velmora {
 
@@ -30,11 +30,11 @@ void GetDisplayRect(Session& session, int n) {
         }
         return;
     }
-    const auto monitors = session.platform.monitors.displays();
+    const clsMonitors desktop(session.platform.monitors);
     const auto index = static_cast<std::size_t>(n - 1);
-    if (n >= 1 && index < monitors.size()) {
-        const QRect& monitor = monitors[index];
-        fill(d, monitor.left(), monitor.top(), monitor.width(), monitor.height());
+    if (n >= 1 && index < desktop.Monitors().size()) {
+        const clsMonitor& monitor = desktop.Monitors()[index];
+        fill(d, monitor.Left, monitor.Top, monitor.Width, monitor.Height);
     }
 }
 

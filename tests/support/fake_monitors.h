@@ -10,6 +10,12 @@ namespace velmora {
 class FakeMonitors final : public Monitors {
 public:
     [[nodiscard]] std::vector<QRect> displays() const override { return rectangles; }
+    [[nodiscard]] QRect workArea(const QRect& display) const override {
+        return display.adjusted(0, panelHeight, 0, 0);
+    }
+    [[nodiscard]] QRect primary() const override {
+        return rectangles.empty() ? QRect() : rectangles.front();
+    }
     [[nodiscard]] QSize primarySize() const override {
         return rectangles.empty() ? QSize(640, 480) : rectangles.front().size();
     }
@@ -17,6 +23,8 @@ public:
     [[nodiscard]] double refreshRate(const QRect&) const override { return rate; }
 
     std::vector<QRect> rectangles = {QRect(0, 0, 1920, 1080)};
+    /// Of a panel along the top of each display.
+    int panelHeight = 0;
     int depth = 32;
     double rate = 60;
 };

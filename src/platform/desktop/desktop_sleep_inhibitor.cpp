@@ -5,7 +5,6 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusUnixFileDescriptor>
-#include <QFileInfo>
 #include <QThread>
 
 namespace velmora {
@@ -19,40 +18,52 @@ constexpr unsigned long LeaveTimeoutMs = 500;
 
 const QString program = QStringLiteral("Velmora");
 
-/// Whether there is a bus to connect to. Asking for one where there is none would start it.
-bool sessionBusAtHand() {
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+/// The buses are named by their addresses: asked for a session bus where there is none, the
+/// library would start one.
+QString sessionBusAddress() {
+    return qEnvironmentVariable(
+        "DBUS_SESSION_BUS_ADDRESS",
+        QStringLiteral("unix:path=%1/bus").arg(qEnvironmentVariable("XDG_RUNTIME_DIR")));
 }
 
-QDBusMessage call(const QDBusConnection& bus, const QString& service, const QString& path,
-                  const QString& interface, const QString& method, const QVariantList& arguments) {
-    QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
-    message.setArguments(arguments);
-    message.setAutoStartService(false);
-    return bus.call(message, QDBus::Block, AnswerTimeoutMs);
+QString systemBusAddress() {
+    return qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS",
+                                QStringLiteral("unix:path=/var/run/dbus/system_bus_socket"));
+}
+
+struct Address final {
+    QString service;
+    QString path;
+    QString interface;
+};
+
+QDBusMessage message(const Address& to, const QString& method, const QVariantList& arguments) {
+    QDBusMessage call = QDBusMessage::createMethodCall(to.service, to.path, to.interface, method);
+    call.setArguments(arguments);
+    call.setAutoStartService(false);
+    return call;
+}
+
+/// The first value of the answer; invalid where there is none.
+QVariant ask(const QDBusConnection& bus, const QDBusMessage& call) {
+    const QDBusMessage answer = bus.call(call, QDBus::Block, AnswerTimeoutMs);
+    const bool answered = answer.type() == QDBusMessage::ReplyMessage;
+    return answered ? answer.arguments().value(0) : QVariant();
 }
 
 /// The desktop's screen saver service on the session bus.
 class ScreenSaverService final {
 public:
     void inhibit(const QString& reason) {
-        if (!sessionBusAtHand()) {
-            return;
-        }
         // A connection of its own: closing it drops what it asked for, whatever went wrong.
-        const QDBusConnection bus =
-            QDBusConnection::connectToBus(QDBusConnection::SessionBus, Connection);
-        const QDBusMessage answer =
-            call(bus, Service, Path, Service, QStringLiteral("Inhibit"), {program, reason});
-        if (answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty()) {
-            m_cookie = answer.arguments().constFirst();
-        }
+        const QDBusConnection bus = QDBusConnection::connectToBus(sessionBusAddress(), Connection);
+        m_cookie = ask(bus, message(Service, QStringLiteral("Inhibit"), {program, reason}));
     }
     void release() {
         if (m_cookie.isValid()) {
-            call(QDBusConnection(Connection), Service, Path, Service, QStringLiteral("UnInhibit"),
-                 {m_cookie});
+            // Nobody needs the answer.
+            QDBusConnection(Connection)
+                .send(message(Service, QStringLiteral("UnInhibit"), {m_cookie}));
             m_cookie.clear();
         }
         QDBusConnection::disconnectFromBus(Connection);
@@ -60,8 +71,9 @@ public:
 
 private:
     const QString Connection = QStringLiteral("velmora-show-session");
-    const QString Service = QStringLiteral("org.freedesktop.ScreenSaver");
-    const QString Path = QStringLiteral("/org/freedesktop/ScreenSaver");
+    const Address Service{QStringLiteral("org.freedesktop.ScreenSaver"),
+                          QStringLiteral("/org/freedesktop/ScreenSaver"),
+                          QStringLiteral("org.freedesktop.ScreenSaver")};
     QVariant m_cookie;
 };
 
@@ -69,17 +81,15 @@ private:
 class LoginManager final {
 public:
     void inhibit(const QString& reason) {
-        const QDBusConnection bus =
-            QDBusConnection::connectToBus(QDBusConnection::SystemBus, Connection);
+        const QDBusConnection bus = QDBusConnection::connectToBus(systemBusAddress(), Connection);
         // A user who may not forbid sleep may still tell that the machine is not idle.
         for (const char* what : {"sleep:idle", "idle"}) {
-            const QDBusMessage answer =
-                call(bus, QStringLiteral("org.freedesktop.login1"),
-                     QStringLiteral("/org/freedesktop/login1"),
-                     QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("Inhibit"),
-                     {QString::fromLatin1(what), program, reason, QStringLiteral("block")});
-            if (answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty()) {
-                m_lock = qvariant_cast<QDBusUnixFileDescriptor>(answer.arguments().constFirst());
+            const QVariant lock =
+                ask(bus,
+                    message(Service, QStringLiteral("Inhibit"),
+                            {QString::fromLatin1(what), program, reason, QStringLiteral("block")}));
+            if (lock.isValid()) {
+                m_lock = qvariant_cast<QDBusUnixFileDescriptor>(lock);
                 return;
             }
         }
@@ -91,6 +101,9 @@ public:
 
 private:
     const QString Connection = QStringLiteral("velmora-show-system");
+    const Address Service{QStringLiteral("org.freedesktop.login1"),
+                          QStringLiteral("/org/freedesktop/login1"),
+                          QStringLiteral("org.freedesktop.login1.Manager")};
     QDBusUnixFileDescriptor m_lock;
 };
 
@@ -104,7 +117,8 @@ public:
         m_thread->start(QThread::LowPriority);
     }
     ~BusThread() {
-        m_thread->quit();
+        // Behind whatever is still to be done.
+        post([thread = m_thread] { thread->quit(); });
         if (m_thread->wait(LeaveTimeoutMs)) {
             delete m_services;
             delete m_thread;
@@ -125,10 +139,6 @@ public:
             services->screenSaver.release();
             services->loginManager.release();
         });
-    }
-    void waitForAnswers() {
-        QMetaObject::invokeMethod(
-            m_services, [] {}, Qt::BlockingQueuedConnection);
     }
 
 private:
@@ -172,12 +182,6 @@ void DesktopSleepInhibitor::release() {
     m_inhibited = false;
     suspendXScreenSaver(false);
     m_bus->release();
-}
-
-void DesktopSleepInhibitor::waitForAnswers() {
-    if (m_bus != nullptr) {
-        m_bus->waitForAnswers();
-    }
 }
 
 } // namespace velmora

@@ -18,9 +18,6 @@ public:
     void inhibit(const QString& reason) override;
     void release() override;
 
-    /// Waits until everything that was asked for so far has been answered or has failed; for tests.
-    void waitForAnswers();
-
 private:
     class BusThread;
 

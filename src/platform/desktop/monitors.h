@@ -13,7 +13,12 @@ public:
     /// Rectangles in real pixels, the display at the desktop's top left first, then by left and
     /// top.
     [[nodiscard]] virtual std::vector<QRect> displays() const = 0;
-    /// Size of the primary screen in real pixels.
+    /// Part of a display that the desktop's panels leave free, told by the display's rectangle; all
+    /// of it where no screen is exactly there.
+    [[nodiscard]] virtual QRect workArea(const QRect& display) const = 0;
+    /// Rectangle of the primary screen; empty where there is none.
+    [[nodiscard]] virtual QRect primary() const = 0;
+    /// Size of the primary screen in real pixels; 640 by 480 where there is none.
     [[nodiscard]] virtual QSize primarySize() const = 0;
     /// Bits a pixel of the primary screen.
     [[nodiscard]] virtual int colorDepth() const = 0;

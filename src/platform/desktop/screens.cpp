@@ -13,9 +13,12 @@ namespace {
 constexpr int RowPixels = 480;
 constexpr double FallbackRefreshRate = 60;
 
-QRect realPixels(const QScreen& screen) {
-    const QRect logical = screen.geometry();
+QRect realPixels(const QScreen& screen, const QRect& logical) {
     return {logical.topLeft(), logical.size() * screen.devicePixelRatio()};
+}
+
+QRect realPixels(const QScreen& screen) {
+    return realPixels(screen, screen.geometry());
 }
 
 } // namespace
@@ -56,9 +59,19 @@ std::vector<QRect> Screens::displays() const {
     return inReadingOrder(std::move(rectangles));
 }
 
-QSize Screens::primarySize() const {
+QRect Screens::workArea(const QRect& display) const {
+    const QScreen* screen = screenAt(display);
+    return screen == nullptr ? display : realPixels(*screen, screen->availableGeometry());
+}
+
+QRect Screens::primary() const {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen == nullptr ? QSize(640, 480) : realPixels(*screen).size();
+    return screen == nullptr ? QRect() : realPixels(*screen);
+}
+
+QSize Screens::primarySize() const {
+    const QRect screen = primary();
+    return screen.isEmpty() ? QSize(640, 480) : screen.size();
 }
 
 int Screens::colorDepth() const {

@@ -11,6 +11,8 @@ namespace velmora {
 class Screens final : public Monitors {
 public:
     [[nodiscard]] std::vector<QRect> displays() const override;
+    [[nodiscard]] QRect workArea(const QRect& display) const override;
+    [[nodiscard]] QRect primary() const override;
     [[nodiscard]] QSize primarySize() const override;
     [[nodiscard]] int colorDepth() const override;
     [[nodiscard]] double refreshRate(const QRect& display) const override;

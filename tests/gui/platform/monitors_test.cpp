@@ -1,3 +1,4 @@
+#include "platform/desktop/cls_monitors.h"
 #include "platform/desktop/screens.h"
 #include "support/fake_monitors.h"
 
@@ -22,6 +23,9 @@ TEST(MonitorsContract, TellsAtLeastOneDisplayAndUsableFigures) {
             return display.size() == monitors->primarySize();
         }));
         EXPECT_GT(monitors->colorDepth(), 0);
+        EXPECT_EQ(std::count(displays.begin(), displays.end(), monitors->primary()), 1);
+        EXPECT_TRUE(displays.front().contains(monitors->workArea(displays.front())));
+        EXPECT_EQ(monitors->workArea(QRect(1, 2, 3, 4)).size().isEmpty(), false);
         EXPECT_GE(monitors->refreshRate(QRect()), 2);
     }
 }
@@ -59,6 +63,56 @@ TEST(Screens, AScreenIsFoundByItsWholeRectangleOnly) {
     for (const QRect& other : {display.adjusted(0, 0, -1, 0), display.translated(1, 0), QRect()}) {
         EXPECT_EQ(screenAt(other), nullptr);
     }
+}
+
+TEST(ClsMonitors, HoldsEachDisplayWithItsWorkArea) {
+    FakeMonitors desktop;
+    desktop.rectangles = {QRect(-1280, 0, 1280, 1024), QRect(0, 0, 1920, 1080)};
+    desktop.panelHeight = 40;
+    clsMonitors monitors(desktop);
+    ASSERT_EQ(monitors.Monitors().size(), 2U);
+    const clsMonitor& left = monitors.Monitors()[0];
+    EXPECT_EQ(QRect(left.Left, left.Top, left.Width, left.Height), desktop.rectangles[0]);
+    EXPECT_EQ(left.Right, 0);
+    EXPECT_EQ(left.Bottom, 1024);
+    EXPECT_EQ(left.WorkTop, 40);
+    EXPECT_EQ(left.WorkLeft, -1280);
+    EXPECT_EQ(monitors.DesktopLeft(), -1280);
+    EXPECT_EQ(monitors.DesktopWidth(), 3200);
+    EXPECT_EQ(monitors.DesktopHeight(), 1080);
+
+    const int handle = monitors.Monitors()[1].Handle;
+    EXPECT_NE(handle, left.Handle);
+    desktop.rectangles.erase(desktop.rectangles.begin());
+    monitors.Refresh();
+    EXPECT_EQ(monitors.Monitors().front().Handle, handle);
+    desktop.rectangles.clear();
+    monitors.Refresh();
+    ASSERT_EQ(monitors.Monitors().size(), 1U);
+    EXPECT_EQ(monitors.Monitors().front().Handle, 0);
+    EXPECT_EQ(monitors.Monitors().front().WorkRight, 640);
+}
+
+TEST(ClsMonitors, FindsTheDisplayOfAPlaceAndItsMiddle) {
+    FakeMonitors desktop;
+    desktop.rectangles = {QRect(0, 0, 1920, 1080), QRect(1920, 0, 1280, 720)};
+    desktop.panelHeight = 40;
+    const clsMonitors monitors(desktop);
+    const int main = monitors.Monitors()[0].Handle;
+    const int right = monitors.Monitors()[1].Handle;
+    using Default = clsMonitors::Default;
+    EXPECT_EQ(monitors.GetMonitorFromXYPoint(1919, 1079, Default::None), main);
+    EXPECT_EQ(monitors.GetMonitorFromXYPoint(1920, 0, Default::None), right);
+    EXPECT_EQ(monitors.GetMonitorFromXYPoint(1920, 720, Default::None), 0);
+    EXPECT_EQ(monitors.GetMonitorFromXYPoint(3500, 700, Default::Nearest), right);
+    EXPECT_EQ(monitors.GetMonitorFromXYPoint(3500, 700, Default::Primary), main);
+    EXPECT_EQ(monitors.GetMonitorFromWindow(QRect(1800, 0, 400, 300), Default::None), right);
+
+    EXPECT_EQ(monitors.CenterFormOnMonitor(QSize(920, 640)), QPoint(500, 200));
+    EXPECT_EQ(monitors.CenterFormOnMonitor(QSize(280, 180), QRect(2000, 10, 50, 50)),
+              QPoint(1920 + 500, 250));
+    desktop.rectangles.clear();
+    EXPECT_EQ(clsMonitors(desktop).CenterFormOnMonitor(QSize(240, 180)), QPoint(200, 150));
 }
 
 } // namespace

@@ -1,0 +1,239 @@
+#include "platform/desktop/desktop_sleep_inhibitor.h"
+#include "support/fake_sleep_inhibitor.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDBusServiceWatcher>
+#include <QDBusUnixFileDescriptor>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTest>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+namespace velmora {
+namespace {
+
+/// The desktop's screen saver service: what a client asked for goes with the client.
+class ScreenSaverDouble final : public QObject, public QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
+public:
+    explicit ScreenSaverDouble(const QDBusConnection& bus) {
+        m_watcher.setConnection(bus);
+        m_watcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+        connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this,
+                [this](const QString& client) { holders.removeAll(client); });
+    }
+    QStringList holders;
+
+public Q_SLOTS:
+    uint Inhibit(const QString& program, const QString& reason) {
+        EXPECT_EQ(program, QStringLiteral("Velmora"));
+        EXPECT_FALSE(reason.isEmpty());
+        m_watcher.addWatchedService(message().service());
+        holders += message().service();
+        return 4711;
+    }
+    void UnInhibit(uint cookie) {
+        EXPECT_EQ(cookie, 4711U);
+        holders.removeAll(message().service());
+    }
+
+private:
+    QDBusServiceWatcher m_watcher;
+};
+
+/// The login manager: a lock is a pipe, given up when its other end is closed.
+class LoginManagerDouble final : public QObject, public QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
+public:
+    ~LoginManagerDouble() override { ::close(m_readEnd); }
+    [[nodiscard]] bool held() const {
+        pollfd state{m_readEnd, POLLIN, 0};
+        return m_readEnd >= 0 && ::poll(&state, 1, 0) == 0;
+    }
+    bool forbidsSleepLocks = false;
+
+public Q_SLOTS:
+    QDBusUnixFileDescriptor Inhibit(const QString& what, const QString&, const QString&,
+                                    const QString& mode) {
+        EXPECT_EQ(mode, QStringLiteral("block"));
+        if (forbidsSleepLocks && what.contains(QStringLiteral("sleep"))) {
+            sendErrorReply(QDBusError::AccessDenied);
+            return {};
+        }
+        int ends[2];
+        EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+        ::close(m_readEnd);
+        m_readEnd = ends[0];
+        QDBusUnixFileDescriptor lock;
+        lock.giveFileDescriptor(ends[1]);
+        return lock;
+    }
+
+private:
+    int m_readEnd = -1;
+};
+
+/// A bus of the test's own, which stands in for both of the desktop's.
+class TestBus final {
+public:
+    TestBus() {
+        m_daemon.start(QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                        QStringLiteral("--print-address")});
+        m_daemon.waitForReadyRead(5000);
+        const QByteArray address = m_daemon.readLine().trimmed();
+        for (const char* name : Variables) {
+            qputenv(name, address);
+        }
+        bus = QDBusConnection::connectToBus(QString::fromUtf8(address), Name);
+    }
+    ~TestBus() {
+        QDBusConnection::disconnectFromBus(Name);
+        for (const char* name : Variables) {
+            qunsetenv(name);
+        }
+        m_daemon.terminate();
+        m_daemon.waitForFinished(5000);
+    }
+    TestBus(const TestBus&) = delete;
+    TestBus& operator=(const TestBus&) = delete;
+
+    QDBusConnection bus{QString()};
+
+private:
+    static constexpr const char* Variables[] = {"DBUS_SESSION_BUS_ADDRESS",
+                                                "DBUS_SYSTEM_BUS_ADDRESS"};
+    const QString Name = QStringLiteral("sleep-inhibitor-test");
+    QProcess m_daemon;
+};
+
+class SleepInhibitorTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(m_bus.bus.isConnected()) << "dbus-daemon is needed";
+        const auto slots = QDBusConnection::ExportAllSlots;
+        ASSERT_TRUE(m_bus.bus.registerObject(QStringLiteral("/org/freedesktop/ScreenSaver"),
+                                             &screenSaver, slots));
+        ASSERT_TRUE(m_bus.bus.registerObject(QStringLiteral("/org/freedesktop/login1"),
+                                             &loginManager, slots));
+        ASSERT_TRUE(m_bus.bus.registerService(QStringLiteral("org.freedesktop.ScreenSaver")));
+        ASSERT_TRUE(m_bus.bus.registerService(QStringLiteral("org.freedesktop.login1")));
+    }
+    [[nodiscard]] bool comesToHold(int holders) {
+        return QTest::qWaitFor(
+            [&] {
+                return screenSaver.holders.size() == holders &&
+                       loginManager.held() == (holders > 0);
+            },
+            5000);
+    }
+
+private:
+    TestBus m_bus;
+
+protected:
+    ScreenSaverDouble screenSaver{m_bus.bus};
+    LoginManagerDouble loginManager;
+};
+
+TEST_F(SleepInhibitorTest, HoldsOnceAndLetsGo) {
+    DesktopSleepInhibitor inhibitor;
+    FakeSleepInhibitor fake;
+    for (SleepInhibitor* each :
+         {static_cast<SleepInhibitor*>(&inhibitor), static_cast<SleepInhibitor*>(&fake)}) {
+        each->release();
+        each->inhibit(QStringLiteral("A show is running"));
+        each->inhibit(QStringLiteral("A show is running"));
+    }
+    EXPECT_TRUE(comesToHold(1));
+    EXPECT_TRUE(fake.inhibited);
+    inhibitor.release();
+    fake.release();
+    EXPECT_TRUE(comesToHold(0));
+    EXPECT_FALSE(fake.inhibited);
+    inhibitor.inhibit(QStringLiteral("Another show"));
+    EXPECT_TRUE(comesToHold(1));
+}
+
+TEST_F(SleepInhibitorTest, LetsGoWhenItIsDestroyedInMidShow) {
+    {
+        DesktopSleepInhibitor inhibitor;
+        inhibitor.inhibit(QStringLiteral("A show is running"));
+        ASSERT_TRUE(comesToHold(1));
+    }
+    EXPECT_TRUE(comesToHold(0));
+}
+
+TEST_F(SleepInhibitorTest, AUserWhoMayNotForbidSleepStillCountsAsBusy) {
+    loginManager.forbidsSleepLocks = true;
+    DesktopSleepInhibitor inhibitor;
+    inhibitor.inhibit(QStringLiteral("A show is running"));
+    EXPECT_TRUE(comesToHold(1));
+}
+
+/// Runs in a process of its own, which the next test kills.
+TEST(SleepInhibitorHelper, DISABLED_HoldsUntilKilled) {
+    DesktopSleepInhibitor inhibitor;
+    inhibitor.inhibit(QStringLiteral("A show is running"));
+    QTest::qWait(60000);
+}
+
+TEST_F(SleepInhibitorTest, ACrashLetsGo) {
+    QProcess program;
+    program.start(QCoreApplication::applicationFilePath(),
+                  {QStringLiteral("--gtest_also_run_disabled_tests"),
+                   QStringLiteral("--gtest_filter=SleepInhibitorHelper.*")});
+    EXPECT_TRUE(comesToHold(1));
+    program.kill();
+    EXPECT_TRUE(comesToHold(0));
+    program.waitForFinished(5000);
+}
+
+TEST(SleepInhibitor, NothingWaitsForABusThatIsMissingOrDumb) {
+    // A socket that takes connections and never says a word.
+    QProcess dumb;
+    const QString socket = QStringLiteral("@velmora-dumb-bus-%1").arg(::getpid());
+    dumb.start(QStringLiteral("python3"), {QStringLiteral("-c"),
+                                           QStringLiteral("import socket, sys, time\n"
+                                                          "s = socket.socket(socket.AF_UNIX)\n"
+                                                          "s.bind('\\0' + sys.argv[1])\n"
+                                                          "s.listen()\n"
+                                                          "print('ready', flush=True)\n"
+                                                          "time.sleep(60)\n"),
+                                           socket.mid(1)});
+    ASSERT_TRUE(dumb.waitForReadyRead(5000));
+    const QByteArray addresses[] = {"", "unix:path=/nowhere/bus",
+                                    "unix:abstract=" + socket.mid(1).toUtf8()};
+    for (const QByteArray& address : addresses) {
+        for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"}) {
+            qputenv(name, address);
+        }
+        QElapsedTimer timer;
+        timer.start();
+        auto inhibitor = std::make_unique<DesktopSleepInhibitor>();
+        inhibitor->inhibit(QStringLiteral("A show is running"));
+        inhibitor->release();
+        EXPECT_LT(timer.elapsed(), 100) << address.constData();
+        inhibitor.reset();
+        EXPECT_LT(timer.elapsed(), 2000) << address.constData();
+    }
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    qunsetenv("DBUS_SYSTEM_BUS_ADDRESS");
+    dumb.kill();
+    dumb.waitForFinished(5000);
+}
+
+} // namespace
+} // namespace velmora
+
+#include "sleep_inhibitor_test.moc"
