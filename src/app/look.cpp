@@ -56,10 +56,11 @@ void applyLook(QApplication& application, const ScreenState& screen) {
     QApplication::setStyle(QStringLiteral("Fusion"));
     const QPalette palette = darkPalette();
     QApplication::setPalette(palette);
-    // Fusion draws a check box's outline darker than the window, where nobody would see it.
+    // Fusion draws their outlines darker than the window, where nobody would see them.
     QPalette checkBox = palette;
     checkBox.setColor(QPalette::Base, QColor(0x50, 0x54, 0x5c));
     QApplication::setPalette(checkBox, "QCheckBox");
+    QApplication::setPalette(checkBox, "QRadioButton");
     QFont font = QApplication::font();
     font.setPixelSize(static_cast<int>(std::lround(FontUnits * controlUnit(screen))));
     application.setFont(font);
@@ -87,7 +88,7 @@ QString mainWindowStyle(const ScreenState& screen) {
         QSlider::handle:horizontal { background: #a9afb8; border-radius: 3px; width: @12px;
                                      margin: -@7px 0; }
         QSlider::handle:horizontal:hover { background: #c9ced6; }
-        #Label4, #Label5 { color: #a4a8ae; }
+        #Form1 > #Label4, #Form1 > #Label5 { color: #a4a8ae; }
         #NoticeLine { color: #8c9098; }
         #NoticeLine[attention="true"] { color: #f2b84b; }
     )");

@@ -118,6 +118,8 @@ void Form30::addCodeRows(SettingRows& grid) {
     int number = 1;
     for (const CodeNames& code : Codes) {
         const SettingRow added = grid.addRow(code.names);
+        // A code may be of any length; the window stays on the screen.
+        added.value->setMaximumWidth(20 * fontMetrics().height());
         added.showValue(m_session.settings.*code.setting);
         auto* edit = new QWidget(&grid);
         auto* line = new QHBoxLayout(edit);

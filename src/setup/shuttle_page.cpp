@@ -49,7 +49,7 @@ ShuttlePage::ShuttlePage(Settings& settings, QWidget* parent)
 void ShuttlePage::addList(QGridLayout& grid, int number, int line, int column) {
     auto* cell = new QVBoxLayout;
     cell->setSpacing(fontMetrics().height() / 4);
-    grid.addLayout(cell, line, column);
+    grid.addLayout(cell, line, column, Qt::AlignHCenter);
     const QString heading = QStringLiteral("Button %1").arg(number);
     cell->addWidget(new QLabel(heading, this));
     auto* list = new QListWidget(this);

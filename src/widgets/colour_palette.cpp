@@ -26,11 +26,13 @@ Form29::Form29(Session& session, QWidget* parent) : QDialog(parent) {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(em, em / 2, em, em);
     grid->setSpacing(em / 4);
+    // What the headings take beyond the swatches lies behind these.
+    grid->setColumnStretch(Columns, 1);
     int line = 0;
     for (int row = 0; row < SwatchRowCount; ++row) {
         grid->setRowMinimumHeight(line, 2 * em);
-        grid->addWidget(new QLabel(swatchRow(row).heading.toString(), this), line++, 0, 1, Columns,
-                        Qt::AlignBottom);
+        grid->addWidget(new QLabel(swatchRow(row).heading.toString(), this), line++, 0, 1,
+                        Columns + 1, Qt::AlignBottom);
         for (int number = 1; number <= ColourCount; ++number) {
             ColourSwatch* swatch = makeSwatch(swatchRow(row), number, this);
             grid->addWidget(swatch, line + (number - 1) / Columns, (number - 1) % Columns);
@@ -44,7 +46,7 @@ Form29::Form29(Session& session, QWidget* parent) : QDialog(parent) {
     grid->setRowMinimumHeight(line++, em / 2);
     auto* exitButton = new CB(QStringLiteral("ExitButton"), QStringLiteral("Exit"), this);
     connect(exitButton, &CB::clicked, this, &Form29::ExitButton_Click);
-    grid->addWidget(exitButton, line, 0, 1, Columns);
+    grid->addWidget(exitButton, line, 0, 1, Columns + 1);
     usePlainButtonsOnFewColours(*this, session.screen);
     grid->setSizeConstraint(QLayout::SetFixedSize);
 }

@@ -125,17 +125,6 @@ TEST_F(Form3Test, CancelKeepsTheFunctionsAndTheWindow) {
     EXPECT_EQ(settings.ControllerType, 21);
 }
 
-TEST_F(Form3Test, TheListsHoldTheFunctionsInTheirOrder) {
-    const Form3 form(test.session, nullptr);
-    QStringList texts;
-    for (int row = 0; row < list(form, 5).count(); ++row) {
-        texts += list(form, 5).item(row)->text();
-    }
-    EXPECT_EQ(texts.join(u','), u"Exit To Editor,Next Bookmark,Pause/Resume,Previous "
-                                "Bookmark,Reverse Direction,Toggle Arrow,Toggle "
-                                "Blank Screen,Toggle Full Screen"_qs);
-}
-
 TEST_F(Form3Test, ACalibrationTellsOfTheRestartWhenExitIsPressed) {
     EXPECT_TRUE(choose([](QWidget& window) { click(window, u"ExitButton"_qs); }, 1));
     ASSERT_EQ(test.messages.boxes.size(), 1U);
