@@ -1,11 +1,7 @@
 #include "app/look.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
-#include "platform/desktop/message_boxes_widgets.h"
-#include "platform/desktop/screens.h"
-#include "platform/desktop/unattended_services.h"
-#include "platform/timing/machine_clock.h"
-#include "platform/timing/qt_event_pump.h"
+#include "machine_services.h"
 #include "setup/controller_choice.h"
 #include "setup/display_options.h"
 #include "setup/editor_defaults.h"
@@ -19,18 +15,9 @@ using namespace velmora;
 
 namespace {
 
-struct Services final {
-    MachineClock clock;
-    QtEventPump pump;
-    TerminalMessageBoxes messages;
-    NoFileDialogs fileDialogs;
-    Screens monitors;
-    Platform platform{clock, pump, messages, fileDialogs, monitors};
-};
-
 /// From the press of the button to a window that is shown and painted once.
 template<typename Window> void openWindow(benchmark::State& state) {
-    Services services;
+    MachineServices services;
     Session session(services.platform);
     session.screen = {1920, 1080, 3, 2.375, 32, 1};
     applyLook(*qApp, session.screen);

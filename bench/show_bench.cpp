@@ -9,13 +9,7 @@
 #include "display/text_window.h"
 #include "editor/script_conventions.h"
 #include "editor/unattended_host.h"
-#include "platform/desktop/appearance_service.h"
-#include "platform/desktop/screens.h"
-#include "platform/desktop/unattended_services.h"
-#include "platform/devices/pointer_widgets.h"
-#include "platform/devices/sdl_joystick.h"
-#include "platform/timing/machine_clock.h"
-#include "platform/timing/qt_event_pump.h"
+#include "machine_services.h"
 
 #include <benchmark/benchmark.h>
 
@@ -187,19 +181,9 @@ private:
 
 /// From the Start command to the first picture and back: an upper bound of the former.
 void BM_StartToFirstPicture(benchmark::State& state) {
-    MachineClock clock;
-    QtEventPump pump;
-    TerminalMessageBoxes messages;
-    NoFileDialogs dialogs;
-    Screens monitors;
-    SdlJoystick joystick;
-    WidgetPointer pointer;
-    NoSleepInhibitor sleepInhibitor;
-    NoAppearanceService effects;
-    Platform platform{clock,    pump,    messages,       dialogs, monitors,
-                      joystick, pointer, sleepInhibitor, effects};
-    Session session(platform);
-    measureScreen(monitors, session.screen);
+    MachineServices machine;
+    Session session(machine.platform);
+    measureScreen(machine.monitors, session.screen);
     session.displays.CmdDisplaysGiven = 1;
     session.displays.CmdDisplay1Width = static_cast<int>(state.range(1));
     session.displays.CmdDisplay1Height = static_cast<int>(state.range(2));
