@@ -258,6 +258,7 @@ bool Form1::rtb1_KeyDown(const QKeyEvent& event) {
         Key{Qt::Key_F2, Qt::NoModifier, &Form1::startFromCursor},
         Key{Qt::Key_L, Qt::ControlModifier, &Form1::LoadText_Click},
         Key{Qt::Key_S, Qt::ControlModifier, &Form1::SaveText_Click},
+        Key{Qt::Key_U, Qt::AltModifier, &Form1::SetupButton_Click},
     };
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     for (const Key& entry : keys) {

@@ -19,7 +19,7 @@ namespace {
 
 QString howToBegin() {
     return QStringLiteral("F1  Start From Beginning      F2  Start From Cursor      "
-                          "Ctrl+L  Load      Ctrl+S  Save");
+                          "Ctrl+L  Load      Ctrl+S  Save      Alt+U  Setup");
 }
 
 } // namespace
@@ -34,7 +34,7 @@ MainWindowControls::MainWindowControls(QWidget& window, Session& session) : m_wi
         addButton(QStringLiteral("LoadText"), QStringLiteral("Load"), QStringLiteral("Load Text"));
     SaveText =
         addButton(QStringLiteral("SaveText"), QStringLiteral("Save"), QStringLiteral("Save Text"));
-    SetupButton = addButton(QStringLiteral("SetupButton"), QStringLiteral("Set&up"),
+    SetupButton = addButton(QStringLiteral("SetupButton"), QStringLiteral("Setup"),
                             QStringLiteral("Display Setup Menu"));
     ExitButton = addButton(QStringLiteral("ExitButton"), QStringLiteral("Exit"),
                            QStringLiteral("Exit Program"));

@@ -140,7 +140,11 @@ TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
             EXPECT_EQ(test.session.show.StartFromCursor, 0);
             window.close();
         });
-        control<QPushButton>(u"SetupButton")->click();
+        if (presses.empty()) {
+            press(Qt::Key_U, Qt::AltModifier);
+        } else {
+            control<QPushButton>(u"SetupButton")->click();
+        }
         EXPECT_TRUE(user.done());
         EXPECT_EQ(test.session.script.DialogClosing, 1);
         EXPECT_EQ(form->focusWidget(), control<RichTextView>(u"rtb1"));
