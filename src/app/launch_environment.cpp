@@ -25,7 +25,7 @@ bool isSet(const char* name) {
 
 } // namespace
 
-LaunchEnvironment::LaunchEnvironment(Windows windows, QSize screen) {
+LaunchEnvironment::LaunchEnvironment(Windows windows, QSize screen, int screens) {
     // The program scales everything itself and counts in real pixels.
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
     qputenv("QT_FONT_DPI", "96");
@@ -34,7 +34,7 @@ LaunchEnvironment::LaunchEnvironment(Windows windows, QSize screen) {
     }
     choosePlatform(windows);
     if (qgetenv("QT_QPA_PLATFORM") == "offscreen" && windows != Windows::OnDesktop) {
-        setOffscreenScreen(screen.isValid() ? screen : UnwatchedScreen);
+        setOffscreenScreens(screen.isValid() ? screen : UnwatchedScreen, screens);
     }
     hideDesktop();
 }
@@ -58,18 +58,24 @@ void LaunchEnvironment::choosePlatform(Windows windows) {
     }
 }
 
-void LaunchEnvironment::setOffscreenScreen(QSize screen) {
+/// Screens of one size, side by side.
+void LaunchEnvironment::setOffscreenScreens(QSize size, int count) {
     m_screenFile =
         std::make_unique<QTemporaryFile>(QDir::tempPath() + QStringLiteral("/velmora-XXXXXX.json"));
     if (!m_screenFile->open()) {
         return;
     }
-    m_screenFile->write(QStringLiteral("{\"screens\":[{\"name\":\"display\",\"x\":0,\"y\":0,"
-                                       "\"width\":%1,\"height\":%2,\"logicalDpi\":96,"
-                                       "\"logicalBaseDpi\":96,\"dpr\":1}]}")
-                            .arg(screen.width())
-                            .arg(screen.height())
-                            .toUtf8());
+    QStringList screens;
+    for (int i = 0; i < count; ++i) {
+        screens.append(QStringLiteral("{\"name\":\"display%1\",\"x\":%2,\"y\":0,\"width\":%3,"
+                                      "\"height\":%4,\"logicalDpi\":96,\"logicalBaseDpi\":96,"
+                                      "\"dpr\":1}")
+                           .arg(i + 1)
+                           .arg(i * size.width())
+                           .arg(size.width())
+                           .arg(size.height()));
+    }
+    m_screenFile->write(QStringLiteral("{\"screens\":[%1]}").arg(screens.join(u',')).toUtf8());
     m_screenFile->close();
     qputenv("QT_QPA_PLATFORM",
             "offscreen:configfile=" + QFile::encodeName(m_screenFile->fileName()));

@@ -26,7 +26,8 @@ public:
         None
     };
 
-    explicit LaunchEnvironment(Windows windows, QSize screen = QSize());
+    /// screen and screens hold where there is no desktop: the size of a screen, and how many.
+    explicit LaunchEnvironment(Windows windows, QSize screen = QSize(), int screens = 1);
     ~LaunchEnvironment();
 
     LaunchEnvironment(const LaunchEnvironment&) = delete;
@@ -39,7 +40,7 @@ private:
     };
 
     void choosePlatform(Windows windows);
-    void setOffscreenScreen(QSize screen);
+    void setOffscreenScreens(QSize size, int count);
     void hideDesktop();
 
     std::vector<Hidden> m_hidden;

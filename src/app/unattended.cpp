@@ -3,6 +3,7 @@
 #include "app/launch_environment.h"
 #include "app/look.h"
 #include "core/app_folder.h"
+#include "core/arrangement.h"
 #include "core/command_line.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
@@ -70,8 +71,9 @@ int runConversion(const CommandLine& line, char** argv) {
 
 int runUnwatchedShow(const CommandLine& line, char** argv) {
     const RehearsalArguments& arguments = line.rehearsal;
-    auto environment = std::make_unique<LaunchEnvironment>(LaunchEnvironment::Windows::IfDesktop,
-                                                           arguments.screen.value_or(QSize()));
+    const int screens = arguments.mirror == mirror::TwoDisplays ? 2 : 1;
+    auto environment = std::make_unique<LaunchEnvironment>(
+        LaunchEnvironment::Windows::IfDesktop, arguments.screen.value_or(QSize()), screens);
     int argumentCount = 1;
     QApplication application(argumentCount, argv);
     environment.reset();

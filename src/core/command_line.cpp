@@ -157,18 +157,6 @@ const Option* findRehearsalOption(const QString& name) {
     return found == RehearsalOptionTable.end() ? nullptr : found;
 }
 
-/// What the program cannot do yet, although its command line knows it; empty for nothing. The usage
-/// text says so too.
-QString notAvailableYet(const RehearsalArguments& arguments) {
-    if (arguments.seconds) {
-        return QStringLiteral("--seconds is not available yet.");
-    }
-    if (arguments.mirror.value_or(mirror::OneDisplay) != mirror::OneDisplay) {
-        return QStringLiteral("--mirror 1 and --mirror 4 are not available yet.");
-    }
-    return QString();
-}
-
 /// What does not go together; empty for nothing.
 QString contradiction(const RehearsalArguments& arguments) {
     if (arguments.seconds && arguments.speed) {
@@ -210,13 +198,8 @@ CommandLine parseRehearsal(const QStringList& arguments, const QDir& folder) {
                 QStringLiteral("%1 needs %2.").arg(name, QString::fromUtf16(option->values)));
         }
     }
-    for (const QString& problem :
-         {contradiction(line.rehearsal), notAvailableYet(line.rehearsal)}) {
-        if (!problem.isEmpty()) {
-            return refused(problem);
-        }
-    }
-    return line;
+    const QString problem = contradiction(line.rehearsal);
+    return problem.isEmpty() ? line : refused(problem);
 }
 
 CommandLine parseOptions(const QStringList& arguments, const QDir& folder) {
@@ -290,13 +273,13 @@ QString usageText() {
         "--rehearse plays the script as a show with nobody at the keys, and leaves at its end:\n"
         "  --speed S            scroll speed, 0 (fast) to 119, standing still to 136; in the full\n"
         "                       range 0 to 127; 60 without it\n"
-        "  --seconds N          a timed show of 10 to 3599 seconds (not available yet)\n"
+        "  --seconds N          a timed show of 10 to 3599 seconds\n"
         "  --for N              leave after N seconds\n"
         "  --range split|full   meaning of the speed: both directions, or forward only\n"
         "  --turbo              two pixel rows a step\n"
         "  --screen WxH         size of the screen, where the platform lets it be set\n"
         "  --margin M           width that the text column gives up, 12 to 320\n"
-        "  --mirror 0|1|4       one display, one mirrored or two (only 0 is available yet)\n"
+        "  --mirror 0|1|4       one display, one mirrored, or two of which one is\n"
         "  --report FILE        write the figures of the run as JSON\n"
         "  --picture FILE       write the operator's window half-way as PNG\n");
 }

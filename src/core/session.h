@@ -75,6 +75,16 @@ struct ScriptState final {
     int MonitorHelpClosed = 0;
 };
 
+/// The search, in the editor and in a show alike.
+struct FindState final {
+    /// What the find windows hand over; empty means that the window was left.
+    QString FindText;
+    /// Text of the last search, offered by the next window. Not stored in the settings.
+    QString LastFindText;
+    /// 1 next, -1 previous, 2 first (replace: all), 0 none.
+    int FindDirection = 0;
+};
+
 /// What all windows share. Owned by the application; given to every form and to the logic.
 class Session final {
 public:
@@ -88,6 +98,7 @@ public:
     DisplayState displays;
     ScriptState script;
     ShowState show;
+    FindState find;
     /// False in an unattended run: no settings, no recent files are written.
     bool keepsFiles = true;
 };

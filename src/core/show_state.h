@@ -24,7 +24,7 @@ struct ShowState final {
     int ShowActive = 0;
     /// 1-based line at the top of the display when the show ended. Written by the display window.
     double ShowTopLine = 0;
-    /// 1 tells the loop to leave. Written by Escape, Command3 and closing a window.
+    /// 1 tells the loop to leave: Escape, Command3, closing a window. 3 ends a timed run.
     int ExitRequested = 0;
     /// Spacing as text, from LineSpacingIndex.
     QString LineSpacingText;
@@ -52,6 +52,8 @@ struct ShowState final {
     int SuppressScrollEvent = 0;
     /// 1 while the screen is blanked.
     int BlankState = 0;
+    /// 1 while a timed show stands ready for its start.
+    int AwaitingStart = 0;
     /// Clock text between the step that computes it and the step that shows it.
     QString CaptionBuffer = QStringLiteral("00:00");
     /// Timer value at which the elapsed clock began.

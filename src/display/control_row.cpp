@@ -20,7 +20,7 @@ constexpr QRgb Still = qRgb(70, 72, 78);
 constexpr QRgb Thumb = qRgb(245, 245, 245);
 
 constexpr int ButtonWidth = 36;
-constexpr int ThumbWidth = 18;
+constexpr double ThumbWidth = 9;
 
 void paintPanel(QPainter& painter, const QRect& area) {
     painter.setPen(QColor(Edge));
@@ -31,12 +31,13 @@ void paintPanel(QPainter& painter, const QRect& area) {
 
 /// Middle of the thumb at a speed.
 double scaleX(double speed) {
-    return indicatorLeft(speed) + ThumbWidth / 2.0;
+    return PlainSpeedScale.thumbLeft(speed) + ThumbWidth / 2;
 }
 
 } // namespace
 
-SpeedScale::SpeedScale(QWidget* parent) : QWidget(parent) {
+SpeedScale::SpeedScale(Orientation orientation, QWidget* parent)
+    : QWidget(parent), m_orientation(orientation) {
     setFocusPolicy(Qt::NoFocus);
 }
 
@@ -50,27 +51,40 @@ void SpeedScale::setSpeed(double scrollSpeed) {
     update();
 }
 
-SpeedScale::Part SpeedScale::partAt(int x) {
-    if (x < ButtonWidth) {
-        return Part::Start;
-    }
-    if (x < 2 * ButtonWidth) {
-        return Part::Pause;
-    }
-    return x > 2 * ButtonWidth ? Part::Scale : Part::None;
-}
-
-double SpeedScale::speedAt(int x) {
-    return clampSpeed(std::floor(255 - (x - 93) * 1.1038961));
+const SpeedScaleMapping& SpeedScale::mapping() const {
+    return m_orientation == Orientation::Plain ? PlainSpeedScale : MirroredSpeedScale;
 }
 
 void SpeedScale::mousePressEvent(QMouseEvent* event) {
-    Q_EMIT pressed(static_cast<int>(event->position().x()));
+    const double x = event->position().x();
+    const double left = mapping().thumbLeft(m_speed);
+    if (x >= left && x < left + ThumbWidth &&
+        mapping().partAt(x) == SpeedScaleMapping::Part::Scale) {
+        m_thumbHeldAt = x - left;
+    } else {
+        Q_EMIT pressed(x);
+    }
+}
+
+void SpeedScale::mouseMoveEvent(QMouseEvent* event) {
+    const double x = event->position().x();
+    if (m_thumbHeldAt) {
+        Q_EMIT dragged(mapping().thumbSpeed(mapping().draggedThumbLeft(x, *m_thumbHeldAt)));
+    } else if (event->buttons() != Qt::NoButton) {
+        Q_EMIT dragged(mapping().draggedSpeed(x));
+    }
+}
+
+void SpeedScale::mouseReleaseEvent(QMouseEvent*) {
+    m_thumbHeldAt.reset();
 }
 
 void SpeedScale::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (m_orientation == Orientation::Mirrored) {
+        painter.setTransform(QTransform(-1, 0, 0, 1, width(), 0));
+    }
     const QRect start(0, 0, ButtonWidth - 2, height());
     const QRect pause(ButtonWidth, 0, ButtonWidth - 2, height());
     paintPanel(painter, start);
@@ -110,7 +124,8 @@ void SpeedScale::paintScale(QPainter& painter) const {
     painter.drawRoundedRect(QRectF(left, middle - 4, right - left, 8), 4, 4);
     painter.setPen(QColor(Panel));
     painter.setBrush(QColor(Thumb));
-    painter.drawRoundedRect(QRectF(scaleX(m_speed) - 5, middle - 12, 10, 24), 3, 3);
+    painter.drawRoundedRect(QRectF(scaleX(m_speed) - ThumbWidth / 2, middle - 12, ThumbWidth, 24),
+                            3, 3);
 }
 
 ShowMark::ShowMark(Kind kind, QWidget* parent) : QWidget(parent), m_kind(kind) {

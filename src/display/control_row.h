@@ -1,40 +1,50 @@
 #pragma once
 
+#include "controllers/speed_scale_mapping.h"
+#include "display/display_traits.h"
+
 #include <QWidget>
+
+#include <optional>
 
 namespace velmora {
 
 /// Picture6 with Image1: the speed scale. A start button, a pause button, and the scale with its
-/// thumb, 347 by 34 pixels. The left end of the scale is speed 255, the right end 0.
+/// thumb, 347 by 34 pixels. The left end of the scale is speed 255, the right end 0; in a mirrored
+/// window everything runs the other way.
 class SpeedScale final : public QWidget {
     Q_OBJECT
 public:
-    explicit SpeedScale(QWidget* parent = nullptr);
+    explicit SpeedScale(Orientation orientation, QWidget* parent = nullptr);
 
     /// SplitRange or FullRange: which picture the scale has.
     void setRange(int scrollSpeedControl);
     /// Moves the thumb.
     void setSpeed(double scrollSpeed);
 
-    enum class Part { None, Start, Pause, Scale };
-    /// The part of the scale at a place, in pixels from its left edge.
-    [[nodiscard]] static Part partAt(int x);
-    /// The speed at a place on the scale, 0 to 255.
-    [[nodiscard]] static double speedAt(int x);
+    /// Where the parts of the scale lie in this window.
+    [[nodiscard]] const SpeedScaleMapping& mapping() const;
 
 Q_SIGNALS:
-    /// A button was pressed at a place, in pixels from the left edge.
-    void pressed(int x);
+    /// A button was pressed beside the thumb, so many pixels from the left edge.
+    void pressed(double x);
+    /// The thumb or the scale is dragged to a speed.
+    void dragged(double scrollSpeed);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     void paintScale(QPainter& painter) const;
 
+    Orientation m_orientation;
     int m_range = 0;
     double m_speed = 0;
+    /// DragStartX: the place within the thumb at which it is held.
+    std::optional<double> m_thumbHeldAt;
 };
 
 /// Picture4, Picture5, Picture7: what stands left of the speed scale, 39 by 33 pixels.

@@ -1,5 +1,6 @@
 #include "display/cue_arrow.h"
 
+#include <QImage>
 #include <QPainter>
 
 #include <array>
@@ -18,8 +19,6 @@ constexpr int PointX = 37;
 constexpr int PointY = 37;
 constexpr int OuterBottom = 73;
 
-} // namespace
-
 void drawCueArrow(QPainter& painter, int top) {
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (int i = 0; i < static_cast<int>(RingColors.size()); ++i) {
@@ -34,6 +33,32 @@ void drawCueArrow(QPainter& painter, int top) {
         painter.drawLine(upper, left);
         painter.drawLine(lower, pointFromBelow);
     }
+}
+
+} // namespace
+
+ArrowStrip::ArrowStrip(Orientation orientation, QWidget* parent)
+    : QWidget(parent), m_orientation(orientation) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void ArrowStrip::setBackground(QRgb color) {
+    m_background = color;
+    update();
+}
+
+void ArrowStrip::setArrow(int top) {
+    m_top = top;
+    update();
+}
+
+void ArrowStrip::paintEvent(QPaintEvent*) {
+    QImage strip(size(), QImage::Format_RGB32);
+    strip.fill(m_background);
+    QPainter arrow(&strip);
+    drawCueArrow(arrow, m_top);
+    arrow.end();
+    QPainter(this).drawImage(0, 0, strip.mirrored(m_orientation == Orientation::Mirrored, false));
 }
 
 } // namespace velmora

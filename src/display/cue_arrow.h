@@ -1,14 +1,33 @@
 #pragma once
 
-class QPainter;
+#include "display/display_traits.h"
+
+#include <QRgb>
+#include <QWidget>
 
 namespace velmora {
 
 /// Height of the strip that the cue arrow needs below its top.
 inline constexpr int CueArrowHeight = 74;
 
-/// Draws the cue arrow: an arrow head 37 wide and 73 high with its point at the right, five nested
-/// triangles shaded in grey and white. top is ArrowPosition, in pixels of the strip.
-void drawCueArrow(QPainter& painter, int top);
+/// Picture3: the strip beside the text that holds the cue arrow, an arrow head 37 wide and 73 high
+/// with its point towards the text: five nested triangles shaded in grey and white.
+class ArrowStrip final : public QWidget {
+    Q_OBJECT
+public:
+    /// Mirrored: for the right side of the text, with the point at the left.
+    explicit ArrowStrip(Orientation orientation, QWidget* parent = nullptr);
+    void setBackground(QRgb color);
+    /// Top of the arrow, ArrowPosition, in pixels of the strip.
+    void setArrow(int top);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Orientation m_orientation;
+    QRgb m_background = 0xff000000;
+    int m_top = 0;
+};
 
 } // namespace velmora

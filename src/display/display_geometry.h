@@ -1,6 +1,9 @@
 #pragma once
 
+#include "display/display_traits.h"
+
 #include <QRect>
+#include <QSize>
 
 namespace velmora {
 
@@ -13,9 +16,13 @@ struct GeometryInput final {
     double FontScale = 1;
     /// 1: no controls, the text stands lower and more to the right.
     int FullScreenMode = 0;
+    DisplayTraits traits = {};
+    /// Size of the speaker's display; empty where there is none.
+    QSize secondDisplay = {};
 };
 
-/// Where everything of a display window lies, in the window's coordinates.
+/// Where everything of a display window lies, in the window's coordinates. A mirrored window's
+/// control row is the plain one's seen in a mirror.
 struct DisplayGeometry final {
     int SideMargin = 0;
     /// The visible text window.
@@ -33,6 +40,15 @@ struct DisplayGeometry final {
     QRect Vscroll1;
     QRect Vscroll2;
     QRect Command3;
+    /// Timed shows only: the start button (Command2, the reset, takes its place), the bar of the
+    /// duration, and the duration with its caption.
+    QRect Command1;
+    QRect Hscroll1;
+    QRect Label2;
+    QRect Label3;
+    /// The speaker's text window and arrow strip, in the coordinates of display 2.
+    QRect speakerPicture1;
+    QRect speakerPicture3;
     /// 1.68 on screens up to 480 pixels high, else 2.05. Told by the set-up; nothing reads it.
     double LineHeightFactor = 2.05;
 
@@ -55,5 +71,10 @@ inline constexpr int FullScreenShiftX = 10;
 inline constexpr int FullScreenShiftY = 20;
 
 [[nodiscard]] DisplayGeometry layOutDisplay(const GeometryInput& input);
+
+/// Places the speaker's picture, of the size of the operator's, in the middle of a display 2 of
+/// this size, with the arrow on the flipped side. On a display that is too narrow the lines'
+/// beginnings, at the right, stay in sight.
+void layOutSpeaker(const QSize& display, DisplayGeometry& geometry);
 
 } // namespace velmora

@@ -1,17 +1,23 @@
 #pragma once
 
-#include "display/frame_composer.h"
-
 namespace velmora {
+
+/// Left to right, or flipped for whoever reads in a mirror.
+enum class Orientation { Plain, Mirrored };
 
 /// Every difference between the display windows is a named field here.
 ///
-/// | window | operatorPicture |
-/// |--------|-----------------|
-/// | Form4  | Plain           |
+/// | window | face     | timed |
+/// |--------|----------|-------|
+/// | Form4  | Plain    | no    |
+/// | Form20 | Mirrored | no    |
+/// | Form22 | Plain    | yes   |
+/// | Form25 | Mirrored | yes   |
 struct DisplayTraits final {
-    /// How the operator's own picture shows the rows.
-    Orientation operatorPicture = Orientation::Plain;
+    /// What the operator's screen shows: the text, the control row, and the last question.
+    Orientation face = Orientation::Plain;
+    /// The pace follows from a duration; nobody steers.
+    bool timed = false;
 };
 
 } // namespace velmora

@@ -1,26 +1,32 @@
 #include "display/display_window.h"
 
+#include "controllers/foot_pedal.h"
 #include "controllers/speed_mapping.h"
 #include "core/arrangement.h"
 #include "core/display_rects.h"
+#include "core/number_format.h"
 #include "core/session.h"
-#include "display/cue_arrow.h"
+#include "core/two_display_check.h"
+#include "display/bookmark_question.h"
 #include "display/font_scale.h"
+#include "display/place_on_display.h"
 #include "display/preparation_window.h"
 #include "display/scroll_loop.h"
+#include "display/show_find.h"
+#include "display/show_observer.h"
+#include "display/speaker_window.h"
+#include "display/timed_loop.h"
 #include "platform/desktop/message_boxes.h"
 #include "platform/desktop/monitors.h"
-#include "platform/desktop/screens.h"
 #include "platform/devices/key_numbers.h"
 #include "platform/drawing/color.h"
+#include "platform/timing/clock.h"
 #include "platform/timing/event_pump.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QWindow>
 
@@ -30,128 +36,109 @@ namespace velmora {
 
 namespace {
 
-constexpr int ClockPoints = 12;
-constexpr int CaptionPoints = 8;
-constexpr int DotsPerInch = 96;
 /// Screens whose glyphs are rendered before the first picture.
 constexpr int WarmScreens = 2;
+constexpr int DurationStep = 10;
 
-QFont labelFont(int points) {
-    QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(points * DotsPerInch / 72);
-    return font;
+QRect lastDisplayRect(const DisplayState& displays) {
+    return QRect(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
+                 displays.DisplayHeight);
 }
 
-QLabel* createLabel(QWidget* parent, const QString& text, int points) {
-    auto* label = new QLabel(text, parent);
-    label->setFont(labelFont(points));
-    return label;
+/// A key held down repeats a change of speed or a step of the shuttle, not a toggle or a jump.
+bool repeats(int keyCode, int shift) {
+    const bool speedKey = keyCode >= key::End && keyCode <= key::Down;
+    const bool shuttle = keyCode >= key::F13 && keyCode <= key::F22 && shift == key::NoShift;
+    return speedKey || shuttle;
 }
 
 } // namespace
 
-ArrowStrip::ArrowStrip(QWidget* parent) : QWidget(parent) {
-    setAttribute(Qt::WA_OpaquePaintEvent);
-}
-
-void ArrowStrip::setBackground(QRgb color) {
-    m_background = color;
-}
-
-void ArrowStrip::setArrow(int top) {
-    m_top = top;
-    update();
-}
-
-void ArrowStrip::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), QColor::fromRgb(m_background));
-    drawCueArrow(painter, m_top);
-}
-
 DisplayWindow::DisplayWindow(Session& session, const DisplayTraits& traits, ShowObserver* observer)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), m_session(session), m_traits(traits),
-      m_observer(observer), m_composer(m_masks), m_keys(session, *this) {
+      m_observer(observer), Picture1(new TextWindow(this)), m_controls(traits, this),
+      m_composer(m_masks), m_pace(session.platform.clock.frequency()), m_steering(session, *this) {
     setWindowTitle(QStringLiteral("Velmora Display"));
-    createControls();
+    Picture1->hide();
 }
 
 DisplayWindow::~DisplayWindow() = default;
-
-void DisplayWindow::createControls() {
-    Picture1 = new TextWindow(this);
-    Picture1->hide();
-    Picture3 = new ArrowStrip(this);
-    Picture4 = new ShowMark(ShowMark::Kind::Forward, this);
-    Picture5 = new ShowMark(ShowMark::Kind::Backward, this);
-    Picture6 = new SpeedScale(this);
-    Picture7 = new ShowMark(ShowMark::Kind::Notice, this);
-    Picture7->hide();
-    Label1 = createLabel(this, QStringLiteral("00:00"), ClockPoints);
-    Label4 = createLabel(this, QStringLiteral("00:00"), ClockPoints);
-    Label6 = createLabel(this, QStringLiteral("Elapsed:"), CaptionPoints);
-    Label5 = createLabel(this, QStringLiteral("Remaining:"), CaptionPoints);
-    Vscroll1 = new QScrollBar(Qt::Vertical, this);
-    Vscroll2 = new UpDown(this);
-    Command3 = new QPushButton(QStringLiteral("Exit"), this);
-    for (QWidget* control : {static_cast<QWidget*>(Vscroll1), static_cast<QWidget*>(Command3)}) {
-        control->setFocusPolicy(Qt::NoFocus);
-        // A context menu is a loop of its own, in which the show would stand still.
-        control->setContextMenuPolicy(Qt::NoContextMenu);
-    }
-}
 
 void DisplayWindow::load() {
     m_session.settings.RowStep = m_session.settings.ScrollerTurbo == 1 ? 2 : 1;
     m_session.show.BlankState = 0;
     m_session.show.PauseState = 3;
-    if (m_session.settings.MirrorMode != mirror::OneDisplay) {
-        GetDisplayRect(m_session, 2);
-        if (!displayFound(m_session)) {
-            m_session.platform.messages.show(
-                MessageIcon::Critical, QStringLiteral("Display 2 Not Available"),
-                QStringLiteral("I can only detect 1 available display.  Please enable Display 2 "
-                               "using the Display Properties Settings menu."),
-                MessageButtons::Ok);
-            return;
-        }
-    }
-    GetDisplayRect(m_session, 1);
-    const DisplayState& displays = m_session.displays;
-    m_display = QRect(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
-                      displays.DisplayHeight);
-    if (m_display.isEmpty()) {
-        m_display = QRect(QPoint(0, 0), m_session.platform.monitors.primarySize());
+    if (!findDisplays()) {
+        m_session.platform.messages.show(
+            MessageIcon::Critical, displayMissingTitle(),
+            QStringLiteral("I can only detect 1 available display.  Please enable Display 2 "
+                           "using the Display Properties Settings menu."),
+            MessageButtons::Ok);
+        return;
     }
     prepare();
     connectControls();
-    const ScrollLoopParts parts{m_session,     *this,        m_tables,  m_composer,
-                                *m_navigation, *m_presenter, m_observer};
-    ScrollLoop loop(parts, m_geometry.textRows());
-    loop.run();
+    runLoop();
     leave();
+}
+
+/// False where the settings ask for a second display and there is none.
+bool DisplayWindow::findDisplays() {
+    const bool twoDisplays =
+        m_traits.face == Orientation::Plain && m_session.settings.MirrorMode != mirror::OneDisplay;
+    if (twoDisplays) {
+        GetDisplayRect(m_session, 2);
+        if (!displayFound(m_session)) {
+            return false;
+        }
+        m_speakerDisplay = lastDisplayRect(m_session.displays);
+    }
+    GetDisplayRect(m_session, 1);
+    m_display = lastDisplayRect(m_session.displays);
+    if (m_display.isEmpty()) {
+        m_display = QRect(QPoint(0, 0), m_session.platform.monitors.primarySize());
+    }
+    return true;
 }
 
 /// Line count, scale and colours first, then the geometry, then the ranges, then the tables.
 void DisplayWindow::prepare() {
-    RichTextBox& rtb1 = m_session.script.rtb1;
-    ScriptLineCount = std::min(rtb1.lineCount(), MaxScriptLines);
+    ScriptLineCount = std::min(m_session.script.rtb1.lineCount(), MaxScriptLines);
     FontScale = fitScriptScale(m_session.show.ScriptRtf, m_display.width()).FontScale;
     layOut();
     setRanges();
-    showOnDisplay();
+    fillDisplay(*this, m_display);
+    activateWindow();
+    if (!m_speakerDisplay.isEmpty()) {
+        openSpeakerWindow();
+    }
+    prepareTables();
+    startComposer();
+    createSteering();
+    if (m_observer != nullptr) {
+        m_observer->showPrepared(m_tables, m_geometry, *this);
+    }
+}
 
+void DisplayWindow::prepareTables() {
+    RichTextBox& rtb1 = m_session.script.rtb1;
     Form23 progress(preparationText(ScriptLineCount), this);
     progress.show();
     m_session.platform.pump.DoEvents();
-    const PreparationInput input{ScriptLineCount, FontScale, m_session.settings.LineSpacingIndex,
-                                 0};
+    PreparationInput input{ScriptLineCount, FontScale, m_session.settings.LineSpacingIndex, 0};
+    if (m_traits.timed) {
+        // The text enters at the window's foot, so that the set time is that of the whole script.
+        input.leadInRows = m_geometry.textRows() - 1;
+    }
     m_tables = prepareScript(rtb1, input, [&](int done) {
         progress.setProgress(done);
         m_session.platform.pump.DoEvents();
     });
     rtb1.setSelStart(0);
+}
 
+void DisplayWindow::startComposer() {
+    const RichTextBox& rtb1 = m_session.script.rtb1;
     FrameSource source;
     source.rtb2 = &rtb1;
     source.tables = &m_tables;
@@ -160,19 +147,31 @@ void DisplayWindow::prepare() {
     source.textRows = m_geometry.textRows();
     source.TextAlignment = rtb1.SelAlignment().value_or(Alignment::Left);
     m_composer.begin(source);
-    m_composer.addOutput(Picture1->surface(), m_traits.operatorPicture);
+    m_composer.addOutput(Picture1->surface(), m_traits.face);
+    if (m_speaker) {
+        m_composer.addOutput(m_speaker->Picture1->surface(), Orientation::Mirrored);
+    }
     const ShowState& show = m_session.show;
     const int startLine = show.StartFromCursor == 0 ? 0 : static_cast<int>(show.StartPosition);
     m_composer.warmUp(m_tables.scanTable.firstRowOfLine(startLine),
                       WarmScreens * m_geometry.textRows());
-    m_navigation =
-        std::make_unique<ShowNavigation>(m_session, m_tables, m_composer, m_geometry.textRows());
+}
+
+/// What handlers and the loop work with once there are tables.
+void DisplayWindow::createSteering() {
     m_presenter = std::make_unique<RefreshPresenter>(
         m_session.platform.clock, m_session.platform.monitors.refreshRate(m_display),
         [this] { paintPicture(); });
-    if (m_observer != nullptr) {
-        m_observer->showPrepared(m_tables, m_geometry, *this);
-    }
+    m_navigation = std::make_unique<ShowNavigation>(ShowNavigation::Parts{
+        m_session, m_tables, m_composer, *this, *m_presenter, m_geometry.textRows()});
+    m_keys = std::make_unique<OperatorKeys>(
+        OperatorKeys::Parts{m_session, m_steering, *m_navigation, *this, *this},
+        m_traits.timed ? OperatorKeys::Keyboard::Timed : OperatorKeys::Keyboard::Steered);
+    m_pointer = std::make_unique<PointerControl>(
+        PointerControl::Parts{m_session, m_steering, *this, *this, *Picture1, *m_controls.Picture6},
+        m_traits, nullptr);
+    m_pedal = std::make_unique<FootPedal>(
+        m_session, *this, m_traits.timed ? FootPedal::Buttons::PauseOnly : FootPedal::Buttons::All);
 }
 
 void DisplayWindow::layOut() {
@@ -183,83 +182,96 @@ void DisplayWindow::layOut() {
                      m_session.script.rtb1.BackColor() == White ? Qt::black : Qt::white);
     setPalette(colours);
     Picture1->setBackground(background);
-    Picture3->setBackground(background);
-    Picture6->setRange(m_session.settings.ScrollSpeedControl);
+    m_controls.Picture3->setBackground(background);
+    m_controls.Picture6->setRange(m_session.settings.ScrollSpeedControl);
     placeControls();
     showControls();
 }
 
 void DisplayWindow::placeControls() {
-    const GeometryInput input{m_display.width(), m_display.height(),
-                              m_session.script.rtb1.wrapWidth(), FontScale,
-                              m_session.settings.FullScreenMode};
+    GeometryInput input{m_display.width(), m_display.height(), m_session.script.rtb1.wrapWidth(),
+                        FontScale, m_session.settings.FullScreenMode};
+    input.traits = m_traits;
+    input.secondDisplay = m_speakerDisplay.size();
     m_geometry = layOutDisplay(input);
     Picture1->setGeometry(m_geometry.Picture1);
-    Picture3->setGeometry(m_geometry.Picture3);
-    for (QWidget* mark : {Picture4, Picture5, Picture7}) {
-        mark->setGeometry(m_geometry.directionMark);
-    }
-    Picture6->setGeometry(m_geometry.Picture6);
-    Label1->setGeometry(m_geometry.Label1);
-    Label4->setGeometry(m_geometry.Label4);
-    Label5->setGeometry(m_geometry.Label5);
-    Label6->setGeometry(m_geometry.Label6);
-    Vscroll1->setGeometry(m_geometry.Vscroll1);
-    Vscroll2->setGeometry(m_geometry.Vscroll2);
-    Command3->setGeometry(m_geometry.Command3);
+    m_controls.place(m_geometry);
 }
 
 /// What is in sight follows from the settings and the show's state alone.
 void DisplayWindow::showControls() {
-    const bool blank = m_session.show.BlankState == 1;
-    const bool controls = m_session.settings.FullScreenMode == 0 && !blank;
-    const bool notice = m_session.show.MessageShownAt != 0;
-    for (QWidget* control : std::initializer_list<QWidget*>{Picture6, Label1, Label4, Label5,
-                                                            Label6, Vscroll1, Vscroll2, Command3}) {
-        control->setVisible(controls);
+    const ShowState& show = m_session.show;
+    const bool blank = show.BlankState == 1;
+    ControlsInSight inSight;
+    inSight.row = m_session.settings.FullScreenMode == 0 && !blank;
+    inSight.arrow = m_session.settings.ArrowVisible == 1 && !blank;
+    inSight.pointerCaught = m_session.settings.SpeedControllerInUse == 1;
+    inSight.direction = m_shownDirection;
+    inSight.notice = show.MessageShownAt != 0;
+    inSight.awaitingStart = show.AwaitingStart == 1;
+    inSight.running = show.PauseState == 0;
+    m_controls.show(inSight);
+    if (m_speaker) {
+        m_speaker->Picture3->setVisible(inSight.arrow);
     }
-    Picture4->setVisible(controls && m_shownDirection > 0);
-    Picture5->setVisible(controls && m_shownDirection < 0);
-    Picture7->setVisible(controls && notice);
-    Picture7->raise();
-    Picture3->setVisible(m_session.settings.ArrowVisible == 1 && !blank);
 }
 
 void DisplayWindow::setRanges() {
     Settings& settings = m_session.settings;
-    const QSignalBlocker silentBar(Vscroll1);
-    const QSignalBlocker silentArrow(Vscroll2);
-    Vscroll1->setRange(0, ScriptLineCount);
-    Vscroll1->setPageStep(std::max(1, ScriptLineCount / 20));
-    Vscroll1->setValue(0);
-    Vscroll2->setRange(0, m_geometry.Picture3.height() - CueArrowHeight);
-    Vscroll2->setValue(settings.ArrowPosition);
-    Vscroll2_Change(Vscroll2->value());
+    const QSignalBlocker silentBar(m_controls.Vscroll1);
+    const QSignalBlocker silentArrow(m_controls.Vscroll2);
+    const QSignalBlocker silentDuration(m_controls.Hscroll1);
+    m_controls.Vscroll1->setRange(0, ScriptLineCount);
+    m_controls.Vscroll1->setPageStep(std::max(1, ScriptLineCount / 20));
+    m_controls.Vscroll1->setValue(0);
+    m_controls.Vscroll2->setRange(0, m_geometry.Picture3.height() - CueArrowHeight);
+    m_controls.Vscroll2->setValue(settings.ArrowPosition);
+    Vscroll2_Change(m_controls.Vscroll2->value());
+    settings.TimedDisplaySeconds =
+        std::clamp(settings.TimedDisplaySeconds, TimedPace::LeastSeconds, TimedPace::MostSeconds);
+    m_controls.Hscroll1->setRange(TimedPace::LeastSeconds, TimedPace::MostSeconds);
+    m_controls.Hscroll1->setPageStep(DurationStep);
+    m_controls.Hscroll1->setSingleStep(DurationStep);
+    m_controls.Hscroll1->setValue(settings.TimedDisplaySeconds);
+    m_controls.Label3->setText(clockText(settings.TimedDisplaySeconds));
     settings.ScrollSpeed = speedAtShowStart(settings.ScrollSpeed, settings.ScrollSpeedControl);
     moveSpeedIndicator();
 }
 
-void DisplayWindow::showOnDisplay() {
-    setGeometry(m_display);
-    if (QScreen* screen = screenAt(m_display)) {
-        setScreen(screen);
-        setGeometry(m_display);
-        showFullScreen();
-    } else {
-        setWindowFlag(Qt::WindowStaysOnTopHint);
-        show();
-    }
-    raise();
-    activateWindow();
+void DisplayWindow::openSpeakerWindow() {
+    m_speaker = std::make_unique<SpeakerScriptM>(toPixel(m_session.script.rtb1.BackColor()));
+    m_speaker->Picture3->setArrow(m_session.settings.ArrowPosition);
+    connect(m_speaker.get(), &SpeakerScriptM::closeRequested, this, [this] { m_steering.leave(); });
+    m_speaker->standOn(m_speakerDisplay, m_geometry);
+    showControls();
 }
 
 void DisplayWindow::connectControls() {
     Picture1->installEventFilter(this);
-    connect(Vscroll1, &QScrollBar::valueChanged, this, &DisplayWindow::Vscroll1_Change);
-    connect(Vscroll2, &UpDown::valueChanged, this, &DisplayWindow::Vscroll2_Change);
-    connect(Command3, &QPushButton::clicked, this, &DisplayWindow::Command3_Click);
-    connect(Picture6, &SpeedScale::pressed, this, &DisplayWindow::Picture6_MouseDown);
+    connect(m_controls.Vscroll1, &QScrollBar::valueChanged, this, &DisplayWindow::Vscroll1_Change);
+    connect(m_controls.Vscroll2, &UpDown::valueChanged, this, &DisplayWindow::Vscroll2_Change);
+    connect(m_controls.Hscroll1, &QScrollBar::valueChanged, this, &DisplayWindow::Hscroll1_Change);
+    connect(m_controls.Command1, &ShowButton::clicked, this, &DisplayWindow::startOrReset);
+    connect(m_controls.Command2, &ShowButton::clicked, this, &DisplayWindow::startOrReset);
+    connect(m_controls.Command3, &ShowButton::clicked, this, [this] { m_steering.leave(); });
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DisplayWindow::keepInFront);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &DisplayWindow::followDisplays);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DisplayWindow::followDisplays);
+    m_pointer->catchPointer();
+}
+
+/// A display that is unplugged ends nothing: the speaker's window rests until there is a display 2
+/// again, and the operator's runs on.
+void DisplayWindow::followDisplays() {
+    if (!m_speaker) {
+        return;
+    }
+    GetDisplayRect(m_session, 2);
+    const QRect display = lastDisplayRect(m_session.displays);
+    DisplayGeometry geometry = m_geometry;
+    layOutSpeaker(display.size(), geometry);
+    m_speaker->standOn(display, geometry);
+    activateWindow();
 }
 
 /// The editor beneath is disabled: brought to the front by the desktop it would hide a running show
@@ -272,28 +284,57 @@ void DisplayWindow::keepInFront(QWindow* focused) {
     }
 }
 
+/// Both pictures in one turn: the speaker sees the row that the operator sees.
 void DisplayWindow::paintPicture() {
     Picture1->repaint();
+    if (m_speaker) {
+        m_speaker->present();
+    }
+}
+
+void DisplayWindow::runLoop() {
+    const bool always = m_traits.timed || m_traits.face == Orientation::Mirrored;
+    const ShowLoopParts parts{m_session,
+                              *this,
+                              m_tables,
+                              m_composer,
+                              *m_navigation,
+                              *m_presenter,
+                              [this] { m_pedal->poll(); },
+                              always ? LoopHousekeeping::Measured::Always
+                                     : LoopHousekeeping::Measured::ForwardSplitRange,
+                              m_observer};
+    if (m_traits.timed) {
+        TimedLoop(parts, m_pace).run();
+    } else {
+        ScrollLoop(parts, m_geometry.textRows()).run();
+    }
 }
 
 void DisplayWindow::leave() {
     setElapsedText(QString());
     setRemainingText(QString());
     m_session.show.ShowTopLine = m_navigation->returnLine();
+    m_pointer.reset();
+    offerBookmarks(m_session, m_navigation->bookmarks().inserted(), m_traits.face, this);
 }
 
 void DisplayWindow::setElapsedText(const QString& text) {
-    Label1->setText(text);
+    m_controls.Label1->setText(text);
 }
 
 void DisplayWindow::setRemainingText(const QString& text) {
-    Label4->setText(text);
+    m_controls.Label4->setText(text);
 }
 
 void DisplayWindow::setScrollValue(int line) {
     m_session.show.SuppressScrollEvent = 1;
-    Vscroll1->setValue(line);
+    m_controls.Vscroll1->setValue(line);
     m_session.show.SuppressScrollEvent = 0;
+}
+
+void DisplayWindow::moveSpeedIndicator() {
+    m_controls.Picture6->setSpeed(m_session.settings.ScrollSpeed);
 }
 
 void DisplayWindow::showDirection(int direction) {
@@ -301,8 +342,7 @@ void DisplayWindow::showDirection(int direction) {
     showControls();
 }
 
-void DisplayWindow::hideNotice() {
-    m_session.show.MessageShownAt = 0;
+void DisplayWindow::showNotice() {
     showControls();
 }
 
@@ -316,23 +356,34 @@ void DisplayWindow::focusPicture() {
     Picture1->setFocus();
 }
 
-void DisplayWindow::moveSpeedIndicator() {
-    Picture6->setSpeed(m_session.settings.ScrollSpeed);
+void DisplayWindow::showRunState() {
+    showControls();
 }
 
-void DisplayWindow::jumpToLine(int line) {
-    setScrollValue(line);
-    Vscroll1_Change(Vscroll1->value());
+void DisplayWindow::addBookmark() {
+    if (m_navigation->bookmarks().add(m_navigation->takeTopLine())) {
+        m_session.show.MessageShownAt = m_session.platform.clock.Timer();
+        showNotice();
+    }
 }
 
-int DisplayWindow::lastScrollValue() const {
-    return Vscroll1->maximum();
+void DisplayWindow::find() {
+    ShowFind(m_session, *m_navigation).find(this);
+    focusPicture();
+}
+
+void DisplayWindow::findNext() {
+    ShowFind(m_session, *m_navigation).findNext();
 }
 
 void DisplayWindow::toggleBlank() {
     // Before anything yields, so that no step can draw into the blank screen.
     m_session.show.BlankState = m_session.show.BlankState == 0 ? 1 : 0;
-    Picture1->setBlank(m_session.show.BlankState == 1);
+    const bool blank = m_session.show.BlankState == 1;
+    Picture1->setBlank(blank);
+    if (m_speaker) {
+        m_speaker->Picture1->setBlank(blank);
+    }
     showControls();
 }
 
@@ -345,11 +396,31 @@ void DisplayWindow::toggleFullScreen() {
     m_session.settings.FullScreenMode = m_session.settings.FullScreenMode == 0 ? 1 : 0;
     placeControls();
     showControls();
+    m_pointer->catchPointer();
+}
+
+void DisplayWindow::startOrReset() {
+    ShowState& show = m_session.show;
+    show.PauseState = 0;
+    if (show.AwaitingStart == 1) {
+        show.AwaitingStart = 0;
+    } else if (show.ExitRequested == 0) {
+        show.ExitRequested = TimedLoop::ResetRequested;
+    }
+    focusPicture();
+}
+
+void DisplayWindow::keyDown(int& keyCode, int& shift) {
+    Picture1_KeyDown(keyCode, shift);
+}
+
+void DisplayWindow::setSpeed(double scrollSpeed) {
+    m_steering.setSpeed(scrollSpeed);
 }
 
 void DisplayWindow::closeEvent(QCloseEvent* event) {
     // The loop stands on this window: closing it only asks the loop to leave.
-    m_session.show.ExitRequested = 1;
+    m_steering.leave();
     event->ignore();
 }
 
@@ -357,19 +428,19 @@ bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == Picture1 && event->type() == QEvent::KeyPress) {
         const auto* keyEvent = static_cast<QKeyEvent*>(event);
         int keyCode = virtualKey(*keyEvent);
-        // A key held down repeats a change of speed, not a toggle or a jump.
-        const bool repeats = keyCode >= key::End && keyCode <= key::Down;
-        const bool plain = (keyEvent->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
-        if (plain && (!keyEvent->isAutoRepeat() || repeats)) {
-            Picture1_KeyDown(keyCode);
+        int shift = shiftState(*keyEvent);
+        const bool plain = (shift & ~key::Shift) == 0;
+        if (plain && (!keyEvent->isAutoRepeat() || repeats(keyCode, shift))) {
+            Picture1_KeyDown(keyCode, shift);
         }
         return true;
     }
     return QWidget::eventFilter(watched, event);
 }
 
-void DisplayWindow::Picture1_KeyDown(int& keyCode) {
-    m_keys.keyDown(keyCode);
+/// The single door of all keys, the pedal's and the shuttle's too.
+void DisplayWindow::Picture1_KeyDown(int& keyCode, int& shift) {
+    m_keys->keyDown(keyCode, shift);
     focusPicture();
 }
 
@@ -383,34 +454,21 @@ void DisplayWindow::Vscroll1_Change(int value) {
 
 void DisplayWindow::Vscroll2_Change(int value) {
     m_session.settings.ArrowPosition = value;
-    Picture3->setArrow(value);
-    focusPicture();
-}
-
-void DisplayWindow::Picture6_MouseDown(int x) {
-    switch (SpeedScale::partAt(x)) {
-    case SpeedScale::Part::Start:
-        m_session.show.PauseState = 0;
-        break;
-    case SpeedScale::Part::Pause:
-        m_keys.togglePause();
-        break;
-    case SpeedScale::Part::Scale:
-        m_session.settings.ScrollSpeed = SpeedScale::speedAt(x);
-        moveSpeedIndicator();
-        break;
-    case SpeedScale::Part::None:
-        break;
+    m_controls.Picture3->setArrow(value);
+    if (m_speaker) {
+        m_speaker->Picture3->setArrow(value);
     }
     focusPicture();
 }
 
-void DisplayWindow::mousePressEvent(QMouseEvent*) {
+void DisplayWindow::Hscroll1_Change(int value) {
+    m_session.settings.TimedDisplaySeconds = value;
+    m_controls.Label3->setText(clockText(value));
+    m_pace.change(value);
     focusPicture();
 }
 
-void DisplayWindow::Command3_Click() {
-    m_session.show.ExitRequested = 1;
+void DisplayWindow::mousePressEvent(QMouseEvent*) {
     focusPicture();
 }
 

@@ -1,49 +1,38 @@
 #pragma once
 
-#include "display/control_row.h"
+#include "controllers/show_actions.h"
+#include "display/display_controls.h"
 #include "display/display_geometry.h"
 #include "display/display_traits.h"
 #include "display/frame_composer.h"
 #include "display/operator_keys.h"
+#include "display/pointer_control.h"
 #include "display/script_preparation.h"
+#include "display/show_loop.h"
 #include "display/show_navigation.h"
 #include "display/show_screen.h"
+#include "display/show_steering.h"
 #include "display/text_window.h"
+#include "display/timed_pace.h"
 #include "platform/timing/refresh_presenter.h"
-#include "widgets/up_down.h"
 
-#include <QLabel>
-#include <QPushButton>
-#include <QScrollBar>
 #include <QWidget>
 
 #include <memory>
 
 namespace velmora {
 
+class FootPedal;
 class Session;
 class ShowObserver;
+class SpeakerScriptM;
 
-/// Picture3: the strip left of the text that holds the cue arrow.
-class ArrowStrip final : public QWidget {
-    Q_OBJECT
-public:
-    explicit ArrowStrip(QWidget* parent = nullptr);
-    void setBackground(QRgb color);
-    /// Top of the arrow, in pixels of the strip.
-    void setArrow(int top);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    QRgb m_background = 0xff000000;
-    int m_top = 0;
-};
-
-/// The body of every display window: set-up, the loop, keys, leaving. Owned by the hand-over, which
-/// destroys it after load() has returned; nothing destroys it before.
-class DisplayWindow : public QWidget, public ShowScreen, public OperatorActions {
+/// The body of every display window: set-up, the loop, its acts, leaving. Owned by the hand-over,
+/// which destroys it after load() has returned; nothing destroys it before.
+class DisplayWindow : public QWidget,
+                      public ShowScreen,
+                      public OperatorActions,
+                      public ShowActions {
     Q_OBJECT
 public:
     DisplayWindow(Session& session, const DisplayTraits& traits, ShowObserver* observer);
@@ -56,18 +45,25 @@ public:
     void setElapsedText(const QString& text) override;
     void setRemainingText(const QString& text) override;
     void setScrollValue(int line) override;
+    void moveSpeedIndicator() override;
     void showDirection(int direction) override;
-    void hideNotice() override;
+    void showNotice() override;
     void showPicture() override;
     void focusPicture() override;
+    void showRunState() override;
 
     // OperatorActions
-    void moveSpeedIndicator() override;
-    void jumpToLine(int line) override;
-    [[nodiscard]] int lastScrollValue() const override;
+    void addBookmark() override;
+    void find() override;
+    void findNext() override;
     void toggleBlank() override;
     void toggleArrow() override;
     void toggleFullScreen() override;
+    void startOrReset() override;
+
+    // ShowActions
+    void keyDown(int& keyCode, int& shift) override;
+    void setSpeed(double scrollSpeed) override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -75,44 +71,41 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void createControls();
-    void connectControls();
-    void keepInFront(QWindow* focused);
+    bool findDisplays();
     void prepare();
+    void prepareTables();
+    void startComposer();
     void layOut();
     void placeControls();
     void showControls();
     void setRanges();
-    void showOnDisplay();
+    void openSpeakerWindow();
+    void createSteering();
+    void connectControls();
+    void followDisplays();
+    void keepInFront(QWindow* focused);
     void paintPicture();
+    void runLoop();
     void leave();
 
-    void Picture1_KeyDown(int& keyCode);
+    void Picture1_KeyDown(int& keyCode, int& shift);
     void Vscroll1_Change(int value);
     void Vscroll2_Change(int value);
-    void Picture6_MouseDown(int x);
-    void Command3_Click();
+    void Hscroll1_Change(int value);
 
     Session& m_session;
     DisplayTraits m_traits;
     ShowObserver* m_observer;
 
     TextWindow* Picture1 = nullptr;
-    ArrowStrip* Picture3 = nullptr;
-    ShowMark* Picture4 = nullptr;
-    ShowMark* Picture5 = nullptr;
-    SpeedScale* Picture6 = nullptr;
-    ShowMark* Picture7 = nullptr;
-    QLabel* Label1 = nullptr;
-    QLabel* Label4 = nullptr;
-    QLabel* Label5 = nullptr;
-    QLabel* Label6 = nullptr;
-    QScrollBar* Vscroll1 = nullptr;
-    UpDown* Vscroll2 = nullptr;
-    QPushButton* Command3 = nullptr;
+    DisplayControls m_controls;
+    /// Null without a second display.
+    std::unique_ptr<SpeakerScriptM> m_speaker;
 
     /// Rectangle of display 1; its size is the screen of all layout here.
     QRect m_display;
+    /// Rectangle of display 2, SpeakerRect; empty for none.
+    QRect m_speakerDisplay;
     double FontScale = 1;
     /// Lines of the script that the show holds.
     int ScriptLineCount = 0;
@@ -120,9 +113,13 @@ private:
     DisplayGeometry m_geometry;
     GlyphMaskCache m_masks;
     FrameComposer m_composer;
-    std::unique_ptr<ShowNavigation> m_navigation;
+    TimedPace m_pace;
+    ShowSteering m_steering;
     std::unique_ptr<RefreshPresenter> m_presenter;
-    OperatorKeys m_keys;
+    std::unique_ptr<ShowNavigation> m_navigation;
+    std::unique_ptr<OperatorKeys> m_keys;
+    std::unique_ptr<PointerControl> m_pointer;
+    std::unique_ptr<FootPedal> m_pedal;
     /// The display's own picture of a direction, which full screen hides.
     int m_shownDirection = 1;
 };

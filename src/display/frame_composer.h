@@ -1,5 +1,6 @@
 #pragma once
 
+#include "display/display_traits.h"
 #include "display/script_preparation.h"
 #include "platform/drawing/glyph_mask_cache.h"
 #include "platform/drawing/scroll_surface.h"
@@ -10,9 +11,6 @@
 #include <vector>
 
 namespace velmora {
-
-/// How an output shows the rows: as they are, or flipped left to right.
-enum class Orientation { Plain, Mirrored };
 
 /// What the frames of one show are made from.
 struct FrameSource final {

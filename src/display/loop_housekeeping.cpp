@@ -13,15 +13,16 @@ namespace velmora {
 namespace {
 
 constexpr double NoticeSeconds = 2;
-/// Last housekeeping phase: one more in forward Split Range, which alone measures the cycle.
+/// Last housekeeping phase: one more where the cycle is measured.
 constexpr int LastPhaseMeasured = 90;
 constexpr int LastPhase = 89;
 constexpr int StepsPerCycle = 91;
 
 } // namespace
 
-LoopHousekeeping::LoopHousekeeping(Session& session, ShowScreen& screen, const ShowTables& tables)
-    : m_session(session), m_screen(screen), m_tables(tables) {}
+LoopHousekeeping::LoopHousekeeping(Session& session, ShowScreen& screen, const ShowTables& tables,
+                                   Measured measured)
+    : m_session(session), m_screen(screen), m_tables(tables), m_measured(measured) {}
 
 void LoopHousekeeping::restart() {
     m_framePhase = -1;
@@ -32,12 +33,15 @@ void LoopHousekeeping::restartCycle() {
     m_cycleStart = m_session.platform.clock.counter();
 }
 
-void LoopHousekeeping::advanceFramePhase() {
+bool LoopHousekeeping::advanceFramePhase() {
     const bool measured =
-        !isFullRange(m_session.settings.ScrollSpeedControl) && m_session.show.ScrollDirection > 0;
-    if (++m_framePhase > (measured ? LastPhaseMeasured : LastPhase)) {
-        m_framePhase = 0;
+        m_measured == Measured::Always ||
+        (!isFullRange(m_session.settings.ScrollSpeedControl) && m_session.show.ScrollDirection > 0);
+    if (++m_framePhase <= (measured ? LastPhaseMeasured : LastPhase)) {
+        return false;
     }
+    m_framePhase = 0;
+    return true;
 }
 
 /// Control updates are spread over the steps, so that none pays for more than one.
@@ -97,8 +101,8 @@ void LoopHousekeeping::checkNotice() {
     const double now = m_session.platform.clock.Timer();
     const bool over = now - show.MessageShownAt > NoticeSeconds || show.MessageShownAt > now;
     if (show.MessageShownAt != 0 && over) {
-        m_screen.hideNotice();
         show.MessageShownAt = 0;
+        m_screen.showNotice();
     }
 }
 

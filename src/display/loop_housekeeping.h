@@ -14,15 +14,19 @@ struct ShowTables;
 /// steps, so that none pays for more than one. Owned by the scroll loop.
 class LoopHousekeeping final {
 public:
-    LoopHousekeeping(Session& session, ShowScreen& screen, const ShowTables& tables);
+    /// Which steps' length is measured, from which the remaining time follows.
+    enum class Measured { ForwardSplitRange, Always };
+
+    LoopHousekeeping(Session& session, ShowScreen& screen, const ShowTables& tables,
+                     Measured measured);
 
     /// Begins anew with the first phase: at a pass start and after a turn at a limit.
     void restart();
     /// Begins measuring the cycle anew: time that was not scrolled must not count.
     void restartCycle();
 
-    /// Counts a step.
-    void advanceFramePhase();
+    /// Counts a step. True where a cycle of steps is over and the next begins with this one.
+    bool advanceFramePhase();
     /// Does the work of the current phase, at most one control.
     void updateControls();
 
@@ -40,10 +44,11 @@ private:
     Session& m_session;
     ShowScreen& m_screen;
     const ShowTables& m_tables;
-    /// Counts 0 to 90 in forward Split Range, else to 89; -1 before the first step.
+    Measured m_measured;
+    /// Counts 0 to 90 where steps are measured, else to 89; -1 before the first step.
     int m_framePhase = -1;
     std::int64_t m_cycleStart = 0;
-    /// Measured seconds a step; 0 until the first cycle of forward Split Range has ended.
+    /// Measured seconds a step; 0 until the first measured cycle has ended.
     double m_secondsPerStep = 0;
 };
 

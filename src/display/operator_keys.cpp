@@ -1,11 +1,14 @@
 #include "display/operator_keys.h"
 
+#include "controllers/controller_buttons.h"
 #include "controllers/speed_mapping.h"
 #include "core/session.h"
+#include "display/show_navigation.h"
+#include "display/show_steering.h"
 #include "platform/devices/key_numbers.h"
-#include "platform/timing/clock.h"
 
 #include <array>
+#include <span>
 #include <utility>
 
 namespace velmora {
@@ -19,84 +22,161 @@ constexpr std::array<std::pair<int, SpeedKey>, 6> SpeedKeys = {{{key::Left, Spee
                                                                 {key::Home, SpeedKey::Home},
                                                                 {key::End, SpeedKey::End}}};
 
-/// Written into PauseAtLimit to end a wait at a limit.
-constexpr int EndLimitWait = 99;
+/// Requests of BookmarkJump.
+constexpr int NextBookmark = 1;
+constexpr int PreviousBookmark = 2;
+/// From here on a speed of Full Range stands still enough for a search.
+constexpr double SearchSpeed = 250;
+
+constexpr int AnyKey = 0;
+/// Keys that a row with this Shift takes.
+enum class ShiftIs { Any, Up, Down };
+
+/// For a row that only uses a key up or makes another of it.
+void nothing(OperatorKeys&, int) {}
 
 } // namespace
 
-OperatorKeys::OperatorKeys(Session& session, OperatorActions& actions)
-    : m_session(session), m_actions(actions) {}
+/// A test of the handler: where the key, its Shift and the condition fit, the act is carried out
+/// and the key becomes another one, or 0 where it was used up.
+struct OperatorKeys::Row final {
+    int firstKey;
+    int lastKey;
+    ShiftIs shift;
+    bool (OperatorKeys::*when)() const;
+    void (*act)(OperatorKeys& keys, int key);
+    int becomes = 0;
+};
 
-void OperatorKeys::keyDown(int& keyCode) {
-    ShowState& show = m_session.show;
-    // A screen that is blank must come back, whatever has happened to the pause meanwhile.
-    if (keyCode == key::F12 && (show.PauseState > 0 || show.BlankState == 1)) {
-        m_actions.toggleBlank();
-        keyCode = 0;
-    }
-    if (show.BlankState == 1) {
-        keyCode = 0;
-    }
-    if (keyCode == key::Escape) {
-        show.ExitRequested = 1;
-    }
-    positionKeys(keyCode);
-    displayKeys(keyCode);
-    // A looping show is unattended: the keys that steer it are dead.
-    if (m_session.settings.AutomaticLooping != 1) {
-        plainKeys(keyCode);
-    }
-}
+/// A looping show is unattended: the keys that steer it are dead.
+const OperatorKeys::Row OperatorKeys::SteeredRows[] = {
+    {key::F12, key::F12, ShiftIs::Any, &OperatorKeys::canBlank,
+     [](OperatorKeys& k, int) { k.m_parts.actions.toggleBlank(); }},
+    {AnyKey, AnyKey, ShiftIs::Any, &OperatorKeys::blanked, nothing},
+    {key::F15, key::F21, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int code) {
+         k.m_parts.navigation.stepLines(*shuttleRingLines(code, key::NoShift));
+     }},
+    {key::F22, key::F22, ShiftIs::Up, nullptr,
+     [](OperatorKeys& k, int code) {
+         k.m_parts.navigation.stepLines(*shuttleRingLines(code, key::NoShift));
+     }},
+    {key::Escape, key::Escape, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.steering.leave(); }},
+    {key::F13, key::F14, ShiftIs::Up, nullptr,
+     [](OperatorKeys& k, int code) { k.m_jogWheel.keyDown(code, key::NoShift); }},
+    {key::F24, key::F24, ShiftIs::Up, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.steering.reverse(); }},
+    {key::F24, key::F24, ShiftIs::Down, nullptr, nothing, key::F10},
+    {key::F22, key::F22, ShiftIs::Down, &OperatorKeys::notLooping, nothing, key::PageUp},
+    {key::F23, key::F23, ShiftIs::Up, &OperatorKeys::notLooping,
+     [](OperatorKeys& k, int) { k.m_parts.steering.togglePause(); }},
+    {key::F23, key::F23, ShiftIs::Down, &OperatorKeys::notLooping, nothing, key::PageDown},
+    {key::Digit1, key::Digit1, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.navigation.jumpTo(0); }},
+    {key::Digit2, key::Digit9, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int code) {
+         k.m_parts.navigation.jumpToSelectiveBookmark(code - key::Digit0);
+     }},
+    {key::Digit0, key::Digit0, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.navigation.jumpTo(k.m_parts.navigation.lastLine()); }},
+    {key::Backspace, key::Backspace, ShiftIs::Any, &OperatorKeys::fullRange,
+     [](OperatorKeys& k, int) { k.m_parts.steering.reverse(); }},
+    {key::F3, key::F3, ShiftIs::Any, &OperatorKeys::canFindNext,
+     [](OperatorKeys& k, int) { k.m_parts.actions.findNext(); }},
+    {key::F, key::F, ShiftIs::Any, &OperatorKeys::canFind,
+     [](OperatorKeys& k, int) { k.m_parts.actions.find(); }},
+    {key::B, key::B, ShiftIs::Any, &OperatorKeys::notLooping,
+     [](OperatorKeys& k, int) { k.m_parts.actions.addBookmark(); }},
+    {key::F9, key::F9, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.actions.toggleArrow(); }},
+    {key::F10, key::F10, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.actions.toggleFullScreen(); }},
+    {key::Enter, key::Enter, ShiftIs::Any, &OperatorKeys::notLooping,
+     [](OperatorKeys& k, int) { k.m_parts.steering.start(); }},
+    {key::Space, key::Space, ShiftIs::Any, &OperatorKeys::notLooping,
+     [](OperatorKeys& k, int) { k.m_parts.steering.togglePause(); }},
+    {key::PageUp, key::PageUp, ShiftIs::Any, &OperatorKeys::notLooping,
+     [](OperatorKeys& k, int) { k.m_session.show.BookmarkJump = PreviousBookmark; }},
+    {key::PageDown, key::PageDown, ShiftIs::Any, &OperatorKeys::notLooping,
+     [](OperatorKeys& k, int) { k.m_session.show.BookmarkJump = NextBookmark; }},
+    {key::End, key::Down, ShiftIs::Any, &OperatorKeys::notLooping,
+     [](OperatorKeys& k, int code) { k.changeSpeed(code); }},
+};
 
-void OperatorKeys::positionKeys(int& keyCode) {
-    if (keyCode == key::Digit1) {
-        m_actions.jumpToLine(0);
-        keyCode = 0;
-    } else if (keyCode == key::Digit0) {
-        m_actions.jumpToLine(m_actions.lastScrollValue());
-        keyCode = 0;
-    }
-}
+const OperatorKeys::Row OperatorKeys::TimedRows[] = {
+    {key::F24, key::F24, ShiftIs::Down, nullptr, nothing, key::F10},
+    {key::F23, key::F23, ShiftIs::Up, nullptr, nothing, key::Space},
+    {key::Escape, key::Escape, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.steering.leave(); }},
+    {key::F9, key::F9, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.actions.toggleArrow(); }},
+    {key::F10, key::F10, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.actions.toggleFullScreen(); }},
+    {key::Space, key::Space, ShiftIs::Any, nullptr,
+     [](OperatorKeys& k, int) { k.m_parts.actions.startOrReset(); }},
+};
 
-void OperatorKeys::displayKeys(int& keyCode) {
-    if (keyCode == key::F9) {
-        m_actions.toggleArrow();
-        keyCode = 0;
-    } else if (keyCode == key::F10) {
-        m_actions.toggleFullScreen();
-        keyCode = 0;
-    }
-}
+OperatorKeys::OperatorKeys(const Parts& parts, Keyboard keyboard)
+    : m_session(parts.session), m_parts(parts), m_keyboard(keyboard),
+      m_jogWheel(parts.session, parts.devices) {}
 
-void OperatorKeys::plainKeys(int& keyCode) {
-    if (keyCode == key::Enter) {
-        m_session.show.PauseState = 0;
-    } else if (keyCode == key::Space) {
-        togglePause();
+void OperatorKeys::keyDown(int& keyCode, int& shift) {
+    const bool steered = m_keyboard == Keyboard::Steered;
+    if (steered) {
+        translateWirelessKey(keyCode, m_session.settings.ControllerType);
     }
-    for (const auto& [code, speedKey] : SpeedKeys) {
-        if (keyCode == code) {
-            setSpeed(speedAfterKey(speedKey, m_session.settings.ScrollSpeed,
-                                   m_session.settings.ScrollSpeedControl));
+    translateControllerButton(keyCode, shift, m_session.settings);
+    for (const Row& row : steered ? std::span<const Row>(SteeredRows) : std::span(TimedRows)) {
+        const bool fits =
+            row.firstKey == AnyKey || (keyCode >= row.firstKey && keyCode <= row.lastKey);
+        const bool shiftFits =
+            row.shift == ShiftIs::Any || (row.shift == ShiftIs::Down) == (shift == key::Shift);
+        if (keyCode != 0 && fits && shiftFits && (row.when == nullptr || (this->*row.when)())) {
+            row.act(*this, keyCode);
+            keyCode = row.becomes;
+            shift = 0;
         }
     }
     keyCode = 0;
 }
 
-void OperatorKeys::togglePause() {
-    ShowState& show = m_session.show;
-    if (show.PauseState == 3) {
-        show.ElapsedStart = m_session.platform.clock.Timer();
-    }
-    show.PauseState = show.PauseState == 0 ? 1 : 0;
-    if (isFullRange(m_session.settings.ScrollSpeedControl)) {
-        show.PauseAtLimit = EndLimitWait;
-    }
+/// A screen that is blank must come back, whatever has happened to the pause meanwhile.
+bool OperatorKeys::canBlank() const {
+    return m_session.show.PauseState > 0 || m_session.show.BlankState == 1;
 }
 
-void OperatorKeys::setSpeed(double scrollSpeed) {
-    m_session.settings.ScrollSpeed = scrollSpeed;
-    m_actions.moveSpeedIndicator();
+bool OperatorKeys::blanked() const {
+    return m_session.show.BlankState == 1;
+}
+
+bool OperatorKeys::notLooping() const {
+    return m_session.settings.AutomaticLooping != 1;
+}
+
+bool OperatorKeys::fullRange() const {
+    return isFullRange(m_session.settings.ScrollSpeedControl);
+}
+
+/// A search may only begin where the text stands still.
+bool OperatorKeys::canFind() const {
+    const double speed = m_session.settings.ScrollSpeed;
+    const bool still =
+        m_session.show.PauseState > 0 || (fullRange() ? speed >= SearchSpeed : inDeadBand(speed));
+    return still && notLooping();
+}
+
+bool OperatorKeys::canFindNext() const {
+    return !m_session.find.LastFindText.isEmpty();
+}
+
+void OperatorKeys::changeSpeed(int key) {
+    for (const auto& [code, speedKey] : SpeedKeys) {
+        if (key == code) {
+            m_parts.steering.setSpeed(speedAfterKey(speedKey, m_session.settings.ScrollSpeed,
+                                                    m_session.settings.ScrollSpeedControl));
+        }
+    }
 }
 
 } // namespace velmora

@@ -1,42 +1,67 @@
 #pragma once
 
+#include "controllers/shuttle_wheel.h"
+
 namespace velmora {
 
 class Session;
+class ShowActions;
+class ShowNavigation;
+class ShowSteering;
 
-/// What the keys of a show do to its window. The display window implements it.
+/// What the keys of a show do to its window, beyond its motion. The display window implements it.
 class OperatorActions {
 public:
     virtual ~OperatorActions() = default;
-    /// ScrollSpeed has changed: the thumb of the scale follows.
-    virtual void moveSpeedIndicator() = 0;
-    /// Vscroll1's value and its change handler: a reposition.
-    virtual void jumpToLine(int line) = 0;
-    [[nodiscard]] virtual int lastScrollValue() const = 0;
+    virtual void addBookmark() = 0;
+    virtual void find() = 0;
+    virtual void findNext() = 0;
     virtual void toggleBlank() = 0;
     virtual void toggleArrow() = 0;
     virtual void toggleFullScreen() = 0;
+    /// Of a timed show.
+    virtual void startOrReset() = 0;
 };
 
-/// The keys of a running show, by virtual-key number, tested in a fixed order.
+/// The keys of a running show, by virtual-key number and Shift, tested in a fixed order. A branch
+/// usually uses the key up; one that only rewrites it lets the later tests see the new key.
 class OperatorKeys final {
 public:
-    OperatorKeys(Session& session, OperatorActions& actions);
+    enum class Keyboard { Steered, Timed };
 
-    /// Carries out a key. keyCode becomes 0 where it was used up.
-    void keyDown(int& keyCode);
+    /// What it works with; all outlive it.
+    struct Parts final {
+        Session& session;
+        ShowSteering& steering;
+        ShowNavigation& navigation;
+        OperatorActions& actions;
+        /// The window as its devices see it.
+        ShowActions& devices;
+    };
+    OperatorKeys(const Parts& parts, Keyboard keyboard);
 
-    /// PauseState's toggle: scrolling and paused, and the first start.
-    void togglePause();
+    /// Carries out a key. shift is 1 with the Shift key, else 0. keyCode becomes 0 where the key
+    /// was used up.
+    void keyDown(int& keyCode, int& shift);
 
 private:
-    void positionKeys(int& keyCode);
-    void displayKeys(int& keyCode);
-    void plainKeys(int& keyCode);
-    void setSpeed(double scrollSpeed);
+    struct Row;
+
+    [[nodiscard]] bool canBlank() const;
+    [[nodiscard]] bool blanked() const;
+    [[nodiscard]] bool notLooping() const;
+    [[nodiscard]] bool fullRange() const;
+    [[nodiscard]] bool canFind() const;
+    [[nodiscard]] bool canFindNext() const;
+    void changeSpeed(int key);
+
+    static const Row SteeredRows[];
+    static const Row TimedRows[];
 
     Session& m_session;
-    OperatorActions& m_actions;
+    Parts m_parts;
+    Keyboard m_keyboard;
+    JogWheel m_jogWheel;
 };
 
 } // namespace velmora

@@ -64,7 +64,9 @@ public:
     }
 
     void loopStarted() override {
+        m_session.show.AwaitingStart = 0;
         m_session.show.PauseState = 0;
+        m_start = m_session.platform.clock.counter();
         m_usageAtStart = processUsage().cpuSeconds;
         if (m_arguments.forSeconds) {
             const auto wholeMs = static_cast<int>(*m_arguments.forSeconds * 1000);
@@ -89,14 +91,19 @@ public:
         }
     }
 
-    void limitReached() override { m_session.show.ExitRequested = 1; }
+    void limitReached() override {
+        m_runEnd = m_session.platform.clock.counter();
+        m_session.show.ExitRequested = 1;
+    }
 
     void loopEnded() override {
         const ProcessUsage usage = processUsage();
         m_figures.cpuSeconds = usage.cpuSeconds - m_usageAtStart;
         m_figures.peakRssKb = usage.peakRssKb;
-        m_figures.secondsActual =
-            inMicroseconds(m_lastStep - m_firstStep - m_pictureTicks) / MicrosecondsPerSecond;
+        // A timed show keeps to its time whatever a picture costs; a steered one stands meanwhile.
+        const std::int64_t actual = timed() ? std::max(m_runEnd, m_lastStep) - m_start
+                                            : m_lastStep - m_firstStep - m_pictureTicks;
+        m_figures.secondsActual = inMicroseconds(actual) / MicrosecondsPerSecond;
         m_figures.lateMicroseconds = spreadOf(std::move(m_late));
         m_figures.composeMicroseconds = spreadOf(std::move(m_compose));
         // A script that never moved has its picture taken where it stands.
@@ -112,18 +119,25 @@ public:
         figures.speed = settings.ScrollSpeed;
         figures.turbo = settings.ScrollerTurbo == 1;
         figures.mirror = settings.MirrorMode;
+        figures.secondsSet = timed() ? settings.TimedDisplaySeconds : 0;
         return figures;
     }
     [[nodiscard]] const QPixmap& picture() const { return m_picture; }
     [[nodiscard]] bool tookPlace() const { return m_figures.lines > 0; }
 
 private:
+    [[nodiscard]] bool timed() const { return m_session.settings.TimedDisplay != 0; }
+
     void predict(const ShowTables& tables, int textRows) {
         const Settings& settings = m_session.settings;
         const SpeedDelayTable delays =
             buildSpeedDelayTable(settings.Delay, settings.ScrollSpeedControl);
         const std::int64_t rowsToMove = tables.scanTable.rowCount() - textRows;
         m_stepsPredicted = std::max<std::int64_t>(0, rowsToMove / std::max(1, settings.RowStep));
+        if (timed()) {
+            m_figures.secondsPredicted = settings.TimedDisplaySeconds;
+            return;
+        }
         m_figures.secondsPredicted =
             static_cast<double>(std::max<std::int64_t>(0, m_stepsPredicted - 1)) *
             speedDelayMs(delays, settings.ScrollSpeed) / 1000.0;
@@ -152,6 +166,8 @@ private:
     std::vector<double> m_late;
     std::vector<double> m_compose;
     std::int64_t m_stepsPredicted = 0;
+    std::int64_t m_start = 0;
+    std::int64_t m_runEnd = 0;
     std::int64_t m_firstStep = 0;
     std::int64_t m_lastStep = 0;
     std::int64_t m_pictureTicks = 0;

@@ -1,9 +1,13 @@
 #include "display/scroll_loop.h"
 
 #include "core/session.h"
+#include "display/frame_composer.h"
 #include "display/show_navigation.h"
+#include "display/show_observer.h"
+#include "display/show_screen.h"
 #include "platform/timing/clock.h"
 #include "platform/timing/event_pump.h"
+#include "platform/timing/presenter.h"
 #include "platform/timing/time_of_day.h"
 
 #include <algorithm>
@@ -12,8 +16,6 @@ namespace velmora {
 
 namespace {
 
-/// A waiting state looks at its variables so often when nothing happens; input wakes it at once.
-constexpr int IdleWaitMs = 20;
 constexpr double LoopingWaitSeconds = 4;
 /// About one refresh of a screen: steps that repay so much lie between two pictures.
 constexpr double MostOwedSeconds = 0.016;
@@ -22,14 +24,15 @@ constexpr std::int64_t LeastStepTicks = 100;
 
 } // namespace
 
-ScrollLoop::ScrollLoop(const ScrollLoopParts& parts, int textRows)
+ScrollLoop::ScrollLoop(const ShowLoopParts& parts, int textRows)
     : m_parts(parts), m_session(parts.session),
       m_pacer(parts.session.platform.clock, parts.session.platform.pump),
-      m_housekeeping(parts.session, parts.screen, parts.tables), m_textRows(textRows) {}
+      m_housekeeping(parts.session, parts.screen, parts.tables, parts.measured),
+      m_textRows(textRows) {}
 
 void ScrollLoop::run() {
     double startLine = m_session.show.StartFromCursor == 0 ? 0 : m_session.show.StartPosition;
-    startLine = std::min(startLine, static_cast<double>(m_parts.tables.lineTable.size()));
+    startLine = std::min<double>(startLine, m_parts.navigation.lastLine());
     if (m_parts.observer != nullptr) {
         m_parts.observer->loopStarted();
     }
@@ -50,7 +53,7 @@ ScrollLoop::PassEnd ScrollLoop::runPass(double startLine) {
     show.SignedRowStep = m_session.settings.RowStep;
     show.ReachedEnd = 0;
     m_parts.composer.clear();
-    fillWindow(startLine);
+    m_parts.navigation.showStart(startLine);
     m_parts.screen.showPicture();
     m_parts.presenter.presentNow();
     m_session.platform.pump.DoEvents();
@@ -68,23 +71,6 @@ ScrollLoop::PassEnd ScrollLoop::runPass(double startLine) {
     show.ElapsedStart = m_session.platform.clock.Timer();
     startTiming();
     return runTurns();
-}
-
-void ScrollLoop::fillWindow(double startLine) {
-    ShowState& show = m_session.show;
-    if (startLine > 0) {
-        const auto line = static_cast<int>(startLine);
-        m_parts.screen.setScrollValue(line);
-        m_parts.navigation.reposition(line);
-        return;
-    }
-    m_parts.screen.setScrollValue(0);
-    show.ScrollRow = m_textRows - 1;
-    m_parts.composer.showTop(0);
-    if (m_parts.tables.scanTable.at(show.ScrollRow).line == 0) {
-        show.ReachedEnd = 1;
-        show.ElapsedStart = m_session.platform.clock.Timer();
-    }
 }
 
 void ScrollLoop::startTiming() {
@@ -118,6 +104,7 @@ ScrollLoop::PassEnd ScrollLoop::runTurns() {
             }
             continue;
         }
+        m_parts.pollDevices();
         const bool split = !isFullRange(settings.ScrollSpeedControl);
         if (split) {
             applySplitDirection();
@@ -160,6 +147,8 @@ bool ScrollLoop::pausedTurn() {
     if (show.PauseState != 3) {
         m_housekeeping.showElapsed();
     }
+    m_parts.navigation.serveBookmarkJump();
+    m_parts.pollDevices();
     m_housekeeping.restartCycle();
     m_owedTicks = 0;
     m_lastDue = 0;
@@ -248,8 +237,8 @@ void ScrollLoop::applySplitDirection() {
     }
 }
 
-/// The requests to turn; handlers only set the flags, because a turn must not fall into a
-/// composition.
+/// The requests to turn and to jump; handlers only set the flags, because a turn must not fall into
+/// a composition.
 void ScrollLoop::serveRequests() {
     ShowState& show = m_session.show;
     if (show.ReverseToBackward != 0) {
@@ -264,6 +253,7 @@ void ScrollLoop::serveRequests() {
             turn(1);
         }
     }
+    m_parts.navigation.serveBookmarkJump();
 }
 
 ScrollLoop::LimitEnd ScrollLoop::atLimit() {
@@ -284,8 +274,9 @@ ScrollLoop::LimitEnd ScrollLoop::atLimit() {
         show.PauseState = 0;
         show.ScrollDirection = 1;
         show.SignedRowStep = m_session.settings.RowStep;
+        show.MessageShownAt = 0;
+        m_parts.screen.showNotice();
         m_parts.screen.showDirection(1);
-        m_parts.screen.hideNotice();
         return waitToLoop();
     }
     return waitAtLimit();
@@ -322,6 +313,8 @@ ScrollLoop::LimitEnd ScrollLoop::waitAtLimit() {
         }
         if (show.BlankState == 0) {
             m_housekeeping.showElapsed();
+            m_parts.navigation.serveBookmarkJump();
+            m_parts.pollDevices();
             jumped = m_parts.navigation.repositions() != repositions;
             turning = limitWaitEnds();
         }

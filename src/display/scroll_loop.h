@@ -1,31 +1,12 @@
 #pragma once
 
 #include "controllers/speed_mapping.h"
-#include "display/frame_composer.h"
-#include "display/loop_housekeeping.h"
-#include "display/show_observer.h"
-#include "display/show_screen.h"
+#include "display/show_loop.h"
 #include "platform/timing/pacer.h"
-#include "platform/timing/presenter.h"
 
 #include <cstdint>
 
 namespace velmora {
-
-class Session;
-class ShowNavigation;
-
-/// What a show's loop works with. All outlive it.
-struct ScrollLoopParts final {
-    Session& session;
-    ShowScreen& screen;
-    const ShowTables& tables;
-    FrameComposer& composer;
-    ShowNavigation& navigation;
-    Presenter& presenter;
-    /// May be null.
-    ShowObserver* observer = nullptr;
-};
 
 /// The heart of the prompter: one long call that moves the script row by row until the operator
 /// leaves the show.
@@ -36,7 +17,7 @@ struct ScrollLoopParts final {
 class ScrollLoop final {
 public:
     /// textRows: rows of text in the window (WindowHeight - 19).
-    ScrollLoop(const ScrollLoopParts& parts, int textRows);
+    ScrollLoop(const ShowLoopParts& parts, int textRows);
 
     /// Runs passes through the script until ExitRequested.
     void run();
@@ -48,7 +29,6 @@ private:
     enum class LoopingWait { Over, Left, Jumped };
 
     PassEnd runPass(double startLine);
-    void fillWindow(double startLine);
     void startTiming();
     /// The wait of the automatic start and of the return to the top.
     LoopingWait waitFourSeconds();
@@ -71,7 +51,7 @@ private:
     void waitIdly();
     [[nodiscard]] bool exitRequested() const;
 
-    ScrollLoopParts m_parts;
+    ShowLoopParts m_parts;
     Session& m_session;
     Pacer m_pacer;
     LoopHousekeeping m_housekeeping;

@@ -5,9 +5,11 @@
 #include "core/line_spacing.h"
 #include "core/number_format.h"
 #include "core/session.h"
-#include "display/operator_window.h"
+#include "display/display_windows.h"
 #include "display/script_preparation.h"
+#include "platform/desktop/appearance_effects.h"
 #include "platform/desktop/message_boxes.h"
+#include "platform/desktop/sleep_inhibitor.h"
 #include "platform/timing/event_pump.h"
 
 #include <algorithm>
@@ -70,19 +72,40 @@ void ShowHandOver::takeScript() {
     settings.SpeedControllerInUse = speedControllerInUse(settings.ControllerType) ? 1 : 0;
 }
 
+/// The window that the settings ask for. With an arrangement that is none there is no show.
+std::unique_ptr<DisplayWindow> ShowHandOver::createDisplayWindow() const {
+    const bool timed = m_session.settings.TimedDisplay != 0;
+    switch (m_session.settings.MirrorMode) {
+    case mirror::OneDisplay:
+    case mirror::TwoDisplays:
+        if (timed) {
+            return std::make_unique<Form22>(m_session, m_observer);
+        }
+        return std::make_unique<Form4>(m_session, m_observer);
+    case mirror::Mirrored:
+        if (timed) {
+            return std::make_unique<Form25>(m_session, m_observer);
+        }
+        return std::make_unique<Form20>(m_session, m_observer);
+    default:
+        return nullptr;
+    }
+}
+
 void ShowHandOver::runDisplayWindow() {
-    const int mirrorMode = m_session.settings.MirrorMode;
-    if (mirrorMode != mirror::OneDisplay && mirrorMode != mirror::TwoDisplays) {
+    const std::unique_ptr<DisplayWindow> window = createDisplayWindow();
+    if (!window) {
         m_host.showNotice(QStringLiteral(
-            "No show: the arrangement of the displays in the settings is not available."));
+            "No show: the arrangement of the displays in the settings is not available. Choose "
+            "another one in the setup."));
         return;
     }
-    if (m_session.settings.TimedDisplay != 0) {
-        m_host.showNotice(QStringLiteral("Timed shows are not available yet: this one is steered "
-                                         "by hand."));
-    }
-    const auto window = std::make_unique<Form4>(m_session, m_observer);
+    SmoothingAroundShow smoothing(m_session.platform.effects);
+    smoothing.begin();
+    m_session.platform.sleepInhibitor.inhibit(QStringLiteral("A show is running"));
     window->load();
+    m_session.platform.sleepInhibitor.release();
+    smoothing.end();
 }
 
 void ShowHandOver::restoreEditor() {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <memory>
+
 namespace velmora {
 
+class DisplayWindow;
 class EditorHost;
 class Session;
 class ShowObserver;
@@ -22,6 +25,7 @@ public:
 
 private:
     void takeScript();
+    [[nodiscard]] std::unique_ptr<DisplayWindow> createDisplayWindow() const;
     void runDisplayWindow();
     void restoreEditor();
 

@@ -1,44 +1,121 @@
 #include "display/show_navigation.h"
 
+#include "controllers/shuttle_wheel.h"
 #include "core/session.h"
+#include "display/show_screen.h"
 #include "platform/timing/clock.h"
+#include "platform/timing/presenter.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velmora {
 
-ShowNavigation::ShowNavigation(Session& session, const ShowTables& tables, FrameComposer& composer,
-                               int textRows)
-    : m_session(session), m_tables(tables), m_composer(composer), m_textRows(textRows) {}
+ShowNavigation::ShowNavigation(const Parts& parts)
+    : m_session(parts.session), m_parts(parts),
+      m_bookmarks(parts.tables.BookmarkLines, parts.tables.SelectiveBookmarkLines) {}
 
 std::int64_t ShowNavigation::topRow() const {
     const ShowState& show = m_session.show;
-    return show.ScrollDirection > 0 ? show.ScrollRow - (m_textRows - 1) : show.ScrollRow;
+    return show.ScrollDirection > 0 ? show.ScrollRow - (m_parts.textRows - 1) : show.ScrollRow;
 }
 
 int ShowNavigation::topLine() const {
-    return m_tables.scanTable.at(std::max<std::int64_t>(0, topRow())).line;
+    return m_parts.tables.scanTable.at(std::max<std::int64_t>(0, topRow())).line;
 }
 
 double ShowNavigation::returnLine() const {
     if (m_session.show.ScrollDirection > 0 && m_session.show.ReachedEnd == 1) {
         return 0;
     }
-    return std::clamp(topLine(), 0, static_cast<int>(m_tables.lineTable.size()));
+    return std::clamp(topLine(), 0, lastLine());
+}
+
+int ShowNavigation::lastLine() const {
+    return static_cast<int>(m_parts.tables.lineTable.size());
+}
+
+void ShowNavigation::showStart(double startLine) {
+    if (startLine > 0) {
+        const auto line = static_cast<int>(startLine);
+        m_parts.screen.setScrollValue(line);
+        reposition(line);
+        return;
+    }
+    ShowState& show = m_session.show;
+    m_parts.screen.setScrollValue(0);
+    show.ScrollRow = m_parts.textRows - 1;
+    m_parts.composer.showTop(0);
+    if (m_parts.tables.scanTable.at(show.ScrollRow).line == 0) {
+        show.ReachedEnd = 1;
+        show.ElapsedStart = m_session.platform.clock.Timer();
+    }
 }
 
 void ShowNavigation::reposition(int line) {
     ShowState& show = m_session.show;
-    std::int64_t top = m_tables.scanTable.firstRowOfLine(line);
-    top = std::min(top, m_tables.LastScrollRow - m_textRows);
+    const ShowTables& tables = m_parts.tables;
+    const int textRows = m_parts.textRows;
+    std::int64_t top = tables.scanTable.firstRowOfLine(line);
+    top = std::min(top, tables.LastScrollRow - textRows);
     top = std::max<std::int64_t>(top, 0);
-    if (top == 0 && m_tables.scanTable.at(m_textRows - 1).line == 0) {
+    if (top == 0 && tables.scanTable.at(textRows - 1).line == 0) {
         show.ReachedEnd = 1;
         show.ElapsedStart = m_session.platform.clock.Timer();
     }
-    show.ScrollRow = show.ScrollDirection > 0 ? top + m_textRows - 1 : top;
-    m_composer.showTop(top);
+    show.ScrollRow = show.ScrollDirection > 0 ? top + textRows - 1 : top;
+    m_parts.composer.showTop(top);
     ++m_repositions;
+}
+
+void ShowNavigation::jumpTo(int line) {
+    m_parts.screen.setScrollValue(line);
+    reposition(line);
+    m_parts.presenter.presentNow();
+}
+
+int ShowNavigation::takeTopLine() {
+    const int line = std::clamp(topLine() - 1, 0, lastLine());
+    m_parts.screen.setScrollValue(line);
+    return line;
+}
+
+void ShowNavigation::stepLines(int lines) {
+    if (const auto target = shuttleRingTarget(lines, takeTopLine(), lastLine())) {
+        jumpTo(*target);
+    }
+}
+
+void ShowNavigation::jumpToSelectiveBookmark(int digit) {
+    if (const auto line = m_bookmarks.selective(digit)) {
+        jumpTo(*line);
+    }
+}
+
+void ShowNavigation::serveBookmarkJump() {
+    ShowState& show = m_session.show;
+    const int request = std::exchange(show.BookmarkJump, 0);
+    if (request == 0 || m_bookmarks.empty()) {
+        return;
+    }
+    const int top = takeTopLine();
+    const bool forward = request == 1;
+    const auto target = forward ? m_bookmarks.next(top, show.ScrollDirection)
+                                : m_bookmarks.previous(top, show.ScrollDirection);
+    if (target) {
+        jumpTo(*target);
+    } else if (!forward) {
+        jumpTo(0);
+    }
+}
+
+void ShowNavigation::restore(std::int64_t scrollRow, int scrollDirection) {
+    ShowState& show = m_session.show;
+    show.ScrollRow = scrollRow;
+    show.ScrollDirection = scrollDirection;
+    show.SignedRowStep = scrollDirection * m_session.settings.RowStep;
+    m_parts.composer.showTop(topRow());
+    m_parts.presenter.presentNow();
 }
 
 } // namespace velmora

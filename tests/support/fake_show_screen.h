@@ -13,15 +13,19 @@ public:
     void setRemainingText(const QString& text) override { remaining = text; }
     void setScrollValue(int line) override { scrollValues.push_back(line); }
     void showDirection(int direction) override { shownDirection = direction; }
-    void hideNotice() override { ++noticesHidden; }
+    void moveSpeedIndicator() override {}
+    void showNotice() override { ++noticesShown; }
     void showPicture() override { ++shown; }
     void focusPicture() override {}
+    void showRunState() override { ++runStates; }
 
     QString elapsed;
     QString remaining;
     std::vector<int> scrollValues;
     int shownDirection = 1;
-    int noticesHidden = 0;
+    /// How often the notice followed its time.
+    int noticesShown = 0;
+    int runStates = 0;
     int shown = 0;
 };
 

@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
@@ -59,6 +58,9 @@ protected:
         QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
         QApplication::sendEvent(text, &event);
     }
+    template<typename Control = QWidget> Control* control(const char* name) {
+        return display->findChild<Control*>(QString::fromLatin1(name));
+    }
     [[nodiscard]] int caretLine() const { return rtb1.GetLineFromChar(rtb1.SelStart()); }
 
     TestSession t;
@@ -102,7 +104,7 @@ TEST_F(HandOver, WindowThatIsClosedByItsFrameLeavesTheShowAndStaysUntilItEnds) {
 }
 
 TEST_F(HandOver, ExitButtonLeavesTheShow) {
-    t.pump.at(1, [&] { display->findChild<QPushButton*>()->click(); });
+    t.pump.at(1, [&] { control<QPushButton>("Command3")->click(); });
     handOver.RunPrompter();
     EXPECT_EQ(shows, 1);
     EXPECT_LT(t.clock.secondsSinceStart(), 1.5);
@@ -157,7 +159,7 @@ TEST_F(HandOver, KeysSteerTheShow) {
         press(Qt::Key_F10);
         EXPECT_EQ(settings.FullScreenMode, 1);
         EXPECT_EQ(display->focusWidget()->geometry(), before.translated(10, 20));
-        EXPECT_FALSE(display->findChild<QScrollBar*>()->isVisibleTo(display));
+        EXPECT_FALSE(control<QScrollBar>("Vscroll1")->isVisibleTo(display));
         press(Qt::Key_F10);
         EXPECT_EQ(display->focusWidget()->geometry(), before);
         press(Qt::Key_F9);
@@ -179,12 +181,9 @@ TEST_F(HandOver, ControlsInSightFollowTheStateAlone) {
         settings.ArrowVisible = row.arrow;
         const auto look = [&](bool blank) {
             const auto seen = [&](const QWidget* widget) { return widget->isVisibleTo(display); };
-            for (const QWidget* control :
-                 {static_cast<QWidget*>(display->findChild<QScrollBar*>()),
-                  static_cast<QWidget*>(display->findChild<QPushButton*>()),
-                  static_cast<QWidget*>(display->findChild<UpDown*>()),
-                  static_cast<QWidget*>(display->findChild<QLabel*>())}) {
-                EXPECT_EQ(seen(control), !blank && row.fullScreen == 0);
+            for (const QWidget* shown : {control("Vscroll1"), control("Command3"),
+                                         control("Vscroll2"), control("Label1")}) {
+                EXPECT_EQ(seen(shown), !blank && row.fullScreen == 0);
             }
             EXPECT_EQ(seen(display->findChild<ArrowStrip*>()), !blank && row.arrow == 1);
         };
@@ -259,7 +258,7 @@ TEST_F(HandOver, UnattendedLoopingShowIgnoresTheSpeedKeys) {
 
 TEST_F(HandOver, ScrollBarRepositionsAsFarAsTheEndAllows) {
     showFor(0.1, [&] {
-        auto* bar = display->findChild<QScrollBar*>();
+        auto* bar = control<QScrollBar>("Vscroll1");
         bar->setValue(5);
     });
     EXPECT_EQ(caretLine(), 5);

@@ -48,7 +48,7 @@ public:
                       QWidget& window) override {
         m_window = &window;
         m_text = window.findChild<TextWindow*>();
-        m_bar = window.findChild<QScrollBar*>();
+        m_bar = window.findChild<QScrollBar*>(QStringLiteral("Vscroll1"));
         m_tables = &tables;
         m_rows = geometry.textRows();
         const RichTextBox& rtb1 = t.session.script.rtb1;

@@ -50,7 +50,8 @@ protected:
         t.clock.setTicksPerRead(0);
         t.pump.setPumpMicroseconds(0);
         t.pump.setEveryPump([this] { watch(); });
-        navigation = std::make_unique<ShowNavigation>(t.session, tables, composer, TextRows);
+        navigation = std::make_unique<ShowNavigation>(
+            ShowNavigation::Parts{t.session, tables, composer, screen, presenter, TextRows});
     }
 
     /// The picture must follow ScrollRow at every moment at which a handler could look.
@@ -69,7 +70,8 @@ protected:
     }
     void runUntil(double seconds) {
         at(seconds, [this] { show.ExitRequested = 1; });
-        ScrollLoop loop({t.session, screen, tables, composer, *navigation, presenter, &observer},
+        ScrollLoop loop({t.session, screen, tables, composer, *navigation, presenter, [] {},
+                         LoopHousekeeping::Measured::ForwardSplitRange, &observer},
                         TextRows);
         loop.run();
         lasted = t.clock.secondsSinceStart() - m_begin;
@@ -362,8 +364,8 @@ TEST_F(ScrollLoopTest, NoticeGoesAfterTwoSeconds) {
     prepare(2000);
     startAt(0);
     at(5, [&] { show.MessageShownAt = t.clock.Timer(); });
-    at(6.8, [&] { EXPECT_EQ(screen.noticesHidden, 0); });
-    at(8, [&] { EXPECT_EQ(screen.noticesHidden, 1); });
+    at(6.8, [&] { EXPECT_EQ(screen.noticesShown, 0); });
+    at(8, [&] { EXPECT_EQ(screen.noticesShown, 1); });
     runUntil(9);
 }
 

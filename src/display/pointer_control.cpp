@@ -1,0 +1,136 @@
+#include "display/pointer_control.h"
+
+#include "controllers/speed_mapping.h"
+#include "core/session.h"
+#include "display/control_row.h"
+#include "display/operator_keys.h"
+#include "display/show_steering.h"
+#include "display/text_window.h"
+
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+namespace velmora {
+
+namespace {
+
+PictureButton pictureButton(Qt::MouseButton button) {
+    switch (button) {
+    case Qt::LeftButton:
+        return PictureButton::Left;
+    case Qt::RightButton:
+        return PictureButton::Right;
+    default:
+        return PictureButton::Other;
+    }
+}
+
+} // namespace
+
+PointerControl::PointerControl(const Parts& parts, const DisplayTraits& traits, QObject* parent)
+    : QObject(parent), m_session(parts.session), m_parts(parts), m_traits(traits),
+      m_speedPointer(parts.session, parts.devices) {
+    parts.Picture1.setMouseTracking(true);
+    parts.Picture1.installEventFilter(this);
+    connect(&parts.Picture6, &SpeedScale::pressed, this, &PointerControl::Picture6_MouseDown);
+    connect(&parts.Picture6, &SpeedScale::dragged, this,
+            [this](double scrollSpeed) { m_parts.steering.setSpeed(scrollSpeed); });
+}
+
+PointerControl::~PointerControl() {
+    m_speedPointer.end();
+}
+
+void PointerControl::catchPointer() {
+    m_speedPointer.begin(m_parts.Picture1);
+}
+
+bool PointerControl::eventFilter(QObject* watched, QEvent* event) {
+    return watched == &m_parts.Picture1 && pictureEvent(event);
+}
+
+/// True where the event was one of the pointer's.
+bool PointerControl::pictureEvent(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        Picture1_MouseDown(*static_cast<QMouseEvent*>(event));
+        return true;
+    case QEvent::MouseMove:
+        Picture1_MouseMove(*static_cast<QMouseEvent*>(event));
+        return true;
+    case QEvent::MouseButtonRelease:
+        m_speedPointer.released();
+        return true;
+    case QEvent::Wheel:
+        turnWheel(*static_cast<QWheelEvent*>(event));
+        return true;
+    default:
+        return false;
+    }
+}
+
+void PointerControl::Picture1_MouseDown(const QMouseEvent& event) {
+    if (m_session.show.BlankState == 1) {
+        return;
+    }
+    if (m_traits.timed) {
+        m_parts.actions.startOrReset();
+        return;
+    }
+    const bool mirrored = m_traits.face == Orientation::Mirrored;
+    switch (
+        pictureClick(pictureButton(event.button()), m_session.settings, m_session.show, mirrored)) {
+    case PictureClick::TogglePause:
+        m_parts.steering.togglePause();
+        break;
+    case PictureClick::Reverse:
+        m_parts.steering.reverse();
+        break;
+    case PictureClick::ToggleFullScreen:
+        m_parts.actions.toggleFullScreen();
+        break;
+    case PictureClick::None:
+        break;
+    }
+}
+
+void PointerControl::Picture1_MouseMove(const QMouseEvent& event) {
+    if (m_traits.timed) {
+        return;
+    }
+    const TextWindow& picture = m_parts.Picture1;
+    PointerMove move;
+    move.position = event.position();
+    move.leftHeld = event.buttons().testFlag(Qt::LeftButton);
+    move.otherHeld = (event.buttons() & ~Qt::MouseButtons(Qt::LeftButton)) != Qt::NoButton;
+    move.picture = QRect(picture.mapToGlobal(QPoint(0, 0)), picture.size());
+    m_speedPointer.moved(move);
+}
+
+void PointerControl::turnWheel(const QWheelEvent& event) {
+    if (m_traits.timed || m_session.show.BlankState == 1) {
+        return;
+    }
+    m_parts.steering.setSpeed(wheelSpeed(m_session.settings.ScrollSpeed, event.angleDelta().y(),
+                                         event.modifiers() != Qt::NoModifier));
+}
+
+void PointerControl::Picture6_MouseDown(double x) {
+    const SpeedScaleMapping& mapping = m_parts.Picture6.mapping();
+    switch (mapping.partAt(x)) {
+    case SpeedScaleMapping::Part::Start:
+        m_parts.steering.start();
+        break;
+    case SpeedScaleMapping::Part::Pause:
+        m_parts.steering.togglePause();
+        break;
+    case SpeedScaleMapping::Part::Scale:
+        m_parts.steering.setSpeed(mapping.pressedSpeed(x));
+        break;
+    case SpeedScaleMapping::Part::None:
+        break;
+    }
+}
+
+} // namespace velmora

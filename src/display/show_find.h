@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace velmora {
+
+class Session;
+class ShowNavigation;
+
+/// The search of a running show: moves the text to the lines that hold what is looked for. The
+/// search text is the editor's too.
+class ShowFind final {
+public:
+    ShowFind(Session& session, ShowNavigation& navigation);
+
+    /// Shows the find window over the display until the operator leaves it; the show stands
+    /// meanwhile. Leaving it without a hit brings back the picture that stood before.
+    void find(QWidget* window);
+    /// The next place of LastFindText; nothing happens where there is none.
+    void findNext();
+
+private:
+    void startAtTopLine();
+    bool step(int direction);
+
+    Session& m_session;
+    ShowNavigation& m_navigation;
+};
+
+} // namespace velmora

@@ -1,0 +1,70 @@
+#include "display/show_text.h"
+
+#include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+#include <functional>
+
+namespace velmora {
+
+namespace {
+
+constexpr int DotsPerInch = 96;
+constexpr int PointsPerInch = 72;
+
+/// Paints a face as it is, or flipped as a finished picture.
+void paintFace(QWidget& widget, Orientation orientation,
+               const std::function<void(QPaintDevice&)>& face) {
+    if (orientation == Orientation::Plain) {
+        face(widget);
+        return;
+    }
+    QImage picture(widget.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    face(picture);
+    QPainter(&widget).drawImage(0, 0, picture.mirrored(true, false));
+}
+
+} // namespace
+
+ShowText::ShowText(const QString& text, int points, Orientation orientation, QWidget* parent)
+    : QWidget(parent), m_text(text), m_orientation(orientation) {
+    QFont face(QStringLiteral("Arial"));
+    face.setPixelSize(points * DotsPerInch / PointsPerInch);
+    setFont(face);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void ShowText::setText(const QString& text) {
+    if (text != m_text) {
+        m_text = text;
+        update();
+    }
+}
+
+void ShowText::paintEvent(QPaintEvent*) {
+    paintFace(*this, m_orientation, [this](QPaintDevice& device) {
+        QPainter painter(&device);
+        painter.setFont(font());
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, m_text);
+    });
+}
+
+ShowButton::ShowButton(const QString& text, Orientation orientation, QWidget* parent)
+    : QPushButton(text, parent), m_orientation(orientation) {
+    setFocusPolicy(Qt::NoFocus);
+    setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void ShowButton::paintEvent(QPaintEvent*) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    paintFace(*this, m_orientation, [this, &option](QPaintDevice& device) {
+        QPainter painter(&device);
+        style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
+    });
+}
+
+} // namespace velmora

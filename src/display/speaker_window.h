@@ -1,0 +1,35 @@
+#pragma once
+
+#include "display/cue_arrow.h"
+#include "display/display_geometry.h"
+#include "display/text_window.h"
+
+#include <QWidget>
+
+namespace velmora {
+
+/// SpeakerScriptM: the speaker's window on display 2, flipped for a mirror. It has no will of its
+/// own: the operator's window owns it and paints it in the same turn as its own picture.
+class SpeakerScriptM final : public QWidget {
+    Q_OBJECT
+public:
+    explicit SpeakerScriptM(QRgb background);
+
+    /// Stands on a display, filling it; an empty rectangle hides the window until the display is
+    /// there again. The picture keeps its size and stands in the display's middle.
+    void standOn(const QRect& display, const DisplayGeometry& geometry);
+    /// Paints the picture at once.
+    void present();
+
+    TextWindow* Picture1 = nullptr;
+    ArrowStrip* Picture3 = nullptr;
+
+Q_SIGNALS:
+    /// The window was closed from outside, which it refuses.
+    void closeRequested();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+};
+
+} // namespace velmora

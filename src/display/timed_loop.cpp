@@ -1,0 +1,174 @@
+#include "display/timed_loop.h"
+
+#include "core/session.h"
+#include "display/frame_composer.h"
+#include "display/show_navigation.h"
+#include "display/show_observer.h"
+#include "display/show_screen.h"
+#include "display/timed_pace.h"
+#include "platform/timing/clock.h"
+#include "platform/timing/event_pump.h"
+#include "platform/timing/presenter.h"
+
+#include <algorithm>
+
+namespace velmora {
+
+namespace {
+
+/// PauseState of a show that waits for its start.
+constexpr int Waiting = 3;
+/// A late step is made up for at once up to here, so that the text does not visibly race; the rest
+/// falls to the next re-computation.
+constexpr double MostOwedSeconds = 0.016;
+
+} // namespace
+
+TimedLoop::TimedLoop(const ShowLoopParts& parts, TimedPace& pace)
+    : m_parts(parts), m_session(parts.session), m_pace(pace),
+      m_pacer(parts.session.platform.clock, parts.session.platform.pump),
+      m_housekeeping(parts.session, parts.screen, parts.tables, parts.measured) {}
+
+void TimedLoop::run() {
+    const ShowState& show = m_session.show;
+    const double startLine =
+        show.StartFromCursor == 0
+            ? 0
+            : std::min<double>(show.StartPosition, m_parts.navigation.lastLine());
+    makeReady(startLine);
+    if (m_parts.observer != nullptr) {
+        m_parts.observer->loopStarted();
+    }
+    while (waitForStart()) {
+        runThrough();
+        endRun();
+        if (!waitForReset()) {
+            break;
+        }
+        makeReady(startLine);
+    }
+    if (m_parts.observer != nullptr) {
+        m_parts.observer->loopEnded();
+    }
+}
+
+void TimedLoop::makeReady(double startLine) {
+    ShowState& show = m_session.show;
+    show.PauseState = Waiting;
+    show.AwaitingStart = 1;
+    show.ScrollDirection = 1;
+    show.SignedRowStep = m_session.settings.RowStep;
+    show.ReachedEnd = 0;
+    m_parts.screen.setElapsedText(QStringLiteral("00:00"));
+    m_parts.screen.setRemainingText(QStringLiteral("00:00"));
+    m_parts.composer.clear();
+    m_parts.navigation.showStart(startLine);
+    m_pace.set(m_session.settings.TimedDisplaySeconds, rowsLeft());
+    m_parts.screen.showRunState();
+    m_parts.screen.showPicture();
+    m_parts.presenter.presentNow();
+}
+
+bool TimedLoop::waitForStart() {
+    ShowState& show = m_session.show;
+    while (show.PauseState != 0 && !exitRequested()) {
+        m_session.platform.pump.waitForEvents(IdleWaitMs);
+        m_parts.pollDevices();
+    }
+    show.ElapsedStart = m_session.platform.clock.Timer();
+    ShowStartCounter = m_session.platform.clock.counter();
+    m_lastDue = static_cast<double>(ShowStartCounter);
+    m_housekeeping.restart();
+    m_parts.screen.showRunState();
+    return !exitRequested();
+}
+
+void TimedLoop::runThrough() {
+    while (m_session.show.ExitRequested == 0) {
+        m_parts.pollDevices();
+        if (!step()) {
+            return;
+        }
+    }
+}
+
+/// False at the script's end.
+bool TimedLoop::step() {
+    ShowState& show = m_session.show;
+    Clock& clock = m_session.platform.clock;
+    show.ScrollRow += show.SignedRowStep;
+    if (m_parts.tables.scanTable.at(show.ScrollRow).line == 0) {
+        const bool inside = show.ScrollRow > 0 && show.ScrollRow < m_parts.tables.LastScrollRow;
+        if (!inside) {
+            // The overshoot is undone: the picture stays a function of ScrollRow.
+            show.ScrollRow -= show.SignedRowStep;
+        }
+        return inside;
+    }
+    if (m_housekeeping.advanceFramePhase()) {
+        m_pace.recompute(clock.counter() - ShowStartCounter, rowsLeft(),
+                         m_session.settings.RowStep);
+    }
+    const std::int64_t start = clock.counter();
+    m_parts.composer.showTop(m_parts.navigation.topRow());
+    if (m_session.settings.FullScreenMode == 0) {
+        m_housekeeping.updateControls();
+    }
+    waitForNextStep(clock.counter() - start);
+    return true;
+}
+
+/// Steps are due on a grid of their own: what one is late by, the next ones make up for. Behind the
+/// set time no step waits, but every one pumps.
+void TimedLoop::waitForNextStep(std::int64_t composeTicks) {
+    const Clock& clock = m_session.platform.clock;
+    const double ticks = std::max(0.0, m_pace.stepTicks());
+    const double mostOwed = MostOwedSeconds * static_cast<double>(clock.frequency());
+    m_lastDue = std::max(m_lastDue + ticks, static_cast<double>(clock.counter()) - mostOwed);
+    StepRecord record;
+    record.composeTicks = composeTicks;
+    record.painted = m_parts.presenter.stepDone(static_cast<std::int64_t>(ticks));
+    const auto due = static_cast<std::int64_t>(m_lastDue);
+    const Pacer::Wait wait = m_pacer.wait(due, [] { return 0.0; });
+    record.lateTicks = wait.end - due;
+    if (m_parts.observer != nullptr) {
+        m_parts.observer->stepDone(record);
+    }
+}
+
+void TimedLoop::endRun() {
+    ShowState& show = m_session.show;
+    m_parts.presenter.settle();
+    m_housekeeping.showElapsed();
+    m_parts.screen.setRemainingText(QStringLiteral("00:00"));
+    show.CaptionBuffer = QStringLiteral("00:00");
+    show.PauseState = Waiting;
+    m_parts.screen.showRunState();
+    if (m_parts.observer != nullptr) {
+        m_parts.observer->limitReached();
+    }
+}
+
+/// False when the operator left.
+bool TimedLoop::waitForReset() {
+    ShowState& show = m_session.show;
+    while (show.ExitRequested == 0) {
+        m_session.platform.pump.waitForEvents(IdleWaitMs);
+        m_parts.pollDevices();
+    }
+    if (exitRequested()) {
+        return false;
+    }
+    show.ExitRequested = 0;
+    return true;
+}
+
+std::int64_t TimedLoop::rowsLeft() const {
+    return m_parts.tables.LastScrollRow - m_session.show.ScrollRow;
+}
+
+bool TimedLoop::exitRequested() const {
+    return m_session.show.ExitRequested == 1;
+}
+
+} // namespace velmora
