@@ -4,6 +4,7 @@
 
 #include <QBrush>
 #include <QFont>
+#include <QHashFunctions>
 #include <QTextCharFormat>
 
 #include <algorithm>
@@ -21,6 +22,13 @@ Rgb24 fromBrush(const QBrush& brush) {
 }
 
 } // namespace
+
+std::size_t qHash(const CharacterFormat& format, std::size_t seed) {
+    const int flags = (format.bold ? 1 : 0) | (format.italic ? 2 : 0) | (format.underline ? 4 : 0) |
+                      (format.strikeThrough ? 8 : 0);
+    return qHashMulti(seed, format.fontName, format.halfPoints, format.color, format.backColor,
+                      flags);
+}
 
 QTextCharFormat toTextFormat(const CharacterFormat& format) {
     QTextCharFormat result;

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <cstdint>
 
 class QTextCharFormat;
@@ -29,6 +30,9 @@ struct CharacterFormat final {
     static constexpr int MinHalfPoints = 2;
     static constexpr int MaxHalfPoints = 2000;
 };
+
+/// For the containers of Qt.
+[[nodiscard]] std::size_t qHash(const CharacterFormat& format, std::size_t seed = 0);
 
 /// Alignment of a paragraph, numbered as the control's SelAlignment property.
 enum class Alignment : std::int8_t { Left = 0, Right = 1, Centre = 2 };

@@ -71,6 +71,22 @@ double hangingShift(const QTextLine& line, const QString& text, const ParagraphF
     return (format.rightToLeft ? -share : share) * blanks;
 }
 
+/// Number of the last line of a paragraph of which a condition holds that holds of no line behind
+/// it; 0 where it holds of none.
+template<typename Condition> int lastLineThat(const QTextLayout& layout, const Condition& holds) {
+    int low = 0;
+    int high = layout.lineCount() - 1;
+    while (low < high) {
+        const int middle = (low + high + 1) / 2;
+        if (holds(layout.lineAt(middle))) {
+            low = middle;
+        } else {
+            high = middle - 1;
+        }
+    }
+    return low;
+}
+
 } // namespace
 
 DocumentLayout::DocumentLayout(QTextDocument* document) : QAbstractTextDocumentLayout(document) {
@@ -195,18 +211,10 @@ LinePlace DocumentLayout::lineOfPosition(int documentPosition) const {
     const int last = document()->characterCount() - 1;
     const int position = std::clamp(documentPosition, 0, last);
     const QTextBlock block = document()->findBlock(position);
-    const QTextLayout* layout = block.layout();
-    int low = 0;
-    int high = layout->lineCount() - 1;
-    while (low < high) {
-        const int middle = (low + high + 1) / 2;
-        if (layout->lineAt(middle).textStart() <= position - block.position()) {
-            low = middle;
-        } else {
-            high = middle - 1;
-        }
-    }
-    return lineOfBlock(block, low);
+    const int inBlock = position - block.position();
+    return lineOfBlock(block, lastLineThat(*block.layout(), [inBlock](const QTextLine& line) {
+                           return line.textStart() <= inBlock;
+                       }));
 }
 
 LinePlace DocumentLayout::lineAtHeight(double units) const {
@@ -216,18 +224,9 @@ LinePlace DocumentLayout::lineAtHeight(double units) const {
     const auto number = std::max<std::ptrdiff_t>(0, after - m_tops.begin() - 1);
     const QTextBlock block = document()->findBlockByNumber(static_cast<int>(number));
     const double inside = units - blockTop(block);
-    const QTextLayout* layout = block.layout();
-    int low = 0;
-    int high = layout->lineCount() - 1;
-    while (low < high) {
-        const int middle = (low + high + 1) / 2;
-        if (layout->lineAt(middle).y() <= inside) {
-            low = middle;
-        } else {
-            high = middle - 1;
-        }
-    }
-    return lineOfBlock(block, low);
+    return lineOfBlock(block, lastLineThat(*block.layout(), [inside](const QTextLine& line) {
+                           return line.y() <= inside;
+                       }));
 }
 
 LinePlace DocumentLayout::lineOfBlock(const QTextBlock& block, int lineInBlock) const {

@@ -1,5 +1,14 @@
 #include "platform/rich_text/fragment_document.h"
 
+#include "platform/rich_text/fragment_format_numbers.h"
+#include "platform/rich_text/fragment_text.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+
+#include <algorithm>
+#include <unordered_map>
+
 namespace velmora {
 
 namespace {
@@ -10,6 +19,129 @@ enum BlockProperty : int {
     LeftOffset = QTextFormat::UserProperty + 1,
     FirstLineOffset,
 };
+
+/// Formats of a document as numbers of a fragment, each translated once.
+class FormatCollector final {
+public:
+    explicit FormatCollector(std::vector<CharacterFormat>& formats) : m_formats(formats) {}
+
+    template<typename Holder> int number(const Holder& holder) {
+        const auto [place, isNew] = m_numbers.try_emplace(holder.charFormatIndex(), 0);
+        if (isNew) {
+            place->second = numberOf(fromTextFormat(holder.charFormat()));
+        }
+        return place->second;
+    }
+
+private:
+    int numberOf(const CharacterFormat& format) {
+        const auto [number, isNew] = m_numberOfFormat.of(format);
+        if (isNew) {
+            m_formats.push_back(format);
+        }
+        return number;
+    }
+
+    /// Empty at first: numbers are places in it.
+    std::vector<CharacterFormat>& m_formats;
+    /// By the document's own number of a format, and by what it looks like.
+    std::unordered_map<int, int> m_numbers;
+    FormatNumbers m_numberOfFormat;
+};
+
+Paragraph paragraphOf(const QTextBlock& block, int begin, int end, FormatCollector& formats) {
+    Paragraph result;
+    result.format = fromBlockFormat(block.blockFormat());
+    result.endFormat = formats.number(block);
+    const int start = block.position();
+    const int from = std::max(begin, start);
+    const int to = std::min(end, start + block.length() - 1);
+    if (from >= to) {
+        return result;
+    }
+    result.text = block.text().mid(from - start, to - from);
+    for (auto part = block.begin(); !part.atEnd(); ++part) {
+        const QTextFragment run = part.fragment();
+        const int length =
+            std::min(run.position() + run.length(), to) - std::max(run.position(), from);
+        if (length <= 0) {
+            continue;
+        }
+        const int format = formats.number(run);
+        if (!result.runs.empty() && result.runs.back().format == format) {
+            result.runs.back().length += length;
+        } else {
+            result.runs.push_back({length, format});
+        }
+    }
+    return result;
+}
+
+/// Writes a fragment into a document at a cursor, its formats translated once.
+class FragmentInserter final {
+public:
+    FragmentInserter(QTextCursor& cursor, const RichTextFragment& fragment) : m_cursor(cursor) {
+        m_formats.reserve(fragment.formats.size());
+        for (const CharacterFormat& format : fragment.formats) {
+            m_formats.push_back(toTextFormat(format));
+        }
+    }
+
+    void insertRuns(const Paragraph& paragraph) {
+        const QString text = paragraphText(paragraph.text);
+        if (paragraph.runs.size() == 1 && paragraph.runs.front().length >= text.size()) {
+            m_cursor.insertText(text, format(paragraph.runs.front().format));
+            return;
+        }
+        qsizetype done = 0;
+        for (const TextRun& run : paragraph.runs) {
+            m_cursor.insertText(text.mid(done, run.length), format(run.format));
+            done += run.length;
+        }
+        if (done < text.size()) {
+            m_cursor.insertText(text.mid(done), format(paragraph.endFormat));
+        }
+    }
+
+    void insertParagraph(const Paragraph& paragraph) {
+        if (!m_blockFormatKnown || m_paragraphFormat != paragraph.format) {
+            m_paragraphFormat = paragraph.format;
+            m_blockFormat = toBlockFormat(paragraph.format);
+            m_blockFormatKnown = true;
+        }
+        m_cursor.insertBlock(m_blockFormat, format(paragraph.endFormat));
+        insertRuns(paragraph);
+    }
+
+    [[nodiscard]] const QTextCharFormat& format(int number) const {
+        const auto place = static_cast<size_t>(number);
+        return number >= 0 && place < m_formats.size() ? m_formats[place] : m_defaultFormat;
+    }
+
+private:
+    QTextCursor& m_cursor;
+    std::vector<QTextCharFormat> m_formats;
+    QTextCharFormat m_defaultFormat = toTextFormat({});
+    ParagraphFormat m_paragraphFormat;
+    QTextBlockFormat m_blockFormat;
+    bool m_blockFormatKnown = false;
+};
+
+void setParagraphFormats(QTextDocument& document, int position, const QTextBlockFormat& blockFormat,
+                         const QTextCharFormat& endFormat) {
+    QTextCursor cursor(&document);
+    cursor.setPosition(position);
+    if (cursor.blockFormat() != blockFormat) {
+        cursor.setBlockFormat(blockFormat);
+    }
+    if (cursor.blockCharFormat() != endFormat) {
+        cursor.setBlockCharFormat(endFormat);
+    }
+}
+
+int endOf(const QTextDocument& document) {
+    return document.characterCount() - 1;
+}
 
 } // namespace
 
@@ -43,6 +175,132 @@ ParagraphFormat fromBlockFormat(const QTextBlockFormat& format) {
     result.leftOffsetTwips = format.intProperty(LeftOffset);
     result.firstLineOffsetTwips = format.intProperty(FirstLineOffset);
     return result;
+}
+
+RichTextFragment fragmentOf(const QTextDocument& document, int begin, int end) {
+    RichTextFragment result;
+    FormatCollector formats(result.formats);
+    for (QTextBlock block = document.findBlock(begin); block.isValid(); block = block.next()) {
+        result.paragraphs.push_back(paragraphOf(block, begin, end, formats));
+        if (block.position() + block.length() > end) {
+            break;
+        }
+    }
+    return result;
+}
+
+RichTextFragment fragmentOf(const QTextDocument& document) {
+    return fragmentOf(document, 0, endOf(document));
+}
+
+int replaceRange(QTextDocument& document, int begin, int end, const RichTextFragment& fragment) {
+    const QTextBlock first = document.findBlock(begin);
+    const QTextBlock last = document.findBlock(end);
+    const bool textInFront = begin > first.position();
+    const bool textBehind = end < last.position() + last.length() - 1;
+    const QTextBlockFormat frontFormat = first.blockFormat();
+    const QTextBlockFormat behindFormat = last.blockFormat();
+    const QTextCharFormat behindEnd = last.charFormat();
+    const bool isJoin = first != last;
+
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    cursor.setPosition(begin);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    const std::vector<Paragraph>& paragraphs = fragment.paragraphs;
+    if (paragraphs.empty()) {
+        if (isJoin) {
+            setParagraphFormats(document, begin, textInFront ? frontFormat : behindFormat,
+                                behindEnd);
+        }
+        cursor.endEditBlock();
+        return begin;
+    }
+
+    FragmentInserter inserter(cursor, fragment);
+    const Paragraph& head = paragraphs.front();
+    inserter.insertRuns(head);
+    for (size_t i = 1; i < paragraphs.size(); ++i) {
+        inserter.insertParagraph(paragraphs[i]);
+    }
+    const int behind = cursor.position();
+    if (paragraphs.size() > 1) {
+        setParagraphFormats(document, begin, textInFront ? frontFormat : toBlockFormat(head.format),
+                            inserter.format(head.endFormat));
+        if (textBehind) {
+            setParagraphFormats(document, behind, behindFormat, behindEnd);
+        }
+    } else if (!textInFront && !textBehind) {
+        setParagraphFormats(document, begin, toBlockFormat(head.format),
+                            inserter.format(head.endFormat));
+    } else if (isJoin) {
+        setParagraphFormats(document, begin, textInFront ? frontFormat : behindFormat, behindEnd);
+    }
+    cursor.endEditBlock();
+    return behind;
+}
+
+namespace {
+
+/// Paragraphs that two fragments have in common at the beginning and at the end.
+struct Common final {
+    size_t atBegin = 0;
+    size_t atEnd = 0;
+};
+
+Common commonParagraphs(const RichTextFragment& left, const RichTextFragment& right) {
+    const size_t most = std::min(left.paragraphs.size(), right.paragraphs.size());
+    Common common;
+    while (common.atBegin < most && sameParagraph(left, left.paragraphs[common.atBegin], right,
+                                                  right.paragraphs[common.atBegin])) {
+        ++common.atBegin;
+    }
+    while (common.atBegin + common.atEnd < most &&
+           sameParagraph(left, left.paragraphs[left.paragraphs.size() - 1 - common.atEnd], right,
+                         right.paragraphs[right.paragraphs.size() - 1 - common.atEnd])) {
+        ++common.atEnd;
+    }
+    return common;
+}
+
+void fillFromScratch(QTextDocument& document, const RichTextFragment& fragment) {
+    document.clear();
+    replaceRange(document, 0, 0, fragment);
+}
+
+} // namespace
+
+bool setContents(QTextDocument& document, const RichTextFragment& fragment,
+                 const CharacterFormat& emptyFormat) {
+    if (fragment.paragraphs.empty()) {
+        return setContents(document, fragmentOfText({}, emptyFormat), emptyFormat);
+    }
+    const RichTextFragment old = fragmentOf(document);
+    const size_t oldCount = old.paragraphs.size();
+    const size_t newCount = fragment.paragraphs.size();
+    Common common = commonParagraphs(old, fragment);
+    if (common.atBegin == oldCount && oldCount == newCount) {
+        return false;
+    }
+    if (common.atBegin + common.atEnd < std::max(oldCount, newCount) / 2) {
+        fillFromScratch(document, fragment);
+        return true;
+    }
+    // Both sides need a paragraph to stand for "nothing", for a line end goes with each.
+    if (common.atBegin + common.atEnd == std::min(oldCount, newCount)) {
+        (common.atBegin > 0 ? common.atBegin : common.atEnd) -= 1;
+    }
+    RichTextFragment middle;
+    middle.formats = fragment.formats;
+    middle.paragraphs.assign(fragment.paragraphs.begin() +
+                                 static_cast<std::ptrdiff_t>(common.atBegin),
+                             fragment.paragraphs.end() - static_cast<std::ptrdiff_t>(common.atEnd));
+    const QTextBlock last =
+        document.findBlockByNumber(static_cast<int>(oldCount - common.atEnd) - 1);
+    replaceRange(document, document.findBlockByNumber(static_cast<int>(common.atBegin)).position(),
+                 last.position() + last.length() - 1, middle);
+    return true;
 }
 
 } // namespace velmora

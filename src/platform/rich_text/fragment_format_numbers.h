@@ -2,11 +2,7 @@
 
 #include "platform/rich_text/rich_text_fragment.h"
 
-#include <QHashFunctions>
-
-#include <cstddef>
-#include <unordered_map>
-#include <utility>
+#include <QHash>
 
 namespace velmora {
 
@@ -20,20 +16,17 @@ public:
     };
 
     Number of(const CharacterFormat& format) {
-        const auto next = static_cast<int>(m_numbers.size());
-        const auto [place, isNew] = m_numbers.try_emplace(format, next);
-        return {place->second, isNew};
+        const auto known = m_numbers.constFind(format);
+        if (known != m_numbers.constEnd()) {
+            return {*known, false};
+        }
+        const int next = static_cast<int>(m_numbers.size());
+        m_numbers.insert(format, next);
+        return {next, true};
     }
 
 private:
-    struct Hash final {
-        std::size_t operator()(const CharacterFormat& format) const {
-            return qHashMulti(0, format.fontName, format.halfPoints, format.color, format.backColor,
-                              format.bold, format.italic, format.underline, format.strikeThrough);
-        }
-    };
-
-    std::unordered_map<CharacterFormat, int, Hash> m_numbers;
+    QHash<CharacterFormat, int> m_numbers;
 };
 
 } // namespace velmora

@@ -1,10 +1,9 @@
-#include "platform/rich_text/fragment_document.h"
-#include "platform/rich_text/rich_text_box_private.h"
-
 #include "platform/drawing/line_printer.h"
 #include "platform/drawing/line_shape.h"
 #include "platform/rich_text/document_layout.h"
+#include "platform/rich_text/fragment_document.h"
 #include "platform/rich_text/fragment_text.h"
+#include "platform/rich_text/rich_text_box_private.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>

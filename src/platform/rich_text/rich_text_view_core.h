@@ -58,7 +58,6 @@ public:
     void ensureCaretVisible();
     /// Place of the caret inside the text that an input method composes, from that text's start.
     void setPreeditCaret(int offset) { m_preeditCaret = offset; }
-    [[nodiscard]] int preeditCaret() const { return m_preeditCaret; }
     [[nodiscard]] QRect caretRect() const;
 
     /// While one lives, a moved selection does not scroll the view: the text must not slip away

@@ -29,13 +29,6 @@ char16_t storable(char16_t unit) {
 
 } // namespace
 
-size_t qHash(const CharacterFormat& format, size_t seed) {
-    const int flags = (format.bold ? 1 : 0) | (format.italic ? 2 : 0) | (format.underline ? 4 : 0) |
-                      (format.strikeThrough ? 8 : 0);
-    return qHashMulti(seed, format.fontName, format.halfPoints, format.color, format.backColor,
-                      flags);
-}
-
 void RtfFragmentBuilder::setFormat(const CharacterFormat& format) {
     if (m_format >= 0 && m_fragment.formats[static_cast<std::size_t>(m_format)] == format) {
         return;

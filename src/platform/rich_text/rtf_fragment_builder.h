@@ -74,6 +74,4 @@ private:
     bool m_full = false;
 };
 
-[[nodiscard]] size_t qHash(const CharacterFormat& format, size_t seed = 0);
-
 } // namespace velmora

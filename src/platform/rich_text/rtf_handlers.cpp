@@ -195,27 +195,14 @@ void RtfInterpreter::setColorComponent(const RtfToken& token, int component) {
     }
 }
 
-void RtfInterpreter::paragraphStyle(const RtfToken& token, int) {
+void RtfInterpreter::style(const RtfToken& token, int kindNumber) {
+    const auto kind = static_cast<RtfStyleSheet::Kind>(kindNumber);
     if (m_group.destination == RtfDestination::StyleSheet) {
-        m_style.kind = RtfStyleSheet::Kind::Paragraph;
+        m_style.kind = kind;
         m_style.number = token.parameter;
         m_style.numbered = true;
-    } else if (const auto* style =
-                   m_styles.resolved(RtfStyleSheet::Kind::Paragraph, token.parameter)) {
-        m_group.formats.apply(*style);
-        rememberTextFont();
-        m_formatStale = true;
-    }
-}
-
-void RtfInterpreter::characterStyle(const RtfToken& token, int) {
-    if (m_group.destination == RtfDestination::StyleSheet) {
-        m_style.kind = RtfStyleSheet::Kind::Character;
-        m_style.number = token.parameter;
-        m_style.numbered = true;
-    } else if (const auto* style =
-                   m_styles.resolved(RtfStyleSheet::Kind::Character, token.parameter)) {
-        m_group.formats.apply(*style);
+    } else if (const RtfFormats* formats = m_styles.resolved(kind, token.parameter)) {
+        m_group.formats.apply(*formats);
         rememberTextFont();
         m_formatStale = true;
     }

@@ -95,12 +95,12 @@ void RtfInterpreter::follow(const RtfToken& token) {
 }
 
 bool RtfInterpreter::isAttachmentSign(const RtfToken& token) {
-    constexpr unsigned char Sign = 0xAC;
+    constexpr unsigned char sign = 0xAC;
     if (!m_attachmentBefore || token.kind == RtfTokenKind::GroupEnd) {
         return false;
     }
     m_attachmentBefore = false;
-    return token.kind == RtfTokenKind::Hex && token.byte == Sign;
+    return token.kind == RtfTokenKind::Hex && token.byte == sign;
 }
 
 bool RtfInterpreter::isReplaced(RtfToken& token) {

@@ -68,8 +68,7 @@ public:
     void setFontCodePage(const RtfToken& token, int);
     /// Component 0 is red, 1 green, 2 blue.
     void setColorComponent(const RtfToken& token, int component);
-    void paragraphStyle(const RtfToken& token, int);
-    void characterStyle(const RtfToken& token, int);
+    void style(const RtfToken& token, int kind);
     /// Styles of tables and sections, which have no place in a script.
     void otherStyle(const RtfToken& token, int);
     void setBasedOn(const RtfToken& token, int);

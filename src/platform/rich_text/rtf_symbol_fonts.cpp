@@ -96,7 +96,7 @@ SymbolSet symbolSetOfFont(QStringView fontName) {
         const char16_t* name;
         SymbolSet set;
     };
-    static constexpr Row Rows[] = {
+    static constexpr Row rows[] = {
         {u"Symbol", SymbolSet::Symbol},
         {u"SymbolMT", SymbolSet::Symbol},
         {u"Wingdings", SymbolSet::Wingdings},
@@ -105,7 +105,7 @@ SymbolSet symbolSetOfFont(QStringView fontName) {
         {u"Monotype Sorts", SymbolSet::ZapfDingbats},
         {u"ITC Zapf Dingbats", SymbolSet::ZapfDingbats},
     };
-    for (const Row& row : Rows) {
+    for (const Row& row : rows) {
         if (fontName.compare(QStringView(row.name), Qt::CaseInsensitive) == 0) {
             return row.set;
         }

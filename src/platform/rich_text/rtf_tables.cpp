@@ -15,12 +15,12 @@ QString familyOf(const QString& name, int codePage) {
         const char16_t* suffix;
         int codePage;
     };
-    static constexpr Row Rows[] = {
+    static constexpr Row rows[] = {
         {u" CE", 1250},       {u" CYR", 1251},      {u" Greek", 1253},        {u" TUR", 1254},
         {u" (Hebrew)", 1255}, {u" (Arabic)", 1256}, {u" Baltic", 1257},       {u" Cyr", 1251},
         {u" Tur", 1254},      {u" (Thai)", 874},    {u" (Vietnamese)", 1258},
     };
-    for (const Row& row : Rows) {
+    for (const Row& row : rows) {
         const QStringView suffix(row.suffix);
         if (codePage == row.codePage && name.size() > suffix.size() && name.endsWith(suffix)) {
             return name.chopped(suffix.size());
