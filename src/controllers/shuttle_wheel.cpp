@@ -43,7 +43,9 @@ bool JogWheel::keyDown(int keyCode, int shift) {
 /// Step of a key that comes now. The time counts in whole milliseconds.
 int JogWheel::nextStep() {
     const Clock& clock = m_session.platform.clock;
-    const auto nowMs = static_cast<double>(clock.counter() / (clock.frequency() / 1000));
+    const std::int64_t ticksPerMs = clock.frequency() / 1000;
+    const std::int64_t wholeMs = clock.counter() / ticksPerMs;
+    const auto nowMs = static_cast<double>(wholeMs);
     const double elapsedMs = nowMs - JogLastKeyTime;
     const bool first = JogLastKeyTime == 0 || elapsedMs < 0;
     JogLastKeyTime = nowMs;

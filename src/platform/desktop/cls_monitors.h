@@ -13,7 +13,8 @@ namespace velmora {
 
 /// clsMonitor: a display of the desktop. Pixels, in the desktop's coordinates; Right and Bottom lie
 /// just outside. The Work values leave out what the desktop's panels cover.
-struct clsMonitor final {
+class clsMonitor final {
+public:
     /// Stays the same as long as the display stands where it stands; 0 where the desktop tells no
     /// displays at all.
     int Handle = 0;

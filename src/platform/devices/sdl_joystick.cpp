@@ -11,20 +11,20 @@ namespace velmora {
 
 namespace {
 
-/// The functions of SDL2 that are used, under their own names.
+/// The functions of SDL2 that are used.
 struct SdlFunctions final {
-    decltype(&::SDL_InitSubSystem) SDL_InitSubSystem = nullptr;
-    decltype(&::SDL_QuitSubSystem) SDL_QuitSubSystem = nullptr;
-    decltype(&::SDL_SetHint) SDL_SetHint = nullptr;
-    decltype(&::SDL_EventState) SDL_EventState = nullptr;
-    decltype(&::SDL_JoystickEventState) SDL_JoystickEventState = nullptr;
-    decltype(&::SDL_JoystickUpdate) SDL_JoystickUpdate = nullptr;
-    decltype(&::SDL_NumJoysticks) SDL_NumJoysticks = nullptr;
-    decltype(&::SDL_JoystickOpen) SDL_JoystickOpen = nullptr;
-    decltype(&::SDL_JoystickClose) SDL_JoystickClose = nullptr;
-    decltype(&::SDL_JoystickGetAttached) SDL_JoystickGetAttached = nullptr;
-    decltype(&::SDL_JoystickNumButtons) SDL_JoystickNumButtons = nullptr;
-    decltype(&::SDL_JoystickGetButton) SDL_JoystickGetButton = nullptr;
+    decltype(&::SDL_InitSubSystem) initSubSystem = nullptr;
+    decltype(&::SDL_QuitSubSystem) quitSubSystem = nullptr;
+    decltype(&::SDL_SetHint) setHint = nullptr;
+    decltype(&::SDL_EventState) eventState = nullptr;
+    decltype(&::SDL_JoystickEventState) joystickEventState = nullptr;
+    decltype(&::SDL_JoystickUpdate) joystickUpdate = nullptr;
+    decltype(&::SDL_NumJoysticks) numJoysticks = nullptr;
+    decltype(&::SDL_JoystickOpen) joystickOpen = nullptr;
+    decltype(&::SDL_JoystickClose) joystickClose = nullptr;
+    decltype(&::SDL_JoystickGetAttached) joystickGetAttached = nullptr;
+    decltype(&::SDL_JoystickNumButtons) joystickNumButtons = nullptr;
+    decltype(&::SDL_JoystickGetButton) joystickGetButton = nullptr;
 
     /// False where the library or one of the functions is not there.
     [[nodiscard]] bool load() {
@@ -37,17 +37,17 @@ struct SdlFunctions final {
                 library.resolve(name));
             return function != nullptr;
         };
-        return resolve(SDL_InitSubSystem, "SDL_InitSubSystem") &&
-               resolve(SDL_QuitSubSystem, "SDL_QuitSubSystem") &&
-               resolve(SDL_SetHint, "SDL_SetHint") && resolve(SDL_EventState, "SDL_EventState") &&
-               resolve(SDL_JoystickEventState, "SDL_JoystickEventState") &&
-               resolve(SDL_JoystickUpdate, "SDL_JoystickUpdate") &&
-               resolve(SDL_NumJoysticks, "SDL_NumJoysticks") &&
-               resolve(SDL_JoystickOpen, "SDL_JoystickOpen") &&
-               resolve(SDL_JoystickClose, "SDL_JoystickClose") &&
-               resolve(SDL_JoystickGetAttached, "SDL_JoystickGetAttached") &&
-               resolve(SDL_JoystickNumButtons, "SDL_JoystickNumButtons") &&
-               resolve(SDL_JoystickGetButton, "SDL_JoystickGetButton");
+        return resolve(initSubSystem, "SDL_InitSubSystem") &&
+               resolve(quitSubSystem, "SDL_QuitSubSystem") && resolve(setHint, "SDL_SetHint") &&
+               resolve(eventState, "SDL_EventState") &&
+               resolve(joystickEventState, "SDL_JoystickEventState") &&
+               resolve(joystickUpdate, "SDL_JoystickUpdate") &&
+               resolve(numJoysticks, "SDL_NumJoysticks") &&
+               resolve(joystickOpen, "SDL_JoystickOpen") &&
+               resolve(joystickClose, "SDL_JoystickClose") &&
+               resolve(joystickGetAttached, "SDL_JoystickGetAttached") &&
+               resolve(joystickNumButtons, "SDL_JoystickNumButtons") &&
+               resolve(joystickGetButton, "SDL_JoystickGetButton");
     }
 };
 
@@ -62,7 +62,7 @@ public:
     ~Subsystem() {
         if (m_open) {
             close();
-            m_sdl.SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
+            m_sdl.quitSubSystem(SDL_INIT_JOYSTICK);
         }
     }
     Subsystem(const Subsystem&) = delete;
@@ -72,20 +72,20 @@ public:
         if (!m_open) {
             return 0;
         }
-        m_sdl.SDL_JoystickUpdate();
-        if (m_joystick != nullptr && m_sdl.SDL_JoystickGetAttached(m_joystick) == SDL_FALSE) {
+        m_sdl.joystickUpdate();
+        if (m_joystick != nullptr && m_sdl.joystickGetAttached(m_joystick) == SDL_FALSE) {
             close();
         }
-        if (m_joystick == nullptr && m_sdl.SDL_NumJoysticks() > 0) {
-            m_joystick = m_sdl.SDL_JoystickOpen(0);
+        if (m_joystick == nullptr && m_sdl.numJoysticks() > 0) {
+            m_joystick = m_sdl.joystickOpen(0);
         }
         if (m_joystick == nullptr) {
             return 0;
         }
         std::uint32_t mask = 0;
-        const int count = std::min(m_sdl.SDL_JoystickNumButtons(m_joystick), MaskBits);
+        const int count = std::min(m_sdl.joystickNumButtons(m_joystick), MaskBits);
         for (int button = 0; button < count; ++button) {
-            if (m_sdl.SDL_JoystickGetButton(m_joystick, button) != 0) {
+            if (m_sdl.joystickGetButton(m_joystick, button) != 0) {
                 mask |= 1U << button;
             }
         }
@@ -96,21 +96,21 @@ private:
     bool open() {
         // Signals are the program's; the pedal works whichever window has the focus; a pedal needs
         // none of the drivers that take gamepads out of the system's hands.
-        m_sdl.SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-        m_sdl.SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
-        m_sdl.SDL_SetHint(SDL_HINT_JOYSTICK_HIDAPI, "0");
-        if (m_sdl.SDL_InitSubSystem(SDL_INIT_JOYSTICK) != 0) {
+        m_sdl.setHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+        m_sdl.setHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+        m_sdl.setHint(SDL_HINT_JOYSTICK_HIDAPI, "0");
+        if (m_sdl.initSubSystem(SDL_INIT_JOYSTICK) != 0) {
             return false;
         }
         // The state is polled. Nobody would ever take the events out of SDL's queue.
-        m_sdl.SDL_JoystickEventState(SDL_IGNORE);
-        m_sdl.SDL_EventState(SDL_JOYDEVICEADDED, SDL_IGNORE);
-        m_sdl.SDL_EventState(SDL_JOYDEVICEREMOVED, SDL_IGNORE);
+        m_sdl.joystickEventState(SDL_IGNORE);
+        m_sdl.eventState(SDL_JOYDEVICEADDED, SDL_IGNORE);
+        m_sdl.eventState(SDL_JOYDEVICEREMOVED, SDL_IGNORE);
         return true;
     }
     void close() {
         if (m_joystick != nullptr) {
-            m_sdl.SDL_JoystickClose(m_joystick);
+            m_sdl.joystickClose(m_joystick);
             m_joystick = nullptr;
         }
     }
