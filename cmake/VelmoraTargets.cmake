@@ -35,6 +35,21 @@ function(velmora_layer name)
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
   target_link_libraries(${name} PUBLIC velmora_options ${arg_LINK})
   velmora_precompile(${name})
+  velmora_moc_anew(${name} "${sources}")
+endfunction()
+
+# Has moc look at a library again whose files are others than at the last time: CMake 3.25 watches
+# only the files that it knew then, and a new one would be left out of an incremental build.
+function(velmora_moc_anew name sources)
+  set(list ${CMAKE_CURRENT_BINARY_DIR}/${name}_sources.txt)
+  set(known "")
+  if(EXISTS ${list})
+    file(READ ${list} known)
+  endif()
+  if(NOT known STREQUAL sources)
+    file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
+    file(WRITE ${list} "${sources}")
+  endif()
 endfunction()
 
 # Qt's and the standard library's big headers, compiled once for each library.
