@@ -181,31 +181,48 @@ TEST_F(Form1Test, TheSliderMovesTheColumnAndWrapsTheScriptAnew) {
 
 TEST_F(Form1Test, KeysAndButtonsStartAShowWhereTheySay) {
     settings.MirrorMode = NoDisplayWindow;
-    settings.FirstDisplayLine = 1;
     load();
-    rtb1().setText(u"word\r\n"_qs.repeated(10));
+    const QString text = u"word\r\n"_qs.repeated(10);
     struct Row final {
         const char* what;
+        int FirstDisplayLine;
         std::function<void()> act;
         int StartFromCursor;
         double StartPosition;
     };
+    const auto startButton = [this] { control<QPushButton>(u"StartButton")->click(); };
+    // The caret stands two characters into line 4.
     const Row rows[] = {
-        {"F1", [this] { press(Qt::Key_F1); }, 0, 0},
-        {"F2", [this] { press(Qt::Key_F2); }, 1, 4},
-        {"button", [this] { control<QPushButton>(u"StartButton")->click(); }, 1, 4},
+        {"F1 whatever the setting", 1, [this] { press(Qt::Key_F1); }, 0, 0},
+        {"F2 whatever the setting", 0, [this] { press(Qt::Key_F2); }, 1, 4},
+        {"button, current line", 1, startButton, 1, 4},
+        {"button, first line", 0, startButton, 0, 26},
     };
     for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        test.session.settings.FirstDisplayLine = row.FirstDisplayLine;
         test.session.show.StartFromCursor = 9;
-        rtb1().setSelStart(rtb1().lineIndex(4));
+        rtb1().setText(text);
+        rtb1().setSelStart(rtb1().lineIndex(4) + 2);
         row.act();
-        EXPECT_EQ(test.session.show.StartFromCursor, row.StartFromCursor) << row.what;
-        EXPECT_EQ(test.session.show.StartPosition, row.StartPosition) << row.what;
-        EXPECT_EQ(test.session.show.ShowRunning, 0) << row.what;
-        EXPECT_TRUE(form->isEnabled()) << row.what;
-        EXPECT_EQ(rtb1().GetLineFromChar(rtb1().SelStart()), 4) << row.what;
+        EXPECT_EQ(test.session.show.StartFromCursor, row.StartFromCursor);
+        EXPECT_EQ(test.session.show.StartPosition, row.StartPosition);
+        EXPECT_EQ(test.session.show.ShowRunning, 0);
+        EXPECT_TRUE(form->isEnabled());
+        EXPECT_EQ(rtb1().GetLineFromChar(rtb1().SelStart()), 4);
+        EXPECT_EQ(rtb1().Text(), text) << "no key reached the text";
+
+        test.session.show.StartFromCursor = 9;
+        rtb1().setText(QString());
+        control<QPushButton>(u"StartButton")->setFocus();
+        row.act();
+        EXPECT_EQ(test.session.show.StartFromCursor, 9) << "there is nothing to show";
+        EXPECT_EQ(form->focusWidget(), control<RichTextView>(u"rtb1"));
     }
-    EXPECT_EQ(rtb1().Text(), u"word\r\n"_qs.repeated(10)) << "no key reached the text";
+    rtb1().setText(text);
+    test.pump.next([this] { rtb1().setText(QString()); });
+    startButton();
+    EXPECT_EQ(test.session.show.StartFromCursor, 9) << "cleared by a handler of the first pump";
 }
 
 TEST_F(Form1Test, LoadAndSaveByKeysKeepTheCaptionTrue) {
@@ -329,7 +346,7 @@ TEST_F(Form1Test, AScriptFileDroppedOnTheTextIsLoaded) {
     EXPECT_TRUE(form->windowTitle().contains(u"news.txt"_qs));
 }
 
-TEST_F(Form1Test, PastedTextIsTamedAndUnderAShowNothingIsPasted) {
+TEST_F(Form1Test, PastedTextIsTamedAndUnderAShowTheEditorIsReadOnly) {
     load();
     auto* rich = new QMimeData;
     rich->setData(u"text/rtf"_qs, "{\\rtf1\\ansi\\fs28\\b black\\tab bold}");
@@ -346,12 +363,8 @@ TEST_F(Form1Test, PastedTextIsTamedAndUnderAShowNothingIsPasted) {
     auto* view = control<RichTextView>(u"rtb1");
     form->setEditorActive(false);
     EXPECT_TRUE(view->isReadOnly());
-    view->paste();
     form->setEditorActive(true);
-    test.session.show.ShowRunning = 1;
-    view->paste();
-    test.session.show.ShowRunning = 0;
-    EXPECT_EQ(rtb1().Text(), u"black bold"_qs);
+    EXPECT_FALSE(view->isReadOnly());
     view->paste();
     EXPECT_EQ(rtb1().Text(), u"black bold"_qs) << "in the place of the same text";
     EXPECT_EQ(rtb1().SelLength(), 0);

@@ -150,7 +150,10 @@ TEST_F(ScriptSaverTest, ExitLearnsWhetherTheScriptWasWritten) {
     expectAllPutAway();
 }
 
-TEST_F(ScriptSaverTest, WhiteScriptComesBackWhite) {
+TEST_F(ScriptSaverTest, WhiteScriptComesBackWhiteAndInItsFormats) {
+    session.script.rtb1.select(1, 4);
+    session.script.rtb1.setSelBold(true);
+    session.script.rtb1.setSelAlignment(Alignment::Centre);
     saveAs(test.path(u"a.rtf"_qs), RichTextFilter);
     const FlatText before = flatten(session.script.rtb1.fragment());
     session.script.rtb1.setText(QString());

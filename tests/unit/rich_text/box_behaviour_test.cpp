@@ -53,8 +53,11 @@ TEST(BoxBehaviour, PositionsCountLineEndsAndPairsAsTwo) {
     }
 }
 
-TEST(BoxBehaviour, WhatADocumentReservesForItselfDoesNotBreakIt) {
+TEST(BoxBehaviour, LineEndsAreAllOneKindAndWhatADocumentReservesForItselfDoesNotBreakIt) {
     RichTextBox box;
+    box.setSelText(u"a\rb\nc\u2029d\r\n\r\ne\vf"_qs);
+    EXPECT_EQ(box.Text(), u"a\r\nb\r\nc\r\nd\r\n\r\ne\vf"_qs);
+    EXPECT_EQ(box.SelStart(), box.textLength());
     box.setText(u"a\uFDD0b\uFDD1c\uFFFC\u0001\u0085%1d"_qs.arg(QChar(u'\0')));
     EXPECT_EQ(box.Text(), u"a\uFFFDb\uFFFDc\uFFFC \r\n d"_qs);
     EXPECT_EQ(box.document().blockCount(), 2);
