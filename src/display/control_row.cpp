@@ -1,6 +1,7 @@
 #include "display/control_row.h"
 
 #include "controllers/speed_mapping.h"
+#include "display/flipped_face.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -80,11 +81,12 @@ void SpeedScale::mouseReleaseEvent(QMouseEvent*) {
 }
 
 void SpeedScale::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+    paintFace(*this, m_orientation, [this](QPainter& painter) { paintWhole(painter); });
+}
+
+/// As the plain window has it: its buttons, and the scale with the thumb.
+void SpeedScale::paintWhole(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
-    if (m_orientation == Orientation::Mirrored) {
-        painter.setTransform(QTransform(-1, 0, 0, 1, width(), 0));
-    }
     const QRect start(0, 0, ButtonWidth - 2, height());
     const QRect pause(ButtonWidth, 0, ButtonWidth - 2, height());
     paintPanel(painter, start);

@@ -38,6 +38,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void paintWhole(QPainter& painter) const;
     void paintScale(QPainter& painter) const;
 
     Orientation m_orientation;

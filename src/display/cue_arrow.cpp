@@ -1,6 +1,7 @@
 #include "display/cue_arrow.h"
 
-#include <QImage>
+#include "display/flipped_face.h"
+
 #include <QPainter>
 
 #include <array>
@@ -53,12 +54,10 @@ void ArrowStrip::setArrow(int top) {
 }
 
 void ArrowStrip::paintEvent(QPaintEvent*) {
-    QImage strip(size(), QImage::Format_RGB32);
-    strip.fill(m_background);
-    QPainter arrow(&strip);
-    drawCueArrow(arrow, m_top);
-    arrow.end();
-    QPainter(this).drawImage(0, 0, strip.mirrored(m_orientation == Orientation::Mirrored, false));
+    paintFace(*this, m_orientation, [this](QPainter& painter) {
+        painter.fillRect(rect(), QColor::fromRgb(m_background));
+        drawCueArrow(painter, m_top);
+    });
 }
 
 } // namespace velmora

@@ -1,6 +1,7 @@
 #include "display/mirrored_question.h"
 
-#include <QImage>
+#include "display/flipped_face.h"
+
 #include <QPainter>
 
 namespace velmora {
@@ -43,9 +44,10 @@ int Form6::ask() {
 }
 
 void Form6::paintEvent(QPaintEvent*) {
-    QImage face(size(), QImage::Format_RGB32);
-    face.fill(palette().color(QPalette::Window));
-    QPainter painter(&face);
+    paintFace(*this, Orientation::Mirrored, [this](QPainter& painter) { paintQuestion(painter); });
+}
+
+void Form6::paintQuestion(QPainter& painter) const {
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     QFont font(QStringLiteral("Arial"));
@@ -59,8 +61,6 @@ void Form6::paintEvent(QPaintEvent*) {
     painter.setFont(font);
     painter.drawText(inside.adjusted(0, TitleHeight + Margin / 2, 0, -ButtonHeight),
                      Qt::AlignTop | Qt::AlignHCenter | Qt::TextWordWrap, m_text);
-    painter.end();
-    QPainter(this).drawImage(0, 0, face.mirrored(true, false));
 }
 
 } // namespace velmora

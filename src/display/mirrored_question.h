@@ -22,6 +22,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void paintQuestion(QPainter& painter) const;
+
     QString m_title;
     QString m_text;
     /// No and Yes.

@@ -1,10 +1,9 @@
 #include "display/show_text.h"
 
+#include "display/flipped_face.h"
+
 #include <QPainter>
 #include <QStyleOptionButton>
-#include <QStylePainter>
-
-#include <functional>
 
 namespace velmora {
 
@@ -12,19 +11,6 @@ namespace {
 
 constexpr int DotsPerInch = 96;
 constexpr int PointsPerInch = 72;
-
-/// Paints a face as it is, or flipped as a finished picture.
-void paintFace(QWidget& widget, Orientation orientation,
-               const std::function<void(QPaintDevice&)>& face) {
-    if (orientation == Orientation::Plain) {
-        face(widget);
-        return;
-    }
-    QImage picture(widget.size(), QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    face(picture);
-    QPainter(&widget).drawImage(0, 0, picture.mirrored(true, false));
-}
 
 } // namespace
 
@@ -44,8 +30,7 @@ void ShowText::setText(const QString& text) {
 }
 
 void ShowText::paintEvent(QPaintEvent*) {
-    paintFace(*this, m_orientation, [this](QPaintDevice& device) {
-        QPainter painter(&device);
+    paintFace(*this, m_orientation, [this](QPainter& painter) {
         painter.setFont(font());
         painter.setPen(palette().color(QPalette::WindowText));
         painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, m_text);
@@ -61,8 +46,7 @@ ShowButton::ShowButton(const QString& text, Orientation orientation, QWidget* pa
 void ShowButton::paintEvent(QPaintEvent*) {
     QStyleOptionButton option;
     initStyleOption(&option);
-    paintFace(*this, m_orientation, [this, &option](QPaintDevice& device) {
-        QPainter painter(&device);
+    paintFace(*this, m_orientation, [this, &option](QPainter& painter) {
         style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
     });
 }

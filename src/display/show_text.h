@@ -2,7 +2,6 @@
 
 #include "display/display_traits.h"
 
-#include <QImage>
 #include <QPushButton>
 #include <QString>
 #include <QWidget>

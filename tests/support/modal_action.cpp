@@ -12,7 +12,7 @@ namespace velmora {
 
 namespace {
 constexpr int LookEveryMs = 5;
-constexpr int MaxLooks = 1000;
+constexpr int MaxLooks = 6000;
 } // namespace
 
 ModalAction::ModalAction(std::function<void(QWidget&)> action)

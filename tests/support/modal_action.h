@@ -9,7 +9,7 @@ class QTimer;
 namespace velmora {
 
 /// Acts on the next modal window as a user would, from inside its event loop, once it is shown.
-/// When the window is still open five seconds later it is closed and expired() tells so: a test
+/// When the window is still open half a minute later it is closed and expired() tells so: a test
 /// then fails instead of hanging.
 class ModalAction final {
 public:

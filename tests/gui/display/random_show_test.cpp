@@ -1,6 +1,8 @@
+#include "core/arrangement.h"
 #include "core/screen_scale.h"
 #include "display/display_geometry.h"
 #include "display/show_hand_over.h"
+#include "display/speaker_window.h"
 #include "display/text_window.h"
 #include "support/quiet_observer.h"
 #include "support/test_session.h"
@@ -10,8 +12,10 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <random>
 
@@ -23,7 +27,7 @@ namespace {
 /// picture of the script at every moment at which a handler can look.
 class RandomShow final : public QuietObserver {
 public:
-    explicit RandomShow(unsigned seed) : m_random(seed) {}
+    RandomShow(unsigned seed, int mirrorMode) : m_random(seed), m_mirrorMode(mirrorMode) {}
 
     void play(int acts) {
         m_actsLeft = acts;
@@ -32,6 +36,7 @@ public:
         settings.ScrollerTurbo = static_cast<int>(m_random() % 2);
         settings.ScrollSpeedControl = static_cast<int>(m_random() % 2);
         settings.AutomaticLooping = m_random() % 4 == 0 ? 1 : 0;
+        settings.MirrorMode = m_mirrorMode;
         settings.LineSpacingIndex = 1 + static_cast<int>(m_random() % 36);
         settings.ScrollSpeed = static_cast<int>(m_random() % 256);
         t.session.show.StartFromCursor = static_cast<int>(m_random() % 2);
@@ -51,6 +56,12 @@ public:
         m_bar = window.findChild<QScrollBar*>(QStringLiteral("Vscroll1"));
         m_tables = &tables;
         m_rows = geometry.textRows();
+        for (QWidget* other : QApplication::topLevelWidgets()) {
+            if (const auto* speaker = qobject_cast<SpeakerScriptM*>(other)) {
+                m_speakerText = speaker->Picture1;
+            }
+        }
+        ASSERT_EQ(m_speakerText != nullptr, m_mirrorMode == mirror::TwoDisplays);
         const RichTextBox& rtb1 = t.session.script.rtb1;
         m_tall = std::make_unique<TallPicture>(rtb1, tables, geometry.WindowWidth(), rtb1.zoom(),
                                                rtb1.SelAlignment().value_or(Alignment::Left));
@@ -80,7 +91,9 @@ private:
         rtb1.setSelAlignment(static_cast<Alignment>(upTo(3)));
         rtb1.setSelStart(0);
         const QSize screens[] = {{320, 240}, {200, 60}, {400, 300}};
-        t.monitors.rectangles = {QRect(QPoint(0, 0), screens[upTo(3)])};
+        const QSize first = screens[upTo(3)];
+        t.monitors.rectangles = {QRect(QPoint(0, 0), first),
+                                 QRect(QPoint(first.width(), 0), screens[upTo(3)])};
     }
 
     /// One look at the window, and now and then an act.
@@ -103,11 +116,14 @@ private:
     }
 
     void act() {
-        constexpr int Keys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Left, Qt::Key_Right,
-                                Qt::Key_Up,    Qt::Key_Down,   Qt::Key_Home, Qt::Key_End,
-                                Qt::Key_0,     Qt::Key_1,      Qt::Key_F9,   Qt::Key_F10,
-                                Qt::Key_F12};
-        switch (upTo(6)) {
+        constexpr int Keys[] = {Qt::Key_Space,    Qt::Key_Return,    Qt::Key_Left, Qt::Key_Right,
+                                Qt::Key_Up,       Qt::Key_Down,      Qt::Key_Home, Qt::Key_End,
+                                Qt::Key_0,        Qt::Key_1,         Qt::Key_F9,   Qt::Key_F10,
+                                Qt::Key_F12,      Qt::Key_2,         Qt::Key_3,    Qt::Key_PageUp,
+                                Qt::Key_PageDown, Qt::Key_Backspace, Qt::Key_F13,  Qt::Key_F14,
+                                Qt::Key_F16,      Qt::Key_F20,       Qt::Key_F22,  Qt::Key_F23,
+                                Qt::Key_F24,      Qt::Key_F3,        Qt::Key_A};
+        switch (upTo(7)) {
         case 0:
             m_jumped = true;
             if (const int line = upTo(m_bar->maximum() + 1); line != m_bar->value()) {
@@ -125,17 +141,41 @@ private:
         case 3:
             t.session.show.PauseState = 0;
             break;
-        default: {
-            const int key = Keys[upTo(static_cast<int>(std::size(Keys)))];
-            m_jumped = m_jumped || key == Qt::Key_0 || key == Qt::Key_1;
-            press(key);
+        case 4:
+            usePointer();
+            break;
+        default:
+            // Many of the keys jump.
+            m_jumped = true;
+            press(Keys[upTo(static_cast<int>(std::size(Keys)))],
+                  upTo(3) == 0 ? Qt::ShiftModifier : Qt::NoModifier);
         }
-        }
+        const double speed = t.session.settings.ScrollSpeed;
+        ASSERT_TRUE(speed >= 0 && speed <= 255) << speed;
+        const std::int64_t row = t.session.show.ScrollRow;
+        ASSERT_TRUE(row >= 0 && row <= m_tables->LastScrollRow + m_rows) << row;
     }
 
-    void press(int key) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers);
         QApplication::sendEvent(m_text, &event);
+    }
+
+    /// A press and a drag on the text or on the scale, or a turn of the wheel.
+    void usePointer() {
+        QWidget* target = upTo(2) == 0 ? m_text : m_window->findChild<QWidget*>(u"Picture6"_qs);
+        const QPointF from(upTo(target->width()), upTo(target->height()));
+        const QPointF to(upTo(target->width()), upTo(target->height()));
+        const Qt::MouseButton button = upTo(2) == 0 ? Qt::LeftButton : Qt::RightButton;
+        QMouseEvent down(QEvent::MouseButtonPress, from, from, button, button, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, to, to, Qt::NoButton, button, Qt::NoModifier);
+        QMouseEvent up(QEvent::MouseButtonRelease, to, to, button, Qt::NoButton, Qt::NoModifier);
+        QWheelEvent wheel(to, to, QPoint(), QPoint(0, 120 - upTo(3) * 120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        for (QEvent* event : {static_cast<QEvent*>(&down), static_cast<QEvent*>(&move),
+                              static_cast<QEvent*>(&up), static_cast<QEvent*>(&wheel)}) {
+            QApplication::sendEvent(target, event);
+        }
     }
 
     /// A jump shows its line at the top, or as far down as the script's end allows.
@@ -159,9 +199,15 @@ private:
         if (!m_jumped && t.session.settings.AutomaticLooping == 0 && m_checks > 1) {
             ASSERT_LE(moved, t.session.settings.RowStep);
         }
-        m_jumped = false;
+        m_jumped = t.session.show.BookmarkJump != 0;
         m_lastTop = top;
-        ASSERT_EQ(m_text->surface().toImage(), m_tall->window(top, m_rows)) << "top row " << top;
+        const QImage plain = m_tall->window(top, m_rows);
+        const QImage flipped = plain.mirrored(true, false);
+        ASSERT_EQ(m_text->surface().toImage(), m_mirrorMode == mirror::Mirrored ? flipped : plain)
+            << "top row " << top;
+        if (m_speakerText != nullptr) {
+            ASSERT_EQ(m_speakerText->surface().toImage(), flipped) << "top row " << top;
+        }
         if (m_checks % 50 == 0) {
             checkWindow(top);
         }
@@ -173,7 +219,8 @@ private:
         QImage expected(painted.size(), QImage::Format_RGB32);
         expected.fill(Qt::black);
         if (t.session.show.BlankState == 0) {
-            const QImage window = m_tall->window(top, m_rows);
+            const QImage window =
+                m_tall->window(top, m_rows).mirrored(m_mirrorMode == mirror::Mirrored, false);
             for (int row = 0; row < m_rows; ++row) {
                 std::copy_n(window.constScanLine(row), window.width() * 4,
                             expected.scanLine(row + TextTopMargin));
@@ -183,8 +230,10 @@ private:
     }
 
     std::mt19937 m_random;
+    int m_mirrorMode;
     QPointer<QWidget> m_window;
     TextWindow* m_text = nullptr;
+    TextWindow* m_speakerText = nullptr;
     QScrollBar* m_bar = nullptr;
     const ShowTables* m_tables = nullptr;
     std::unique_ptr<TallPicture> m_tall;
@@ -198,10 +247,11 @@ private:
 
 } // namespace
 
-TEST(RandomShow, WindowIsAlwaysAPartOfTheTallPicture) {
+TEST(RandomShow, WindowsAreAlwaysAPartOfTheTallPicture) {
     for (unsigned seed = 1; seed <= 24; ++seed) {
+        const int modes[] = {mirror::OneDisplay, mirror::Mirrored, mirror::TwoDisplays};
         SCOPED_TRACE(seed);
-        RandomShow show(seed);
+        RandomShow show(seed, modes[seed % 3]);
         show.play(60);
         if (::testing::Test::HasFailure()) {
             return;

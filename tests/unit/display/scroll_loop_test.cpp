@@ -1,10 +1,6 @@
 #include "display/scroll_loop.h"
 
-#include "display/show_navigation.h"
-#include "support/fake_presenter.h"
-#include "support/fake_show_screen.h"
-#include "support/quiet_observer.h"
-#include "support/test_session.h"
+#include "loop_stage.h"
 
 #include <gtest/gtest.h>
 
@@ -14,86 +10,17 @@ using namespace velmora;
 
 namespace {
 
-constexpr int TextRows = 101;
-constexpr int LineHeight = 10;
-
-/// A loop over a script of equal lines, on the fake clock.
-class ScrollLoopTest : public ::testing::Test {
+class ScrollLoopTest : public LoopStage {
 protected:
-    /// A show of so many lines from its beginning; may be called again after one.
-    void prepare(int lines) {
-        show = ShowState();
-        tables = ShowTables();
-        screen = FakeShowScreen();
-        presenter.steps = 0;
-        QStringList text;
-        for (int line = 0; line < lines; ++line) {
-            text.append(QString::number(line));
-        }
-        RichTextBox& rtb1 = t.session.script.rtb1;
-        rtb1.setText(text.join(u"\r\n"_qs));
-        int index = 0;
-        for (const QString& line : text) {
-            tables.lineTable.push_back({index, static_cast<int>(line.size())});
-            index += static_cast<int>(line.size()) + 2;
-        }
-        tables.scanTable = ScanTable(std::vector<int>(static_cast<std::size_t>(lines), LineHeight));
-        tables.ScriptPixelHeight = tables.scanTable.rowCount();
-        tables.LastScrollRow = tables.ScriptPixelHeight - 1;
-        FrameSource source;
-        source.rtb2 = &rtb1;
-        source.tables = &tables;
-        source.WindowWidth = 8;
-        source.textRows = TextRows;
-        composer.begin(source);
-        composer.addOutput(ring, Orientation::Plain);
-        t.clock.setTicksPerRead(0);
-        t.pump.setPumpMicroseconds(0);
-        t.pump.setEveryPump([this] { watch(); });
-        navigation = std::make_unique<ShowNavigation>(
-            ShowNavigation::Parts{t.session, tables, composer, screen, presenter, TextRows});
-    }
-
-    /// The picture must follow ScrollRow at every moment at which a handler could look.
-    void watch() {
-        if (screen.shown > 0) {
-            ASSERT_EQ(ring.top(), navigation->topRow());
-        }
-    }
-
-    /// Seconds count from the last run's end.
-    void at(double seconds, FakeEventPump::Action act) {
-        t.pump.at(m_begin + seconds, std::move(act));
-    }
     void startAt(double seconds) {
         at(seconds, [this] { show.PauseState = 0; });
     }
     void runUntil(double seconds) {
         at(seconds, [this] { show.ExitRequested = 1; });
-        ScrollLoop loop({t.session, screen, tables, composer, *navigation, presenter, [] {},
-                         LoopHousekeeping::Measured::ForwardSplitRange, &observer},
-                        TextRows);
-        loop.run();
-        lasted = t.clock.secondsSinceStart() - m_begin;
-        m_begin += lasted;
+        ScrollLoop loop(parts(LoopHousekeeping::Measured::ForwardSplitRange), TextRows);
+        run(loop);
     }
     [[nodiscard]] double stepSeconds(int speed) const { return std::pow(1.025, speed) / 1000; }
-
-    TestSession t;
-    ShowState& show = t.session.show;
-    Settings& settings = t.session.settings;
-    FakeShowScreen screen;
-    FakePresenter presenter;
-    QuietObserver observer;
-    ShowTables tables;
-    ScrollSurface ring;
-    GlyphMaskCache masks;
-    FrameComposer composer{masks};
-    std::unique_ptr<ShowNavigation> navigation;
-    double lasted = 0;
-
-private:
-    double m_begin = 0;
 };
 
 } // namespace
