@@ -1,6 +1,5 @@
 #include "controllers/speed_mapping.h"
 
-#include "controllers/speed_scale_mapping.h"
 #include "core/number_format.h"
 
 #include <algorithm>
@@ -62,10 +61,6 @@ double wheelSpeed(double scrollSpeed, double delta, bool modifierHeld) {
     constexpr double CoarseUnits = 5;
     constexpr double FineUnits = 60;
     return clampSpeed(scrollSpeed - delta / (modifierHeld ? CoarseUnits : FineUnits));
-}
-
-double indicatorLeft(double scrollSpeed) {
-    return PlainSpeedScale.thumbLeft(scrollSpeed);
 }
 
 double speedAfterKey(SpeedKey key, double scrollSpeed, int scrollSpeedControl) {

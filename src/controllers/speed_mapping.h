@@ -38,9 +38,6 @@ using SpeedDelayTable = std::array<double, 256>;
 /// forward. A notch is 2, and 24 with a modifier key held; fractions of both are kept.
 [[nodiscard]] double wheelSpeed(double scrollSpeed, double delta, bool modifierHeld);
 
-/// Left edge of the plain speed scale's thumb, in pixels of the scale.
-[[nodiscard]] double indicatorLeft(double scrollSpeed);
-
 /// The keys that change the speed, and what each makes of it. Home and End keep the side of the
 /// range.
 enum class SpeedKey { Left, Right, Up, Down, Home, End };

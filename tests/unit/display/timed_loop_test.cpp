@@ -70,8 +70,7 @@ TEST_F(TimedLoopTest, EndsOnTheSetTimeWhateverAStepCosts) {
         const double step = row.seconds * static_cast<double>(settings.RowStep) /
                             static_cast<double>(row.lines * LineHeight);
         EXPECT_NEAR(took, row.seconds, step + 0.02);
-        EXPECT_EQ(presenter.steps - stepsBefore,
-                  (row.lines * LineHeight - 1) / settings.RowStep);
+        EXPECT_EQ(presenter.steps - stepsBefore, (row.lines * LineHeight - 1) / settings.RowStep);
         show.ExitRequested = 0;
     }
 }
