@@ -191,6 +191,8 @@ void Form12::showColours() {
     palette.setColor(QPalette::Base, colorOf(m_backColor));
     palette.setColor(QPalette::Text, colorOf(m_foreColor));
     Text1->setPalette(palette);
+    // Below a style sheet the part that is painted does not follow its control.
+    Text1->viewport()->setPalette(palette);
 }
 
 void Form12::showFont() {
