@@ -1,0 +1,181 @@
+// DisplayWindow: what the loop, the keys and the controls of a running show have it do.
+#include "display/display_window.h"
+
+#include "core/number_format.h"
+#include "core/session.h"
+#include "display/show_find.h"
+#include "display/speaker_window.h"
+#include "display/timed_loop.h"
+#include "platform/devices/key_numbers.h"
+#include "platform/timing/clock.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+namespace velmora {
+
+namespace {
+
+/// A key held down repeats a change of speed or a step of the shuttle, not a toggle or a jump.
+bool repeats(int keyCode, int shift) {
+    const bool speedKey = keyCode >= key::End && keyCode <= key::Down;
+    const bool shuttle = keyCode >= key::F13 && keyCode <= key::F22 && shift == key::NoShift;
+    return speedKey || shuttle;
+}
+
+} // namespace
+
+void DisplayWindow::setElapsedText(const QString& text) {
+    m_controls.Label1->setText(text);
+}
+
+void DisplayWindow::setRemainingText(const QString& text) {
+    m_controls.Label4->setText(text);
+}
+
+void DisplayWindow::setScrollValue(int line) {
+    m_session.show.SuppressScrollEvent = 1;
+    m_controls.Vscroll1->setValue(line);
+    m_session.show.SuppressScrollEvent = 0;
+}
+
+void DisplayWindow::moveSpeedIndicator() {
+    m_controls.Picture6->setSpeed(m_session.settings.ScrollSpeed);
+}
+
+void DisplayWindow::showDirection(int direction) {
+    m_shownDirection = direction;
+    showControls();
+}
+
+void DisplayWindow::showNotice() {
+    showControls();
+}
+
+void DisplayWindow::showPicture() {
+    Picture1->show();
+    activateWindow();
+    focusPicture();
+}
+
+void DisplayWindow::focusPicture() {
+    Picture1->setFocus();
+}
+
+void DisplayWindow::showRunState() {
+    showControls();
+}
+
+void DisplayWindow::addBookmark() {
+    if (m_navigation->bookmarks().add(m_navigation->takeTopLine())) {
+        m_session.show.MessageShownAt = m_session.platform.clock.Timer();
+        showNotice();
+    }
+}
+
+void DisplayWindow::find() {
+    ShowFind(m_session, *m_navigation).find(this);
+    focusPicture();
+}
+
+void DisplayWindow::findNext() {
+    ShowFind(m_session, *m_navigation).findNext();
+}
+
+void DisplayWindow::toggleBlank() {
+    // Before anything yields, so that no step can draw into the blank screen.
+    m_session.show.BlankState = m_session.show.BlankState == 0 ? 1 : 0;
+    const bool blank = m_session.show.BlankState == 1;
+    Picture1->setBlank(blank);
+    if (m_speaker) {
+        m_speaker->Picture1->setBlank(blank);
+    }
+    showControls();
+}
+
+void DisplayWindow::toggleArrow() {
+    m_session.settings.ArrowVisible = m_session.settings.ArrowVisible == 1 ? 0 : 1;
+    showControls();
+}
+
+void DisplayWindow::toggleFullScreen() {
+    m_session.settings.FullScreenMode = m_session.settings.FullScreenMode == 0 ? 1 : 0;
+    placeControls();
+    showControls();
+    m_pointer->catchPointer();
+}
+
+void DisplayWindow::startOrReset() {
+    ShowState& show = m_session.show;
+    show.PauseState = 0;
+    if (show.AwaitingStart == 1) {
+        show.AwaitingStart = 0;
+    } else if (show.ExitRequested == 0) {
+        show.ExitRequested = TimedLoop::ResetRequested;
+    }
+    focusPicture();
+}
+
+void DisplayWindow::keyDown(int& keyCode, int& shift) {
+    Picture1_KeyDown(keyCode, shift);
+}
+
+void DisplayWindow::setSpeed(double scrollSpeed) {
+    m_steering.setSpeed(scrollSpeed);
+}
+
+void DisplayWindow::closeEvent(QCloseEvent* event) {
+    // The loop stands on this window: closing it only asks the loop to leave.
+    m_steering.leave();
+    event->ignore();
+}
+
+bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Picture1 && event->type() == QEvent::KeyPress) {
+        const auto* keyEvent = static_cast<QKeyEvent*>(event);
+        int keyCode = virtualKey(*keyEvent);
+        int shift = shiftState(*keyEvent);
+        const bool plain = (shift & ~key::Shift) == 0;
+        if (plain && (!keyEvent->isAutoRepeat() || repeats(keyCode, shift))) {
+            Picture1_KeyDown(keyCode, shift);
+        }
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+/// The single door of all keys, the pedal's and the shuttle's too.
+void DisplayWindow::Picture1_KeyDown(int& keyCode, int& shift) {
+    m_keys->keyDown(keyCode, shift);
+    focusPicture();
+}
+
+void DisplayWindow::Vscroll1_Change(int value) {
+    if (m_session.show.SuppressScrollEvent == 0) {
+        m_navigation->reposition(value);
+        m_presenter->presentNow();
+    }
+    focusPicture();
+}
+
+void DisplayWindow::Vscroll2_Change(int value) {
+    m_session.settings.ArrowPosition = value;
+    m_controls.Picture3->setArrow(value);
+    if (m_speaker) {
+        m_speaker->Picture3->setArrow(value);
+    }
+    focusPicture();
+}
+
+void DisplayWindow::Hscroll1_Change(int value) {
+    m_session.settings.TimedDisplaySeconds = value;
+    m_controls.Label3->setText(clockText(value));
+    m_pace.change(value);
+    focusPicture();
+}
+
+void DisplayWindow::mousePressEvent(QMouseEvent*) {
+    focusPicture();
+}
+
+} // namespace velmora
