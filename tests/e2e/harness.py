@@ -16,6 +16,7 @@ from virtual_screen import VirtualScreen  # noqa: E402
 MAIN_WINDOW = "^Velmora V12\\.0"
 HELP_WINDOW = "^Multiple Monitors"
 SHOW_WINDOW = "^Velmora Display"
+SPEAKER_WINDOW = "^Velmora Speaker Display"
 
 
 class Picture:

@@ -1,9 +1,10 @@
 """A show stands on the display that is meant for it: on the left one of two monitors, or in the
-rectangle that the command line gives; and touches nothing beside it."""
+rectangle that the command line gives; and touches nothing beside it. A speaker's display shows the
+operator's text flipped, and may be unplugged."""
 
 import unittest
 
-from harness import ROOT, SHOW_WINDOW, Desk, program_path
+from harness import ROOT, SHOW_WINDOW, SPEAKER_WINDOW, Desk, program_path
 
 SCREEN = (2080, 720)
 LEFT = (0, 0, 1280, 720)
@@ -68,6 +69,41 @@ class TwoMonitorsTest(unittest.TestCase):
         self.assert_show_stands_in(desk, RECTANGLE, before, FRAME_EDGE)
         desk.wait_for_focus(desk.wait_for_window(SHOW_WINDOW))
         desk.leave_show(lambda: desk.key("Escape"))
+
+    def test_the_speaker_sees_the_same_rows_flipped_and_the_show_outlives_an_unplugged_display(self):
+        desk = self.desk()
+        # In the dead band nothing moves: the picture of the screen shows one moment of both.
+        show = desk.start(program_path(), "--rehearse", BULLETIN, "--mirror", "4", "--margin", "320",
+                          "--speed", "127", "--for", "20")
+        desk.wait_until("the speaker's window on the right monitor", lambda: any(
+            desk.geometry(window) == RIGHT for window in desk.windows(SPEAKER_WINDOW)))
+        desk.wait_until("the same text on both displays",
+                        lambda: self.flipped_text_stands_right(desk.picture()))
+        desk.keep(desk.picture(), "speaker")
+        desk.call("xrandr", "--delmonitor", "monitor2")
+        desk.wait_until_gone(SPEAKER_WINDOW)
+        self.assertTrue(desk.windows(SHOW_WINDOW), "the show runs on")
+        desk.call("xrandr", "--setmonitor", "monitor2", "800/212x600/159+1280+0", "none")
+        desk.wait_until("the speaker's window once more", lambda: any(
+            desk.geometry(window) == RIGHT for window in desk.windows(SPEAKER_WINDOW)))
+        self.assertTrue(self.flipped_text_stands_right(desk.picture()))
+        self.assertIsNone(show.poll())
+
+    def flipped_text_stands_right(self, picture):
+        """Whether the box of the operator's first lines is on the right monitor, flipped. There it
+        stands higher by half of what the left one is higher, and anywhere sideways."""
+        box = (330, 60, 930, 560)
+        raised = (LEFT[3] - RIGHT[3] + 1) // 2 - 18
+        rows = picture.rows(box)
+        if len(set(rows)) < 20:
+            return False
+        flipped = [b"".join(row[i:i + 3] for i in range(len(row) - 3, -1, -3)) for row in rows]
+        right = [picture.row(y - raised, RIGHT[0]) for y in range(box[1], box[3])]
+        widest = max(range(len(rows)), key=lambda y: len(set(rows[y][i:i + 3] for i in range(
+            0, len(rows[y]), 3))))
+        at = right[widest].find(flipped[widest])
+        return at >= 0 and all(row[at:at + len(wanted)] == wanted
+                               for row, wanted in zip(right, flipped))
 
 
 if __name__ == "__main__":
