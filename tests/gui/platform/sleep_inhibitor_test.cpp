@@ -1,5 +1,6 @@
 #include "platform/desktop/desktop_sleep_inhibitor.h"
 #include "support/fake_sleep_inhibitor.h"
+#include "support/scoped_variables.h"
 
 #include <gtest/gtest.h>
 
@@ -83,6 +84,10 @@ private:
     int m_readEnd = -1;
 };
 
+Variables busesAt(const QByteArray& address) {
+    return {{"DBUS_SESSION_BUS_ADDRESS", address}, {"DBUS_SYSTEM_BUS_ADDRESS", address}};
+}
+
 /// A bus of the test's own, which stands in for both of the desktop's.
 class TestBus final {
 public:
@@ -92,16 +97,11 @@ public:
                         QStringLiteral("--print-address")});
         m_daemon.waitForReadyRead(5000);
         const QByteArray address = m_daemon.readLine().trimmed();
-        for (const char* name : Variables) {
-            qputenv(name, address);
-        }
+        m_variables.emplace(busesAt(address));
         bus = QDBusConnection::connectToBus(QString::fromUtf8(address), Name);
     }
     ~TestBus() {
         QDBusConnection::disconnectFromBus(Name);
-        for (const char* name : Variables) {
-            qunsetenv(name);
-        }
         m_daemon.terminate();
         m_daemon.waitForFinished(5000);
     }
@@ -111,10 +111,9 @@ public:
     QDBusConnection bus{QString()};
 
 private:
-    static constexpr const char* Variables[] = {"DBUS_SESSION_BUS_ADDRESS",
-                                                "DBUS_SYSTEM_BUS_ADDRESS"};
     const QString Name = QStringLiteral("sleep-inhibitor-test");
     QProcess m_daemon;
+    std::optional<ScopedVariables> m_variables;
 };
 
 class SleepInhibitorTest : public ::testing::Test {
@@ -215,9 +214,7 @@ TEST(SleepInhibitor, NothingWaitsForABusThatIsMissingOrDumb) {
     const QByteArray addresses[] = {"", "unix:path=/nowhere/bus",
                                     "unix:abstract=" + socket.mid(1).toUtf8()};
     for (const QByteArray& address : addresses) {
-        for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"}) {
-            qputenv(name, address);
-        }
+        const ScopedVariables scope(busesAt(address));
         QElapsedTimer timer;
         timer.start();
         auto inhibitor = std::make_unique<DesktopSleepInhibitor>();
@@ -227,8 +224,6 @@ TEST(SleepInhibitor, NothingWaitsForABusThatIsMissingOrDumb) {
         inhibitor.reset();
         EXPECT_LT(timer.elapsed(), 2000) << address.constData();
     }
-    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-    qunsetenv("DBUS_SYSTEM_BUS_ADDRESS");
     dumb.kill();
     dumb.waitForFinished(5000);
 }

@@ -1,29 +1,19 @@
 #include "setup/caption_port.h"
 
 #include "gui/setup/window_controls.h"
-#include "support/test_session.h"
 
 #include <QLineEdit>
-
-#include <optional>
 
 namespace velmora {
 namespace {
 
-class Form30Test : public ::testing::Test {
+class Form30Test : public SetupWindowTest<Form30> {
 protected:
-    void open() {
-        form.emplace(test.session, nullptr);
-        form->show();
-    }
     [[nodiscard]] bool edits(int number) const {
         const bool box = control<QLineEdit>(*form, u"Text%1"_qs.arg(number)).isVisible();
         EXPECT_EQ(box, control<QWidget>(*form, u"CB%1"_qs.arg(number)).isVisible());
         return box;
     }
-    TestSession test;
-    Settings& settings = test.session.settings;
-    std::optional<Form30> form;
 };
 
 TEST_F(Form30Test, EachButtonLimitsItsSettingAndLeadsItRound) {

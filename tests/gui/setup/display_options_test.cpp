@@ -2,27 +2,15 @@
 
 #include "gui/setup/window_controls.h"
 #include "support/modal_action.h"
-#include "support/test_session.h"
 
-#include <optional>
 #include <utility>
 
 namespace velmora {
 namespace {
 
-/// Form8 on fakes, opened with the settings that a test has set.
-class Form8Test : public ::testing::Test {
+class Form8Test : public SetupWindowTest<Form8> {
 protected:
-    void open() {
-        form.emplace(test.session, nullptr);
-        form->show();
-    }
-    void press(const QString& button) { click(*form, button); }
     [[nodiscard]] QString shown(const QString& label) const { return labelText(*form, label); }
-
-    TestSession test;
-    Settings& settings = test.session.settings;
-    std::optional<Form8> form;
 };
 
 TEST_F(Form8Test, EachButtonLeadsItsSettingRound) {

@@ -1,10 +1,8 @@
 #include "setup/editor_defaults.h"
 
-#include "app/look.h"
 #include "core/colour_tables.h"
 #include "gui/setup/window_controls.h"
 #include "support/modal_action.h"
-#include "support/test_session.h"
 #include "widgets/colour_palette.h"
 #include "widgets/font_name_combo.h"
 #include "widgets/font_size_combo.h"
@@ -12,20 +10,11 @@
 #include <QPlainTextEdit>
 #include <QSlider>
 
-#include <optional>
-
 namespace velmora {
 namespace {
 
-class Form12Test : public ::testing::Test {
+class Form12Test : public SetupWindowTest<Form12> {
 protected:
-    void open() {
-        // As under the main window, whose style sheet holds for its dialogs.
-        main.setStyleSheet(mainWindowStyle(test.session.screen));
-        form.emplace(test.session, &main);
-        form->show();
-        QApplication::setActiveWindow(&*form);
-    }
     [[nodiscard]] QPlainTextEdit& sample() const {
         return control<QPlainTextEdit>(*form, u"Text1"_qs);
     }
@@ -53,11 +42,6 @@ protected:
         choose<FontSizeCombo>(u"Combo2", u"48"_qs);
         slider().setValue(200);
     }
-
-    TestSession test;
-    Settings& settings = test.session.settings;
-    QWidget main;
-    std::optional<Form12> form;
 };
 
 TEST_F(Form12Test, ASwatchColoursTheSampleFromItsTable) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "core/settings.h"
+#include "app/look.h"
+#include "support/test_session.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,7 @@
 #include <QTest>
 
 #include <functional>
+#include <optional>
 
 namespace velmora {
 
@@ -29,6 +31,24 @@ inline void click(const QWidget& window, const QString& name) {
 inline QString labelText(const QWidget& window, const QString& name) {
     return control<QLabel>(window, name).text();
 }
+
+/// A window of the setup on fakes, opened with the settings that a test has set.
+template<typename Form> class SetupWindowTest : public ::testing::Test {
+protected:
+    void open() {
+        // As under the main window, whose style sheet holds for its dialogs.
+        main.setStyleSheet(mainWindowStyle(test.session.screen));
+        form.emplace(test.session, &main);
+        form->show();
+        QApplication::setActiveWindow(&*form);
+    }
+    void press(const QString& button) { click(*form, button); }
+
+    TestSession test;
+    Settings& settings = test.session.settings;
+    QWidget main;
+    std::optional<Form> form;
+};
 
 /// A setting that its button leads round: its values with their texts, "0 Off|1 On".
 struct Cycle final {

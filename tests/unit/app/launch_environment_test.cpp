@@ -1,53 +1,18 @@
 #include "app/launch_environment.h"
 
+#include "support/scoped_variables.h"
+
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QScopeGuard>
-
-#include <map>
-#include <optional>
 
 namespace velmora {
 namespace {
 
 using Windows = LaunchEnvironment::Windows;
-using Variables = std::map<const char*, std::optional<QByteArray>>;
-
-/// Sets variables, and puts the former ones back at the end.
-class ScopedVariables final {
-public:
-    explicit ScopedVariables(const Variables& variables) {
-        for (const auto& [name, value] : variables) {
-            m_former[name] = qEnvironmentVariableIsSet(name)
-                                 ? std::optional<QByteArray>(qgetenv(name))
-                                 : std::nullopt;
-            set(name, value);
-        }
-    }
-    ~ScopedVariables() {
-        for (const auto& [name, value] : m_former) {
-            set(name, value);
-        }
-    }
-    ScopedVariables(const ScopedVariables&) = delete;
-    ScopedVariables& operator=(const ScopedVariables&) = delete;
-
-private:
-    static void set(const char* name, const std::optional<QByteArray>& value) {
-        if (value) {
-            qputenv(name, *value);
-        } else {
-            qunsetenv(name);
-        }
-    }
-
-    Variables m_former;
-};
-
 TEST(LaunchEnvironment, ChoosesThePlatformByWhatIsAtHandAndNeverAgainstTheUser) {
     struct Row final {
         const char* what;

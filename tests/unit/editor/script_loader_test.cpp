@@ -264,13 +264,6 @@ TEST_F(ScriptLoaderTest, FontsThatAreNotInstalledAreNamedUntilTheNextLoad) {
     EXPECT_EQ(test.host.notices.value(1), QString());
 }
 
-TEST_F(ScriptLoaderTest, UnattendedRunsWriteNoRecentFiles) {
-    session.keepsFiles = false;
-    loadFile(txt, "text");
-    EXPECT_EQ(rtb1.Text(), u"text");
-    EXPECT_TRUE(test.read(RecentFileTable::fileName()).isNull());
-}
-
 TEST_F(ScriptLoaderTest, AHundredThousandTabsAreDoneInOneSweep) {
     loadFile(txt, QByteArray("word\t").repeated(100'000));
     EXPECT_EQ(rtb1.textLength(), 500'000);
