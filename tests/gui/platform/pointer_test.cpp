@@ -80,10 +80,10 @@ TEST(WidgetPointer, ADialogOverTheShowCanBeAnswered) {
 TEST(WidgetPointer, AConfinementEndsWithItsWindowOrItsPointer) {
     WidgetPointer pointer;
     {
-        QWidget window;
-        window.show();
-        pointer.confine(window);
-        pointer.hide(window);
+        QWidget passing;
+        passing.show();
+        pointer.confine(passing);
+        pointer.hide(passing);
     }
     pointer.release();
     QWidget window;
@@ -91,10 +91,8 @@ TEST(WidgetPointer, AConfinementEndsWithItsWindowOrItsPointer) {
     {
         WidgetPointer passing;
         passing.confine(window);
-        passing.hide(window);
     }
     EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
-    EXPECT_NE(window.cursor().shape(), Qt::BlankCursor);
 }
 
 } // namespace

@@ -60,15 +60,6 @@ TEST_F(SpeedPointerTest, AControllersMovesAreHalvedAndRoundedDown) {
     }
 }
 
-TEST_F(SpeedPointerTest, TheFirstMoveOnlySetsTheAnchor) {
-    use(controller::RfWireless);
-    move({123, 456});
-    EXPECT_EQ(speed, 60);
-    move(Middle);
-    steer({-10, 0});
-    EXPECT_EQ(speed, 65);
-}
-
 TEST_F(SpeedPointerTest, NoRealMoveIsLostOrCountedTwice) {
     use(controller::Trigger);
     steer({});

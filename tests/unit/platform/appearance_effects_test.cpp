@@ -34,7 +34,6 @@ TEST(AppearanceEffects, ARefusalIsToldAndReadsAsOff) {
     desktop.values[Setting::DropShadows] = 1;
     desktop.refuses = true;
     ClsAppearanceEffects effects(desktop);
-    EXPECT_FALSE(effects.DropShadows());
     int errors = 0;
     effects.EffectSettingError = [&errors] { ++errors; };
     EXPECT_FALSE(effects.DropShadows());
@@ -63,17 +62,6 @@ TEST(AppearanceEffects, OnlySubpixelSmoothingIsOffDuringAShow) {
         EXPECT_EQ(desktop.values[Setting::FontSmoothing], row.touched ? 1 : row.smoothing);
         EXPECT_EQ(desktop.values[Setting::FontSmoothingType], row.type);
         EXPECT_EQ(desktop.written.empty(), !row.touched);
-    }
-}
-
-TEST(AppearanceServiceContract, ADesktopWithoutEffectsAcceptsEverything) {
-    NoAppearanceService none;
-    FakeAppearanceService fake;
-    for (AppearanceService* service :
-         {static_cast<AppearanceService*>(&none), static_cast<AppearanceService*>(&fake)}) {
-        EXPECT_EQ(service->read(Setting::FontSmoothingType), 0);
-        EXPECT_TRUE(service->write(Setting::MenuFade, 0, true));
-        EXPECT_EQ(service->read(Setting::MenuFade), 0);
     }
 }
 

@@ -43,10 +43,9 @@ TEST(KeyNumbers, FollowFromTheKeyElseFromItsPlace) {
 
 TEST(KeyNumbers, ShiftStatesAddUp) {
     const QKeyEvent all(QEvent::KeyPress, Qt::Key_F22,
-                        Qt::ShiftModifier | Qt::AltModifier | Qt::KeypadModifier);
-    EXPECT_EQ(shiftState(all), key::Shift + key::Alt);
-    EXPECT_EQ(shiftState(QKeyEvent(QEvent::KeyPress, Qt::Key_F22, Qt::ControlModifier)),
-              key::Control);
+                        Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier |
+                            Qt::KeypadModifier);
+    EXPECT_EQ(shiftState(all), key::Shift + key::Control + key::Alt);
 }
 
 } // namespace
