@@ -194,7 +194,7 @@ void DisplayWindow::showControls() {
     ControlsInSight inSight;
     inSight.row = m_session.settings.FullScreenMode == 0 && !blank;
     inSight.arrow = m_session.settings.ArrowVisible == 1 && !blank;
-    inSight.pointerCaught = m_session.settings.SpeedControllerInUse == 1;
+    inSight.pointerCaught = !m_traits.timed && m_session.settings.SpeedControllerInUse == 1;
     inSight.direction = m_shownDirection;
     inSight.notice = show.MessageShownAt != 0;
     inSight.awaitingStart = show.AwaitingStart == 1;

@@ -6,6 +6,7 @@
 #include "display/operator_keys.h"
 #include "display/show_steering.h"
 #include "display/text_window.h"
+#include "platform/devices/wheel.h"
 
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -41,7 +42,11 @@ PointerControl::~PointerControl() {
     m_speedPointer.end();
 }
 
+/// Nobody steers a timed show: there the pointer is for its buttons and its bar.
 void PointerControl::catchPointer() {
+    if (m_traits.timed) {
+        return;
+    }
     m_speedPointer.begin(m_parts.Picture1);
 }
 
@@ -112,8 +117,9 @@ void PointerControl::turnWheel(const QWheelEvent& event) {
     if (m_traits.timed || m_session.show.BlankState == 1) {
         return;
     }
-    m_parts.steering.setSpeed(wheelSpeed(m_session.settings.ScrollSpeed, event.angleDelta().y(),
-                                         event.modifiers() != Qt::NoModifier));
+    const WheelTurn turn = wheelTurn(event);
+    m_parts.steering.setSpeed(
+        wheelSpeed(m_session.settings.ScrollSpeed, turn.delta, turn.modifierHeld));
 }
 
 void PointerControl::Picture6_MouseDown(double x) {

@@ -34,7 +34,8 @@ public:
     /// Gives the pointer back.
     ~PointerControl() override;
 
-    /// Catches the pointer where a controller acts as a mouse; again after Picture1 has moved.
+    /// Catches the pointer where a controller acts as a mouse and steers the show; again after
+    /// Picture1 has moved.
     void catchPointer();
 
 protected:

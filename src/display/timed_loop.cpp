@@ -11,6 +11,7 @@
 #include "platform/timing/presenter.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velmora {
 
@@ -19,7 +20,7 @@ namespace {
 /// PauseState of a show that waits for its start.
 constexpr int Waiting = 3;
 /// A late step is made up for at once up to here, so that the text does not visibly race; the rest
-/// falls to the next re-computation.
+/// is spread over what is left of the script.
 constexpr double MostOwedSeconds = 0.016;
 
 } // namespace
@@ -78,6 +79,8 @@ bool TimedLoop::waitForStart() {
     show.ElapsedStart = m_session.platform.clock.Timer();
     ShowStartCounter = m_session.platform.clock.counter();
     m_lastDue = static_cast<double>(ShowStartCounter);
+    m_computed = false;
+    m_fellBehind = false;
     m_housekeeping.restart();
     m_parts.screen.showRunState();
     return !exitRequested();
@@ -105,7 +108,10 @@ bool TimedLoop::step() {
         }
         return inside;
     }
-    if (m_housekeeping.advanceFramePhase()) {
+    const bool cycleOver = m_housekeeping.advanceFramePhase();
+    // A stall behind which the steps do not run after at once may come shortly before the end.
+    m_computed = m_computed || cycleOver;
+    if (cycleOver || (m_computed && std::exchange(m_fellBehind, false))) {
         m_pace.recompute(clock.counter() - ShowStartCounter, rowsLeft(),
                          m_session.settings.RowStep);
     }
@@ -124,7 +130,9 @@ void TimedLoop::waitForNextStep(std::int64_t composeTicks) {
     const Clock& clock = m_session.platform.clock;
     const double ticks = std::max(0.0, m_pace.stepTicks());
     const double mostOwed = MostOwedSeconds * static_cast<double>(clock.frequency());
-    m_lastDue = std::max(m_lastDue + ticks, static_cast<double>(clock.counter()) - mostOwed);
+    const double earliest = static_cast<double>(clock.counter()) - mostOwed;
+    m_fellBehind = m_fellBehind || m_lastDue + ticks < earliest;
+    m_lastDue = std::max(m_lastDue + ticks, earliest);
     StepRecord record;
     record.composeTicks = composeTicks;
     record.painted = m_parts.presenter.stepDone(static_cast<std::int64_t>(ticks));

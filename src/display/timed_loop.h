@@ -45,6 +45,9 @@ private:
     std::int64_t ShowStartCounter = 0;
     /// Due moment of the last step.
     double m_lastDue = 0;
+    /// The pace has been computed in this run; a step has been late by more than is made up for.
+    bool m_computed = false;
+    bool m_fellBehind = false;
 };
 
 } // namespace velmora

@@ -250,6 +250,7 @@ TEST_F(FourWindows, FindMovesTheTextAndLeavingWithoutAHitPutsItBack) {
 TEST_F(FourWindows, TimedShowIsStartedAndResetByButtonKeyAndPress) {
     settings.TimedDisplay = 1;
     settings.TimedDisplaySeconds = 3;
+    settings.ControllerType = 20;
     for (const int mirrorMode : {0, 1}) {
         settings.MirrorMode = mirrorMode;
         const auto press1 = [&] { control<QPushButton>("Command1")->click(); };
@@ -264,6 +265,7 @@ TEST_F(FourWindows, TimedShowIsStartedAndResetByButtonKeyAndPress) {
             t.pump.in(0.5, [&] {
                 EXPECT_EQ(settings.TimedDisplaySeconds, 10);
                 EXPECT_TRUE(control("Command1")->isVisibleTo(display));
+                EXPECT_EQ(t.pointer.confinedTo, nullptr) << "the bar must be in reach";
                 start();
             });
             t.pump.in(1.5, [&] {

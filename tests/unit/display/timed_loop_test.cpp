@@ -75,6 +75,25 @@ TEST_F(TimedLoopTest, EndsOnTheSetTimeWhateverAStepCosts) {
     }
 }
 
+TEST_F(TimedLoopTest, AStallShortlyBeforeTheEndIsCaughtUpWithoutARace) {
+    settings.TimedDisplaySeconds = 10;
+    prepareTimed(40);
+    watchEnds();
+    at(1, [&] { start(); });
+    at(9.9, [&] { t.clock.advanceSeconds(0.3); });
+    const auto rowAt = [&](double seconds, std::int64_t& row) {
+        at(seconds, [this, &row] { row = show.ScrollRow; });
+    };
+    std::int64_t before = 0;
+    std::int64_t after = 0;
+    rowAt(9.85, before);
+    rowAt(10.25, after);
+    at(13, [&] { show.ExitRequested = 1; });
+    runLoop();
+    EXPECT_NEAR(took, 10, 0.02);
+    EXPECT_LT(after - before, 8) << "40 rows a second";
+}
+
 TEST_F(TimedLoopTest, AScriptThatCannotBeInTimeRunsWithoutAWaitAndPumpsAtEveryStep) {
     settings.TimedDisplaySeconds = 10;
     prepareTimed(2000);
