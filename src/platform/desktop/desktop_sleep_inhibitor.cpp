@@ -7,6 +7,8 @@
 #include <QDBusUnixFileDescriptor>
 #include <QThread>
 
+#include <atomic>
+
 namespace velmora {
 
 namespace {
@@ -123,7 +125,9 @@ public:
             delete m_services;
             delete m_thread;
         }
-        // Else it hangs in the bus, and stays behind until the process has ended.
+        // Else it hangs in the bus, and stays behind until the process has ended. It must not turn
+        // to the bus once more then, whose library may be gone.
+        m_services->abandoned = true;
     }
     BusThread(const BusThread&) = delete;
     BusThread& operator=(const BusThread&) = delete;
@@ -131,7 +135,9 @@ public:
     void inhibit(const QString& reason) {
         post([services = m_services, reason] {
             services->screenSaver.inhibit(reason);
-            services->loginManager.inhibit(reason);
+            if (!services->abandoned) {
+                services->loginManager.inhibit(reason);
+            }
         });
     }
     void release() {
@@ -142,15 +148,24 @@ public:
     }
 
 private:
-    /// Touched by the thread alone.
+    /// Touched by the thread alone, but for the flag.
     class Services final : public QObject {
     public:
+        /// Nobody waits for the thread any more.
+        std::atomic<bool> abandoned = false;
         ScreenSaverService screenSaver;
         LoginManager loginManager;
     };
 
     template<typename Work> void post(Work work) {
-        QMetaObject::invokeMethod(m_services, work, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            m_services,
+            [services = m_services, work] {
+                if (!services->abandoned) {
+                    work();
+                }
+            },
+            Qt::QueuedConnection);
     }
 
     QThread* m_thread;
