@@ -14,10 +14,7 @@ namespace {
 /// markers and an empty line now and then.
 RichTextFragment script(int lineCount) {
     RichTextFragment fragment;
-    CharacterFormat format;
-    format.fontName = QStringLiteral("Arial");
-    format.halfPoints = 52;
-    format.color = White;
+    const CharacterFormat format{QStringLiteral("Arial"), 52, White};
     fragment.formats = {format, format, format};
     fragment.formats[1].bold = true;
     fragment.formats[2].color = 0x00FFFF;

@@ -39,11 +39,7 @@ public:
     PreparedShow(int width, int height) : PreparedShow(width, height, 0) {}
     /// lines above 0: a long plain script; else the bulletin of the examples.
     PreparedShow(int width, int height, int lines) {
-        CharacterFormat format;
-        format.fontName = QStringLiteral("Arial");
-        format.halfPoints = 52;
-        format.color = White;
-        box.setDefaultFormat(format);
+        box.setDefaultFormat({QStringLiteral("Arial"), 52, White});
         box.setWrapWidth(wrapWidthForMargin(12));
         if (lines > 0) {
             box.setText(longText(lines));

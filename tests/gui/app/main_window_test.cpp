@@ -253,7 +253,8 @@ TEST_F(Form1Test, LoadAndSaveByKeysKeepTheCaptionTrue) {
 TEST_F(Form1Test, LeavingWritesTheSettingsAndAsksAboutChangedTextOnly) {
     struct Row final {
         const char* what;
-        bool typed;
+        const char16_t* text;
+        int TextChanged;
         /// Button of the question; null: the question is closed by its frame.
         const char16_t* answer;
         /// File name given to the save dialog; null: cancelled.
@@ -263,40 +264,66 @@ TEST_F(Form1Test, LeavingWritesTheSettingsAndAsksAboutChangedTextOnly) {
         bool settingsWritten;
     };
     const Row rows[] = {
-        {"empty editor", false, nullptr, nullptr, false, true, true},
-        {"No", true, u"No", nullptr, true, true, true},
-        {"Cancel", true, u"Cancel", nullptr, true, false, false},
-        {"frame", true, nullptr, nullptr, true, false, false},
-        {"Yes, saved", true, u"Yes", u"out.rtf", true, true, true},
-        {"Yes, save cancelled", true, u"Yes", nullptr, true, false, true},
-        {"Yes, folder gone", true, u"Yes", u"gone/out.rtf", true, false, true},
+        {"empty editor, though changed", u"", 1, nullptr, nullptr, false, true, true},
+        {"nothing to save", u"text", 0, nullptr, nullptr, false, true, true},
+        {"No", u"text", 1, u"No", nullptr, true, true, true},
+        {"Cancel", u"text", 1, u"Cancel", nullptr, true, false, false},
+        {"frame", u"text", 1, nullptr, nullptr, true, false, false},
+        {"Yes, saved", u"text", 1, u"Yes", u"out.rtf", true, true, true},
+        {"Yes, save cancelled", u"text", 1, u"Yes", nullptr, true, false, true},
+        {"Yes, folder gone", u"text", 1, u"Yes", u"gone/out.rtf", true, false, true},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
         load();
-        rtb1().setText(row.typed ? u"typed"_qs : QString());
-        test.session.script.TextChanged = 1;
+        ScriptState& script = test.session.script;
+        rtb1().setText(QString::fromUtf16(row.text));
+        script.TextChanged = row.TextChanged;
+        // The answer and the result of whatever was asked before.
+        script.ExitAnswer = 2;
+        script.SaveFailed = 1;
         test.session.settings.TimedDisplaySeconds = 77;
+        const auto secondsWritten = [this] { return savedSettings().at(25).trimmed(); };
+        test.dialogs.whileOpen = [&] {
+            EXPECT_EQ(secondsWritten(), "77") << "the settings come before the script";
+            EXPECT_EQ(script.ExitSaveInProgress, 1);
+            EXPECT_EQ(script.SaveFailed, 1);
+        };
         test.dialogs.choices.clear();
         if (row.savedAs != nullptr) {
             test.dialogs.choose(test.path(QString::fromUtf16(row.savedAs)), 2);
         }
-        const ModalAction user([&row](QWidget& window) {
+        const ModalAction user([&](QWidget& window) {
             EXPECT_EQ(window.objectName(), u"Form17"_qs);
+            EXPECT_EQ(script.ExitAnswer, 0);
             row.answer != nullptr ? clickButton(window, row.answer)
                                   : static_cast<void>(window.close());
         });
         const QSignalSpy unloaded(&*form, &Form1::unloaded);
+        control<QPushButton>(u"StartButton")->setFocus();
         EXPECT_EQ(form->close(), row.leaves);
         EXPECT_EQ(unloaded.count(), row.leaves ? 1 : 0);
         EXPECT_EQ(user.done(), row.asks);
-        const auto lines = savedSettings();
-        ASSERT_EQ(lines.size(), 47) << "46 values, each ended by a line end";
-        EXPECT_EQ(lines.at(25).trimmed(), row.settingsWritten ? "77" : "30");
-        EXPECT_EQ(test.session.script.ExitSaveInProgress, 0);
+        ASSERT_EQ(savedSettings().size(), 47) << "46 values, each ended by a line end";
+        EXPECT_EQ(secondsWritten(), row.settingsWritten ? "77" : "30");
+        EXPECT_EQ(script.ExitSaveInProgress, 0);
+        EXPECT_EQ(form->focusWidget() == control<RichTextView>(u"rtb1"), !row.leaves);
         form.reset();
     }
     EXPECT_FALSE(test.read(u"out.rtf"_qs).isEmpty());
+}
+
+TEST_F(Form1Test, SettingsThatCannotBeWrittenAreToldAndTheProgramIsLeftAllTheSame) {
+    load();
+    const QString file = test.path(SettingsFile::fileName());
+    ASSERT_TRUE(QFile::remove(file) && QDir().mkdir(file));
+    EXPECT_TRUE(form->close());
+    ASSERT_EQ(test.messages.boxes.size(), 1U);
+    const FakeMessageBoxes::Box& box = test.messages.boxes.front();
+    EXPECT_EQ(box.title, u"Could Not Save Settings"_qs);
+    EXPECT_EQ(box.buttons, MessageButtons::Ok);
+    EXPECT_TRUE(box.text.contains(file + u".\r\n\r\n"_qs)) << box.text.toStdString();
+    EXPECT_FALSE(box.text.contains(u"\r\n\r\n\r\n"_qs)) << "the reason stands there";
 }
 
 TEST_F(Form1Test, DuringAShowCommandsRestAndClosingEndsTheShowInstead) {

@@ -53,7 +53,7 @@ public:
                       QWidget& window) override {
         m_window = &window;
         m_text = window.findChild<TextWindow*>();
-        m_bar = window.findChild<QScrollBar*>(QStringLiteral("Vscroll1"));
+        m_bar = window.findChild<QScrollBar*>(u"Vscroll1"_qs);
         m_tables = &tables;
         m_rows = geometry.textRows();
         for (QWidget* other : QApplication::topLevelWidgets()) {

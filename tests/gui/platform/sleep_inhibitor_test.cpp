@@ -36,7 +36,7 @@ public:
 
 public Q_SLOTS:
     uint Inhibit(const QString& program, const QString& reason) {
-        EXPECT_EQ(program, QStringLiteral("Velmora"));
+        EXPECT_EQ(program, u"Velmora"_qs);
         EXPECT_FALSE(reason.isEmpty());
         m_watcher.addWatchedService(message().service());
         holders += message().service();
@@ -66,8 +66,8 @@ public:
 public Q_SLOTS:
     QDBusUnixFileDescriptor Inhibit(const QString& what, const QString&, const QString&,
                                     const QString& mode) {
-        EXPECT_EQ(mode, QStringLiteral("block"));
-        if (forbidsSleepLocks && what.contains(QStringLiteral("sleep"))) {
+        EXPECT_EQ(mode, u"block"_qs);
+        if (forbidsSleepLocks && what.contains(u"sleep"_qs)) {
             sendErrorReply(QDBusError::AccessDenied);
             return {};
         }
@@ -92,9 +92,7 @@ Variables busesAt(const QByteArray& address) {
 class TestBus final {
 public:
     TestBus() {
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                        QStringLiteral("--print-address")});
+        m_daemon.start(u"dbus-daemon"_qs, {u"--session"_qs, u"--nofork"_qs, u"--print-address"_qs});
         m_daemon.waitForReadyRead(5000);
         const QByteArray address = m_daemon.readLine().trimmed();
         m_variables.emplace(busesAt(address));
@@ -111,7 +109,7 @@ public:
     QDBusConnection bus{QString()};
 
 private:
-    const QString Name = QStringLiteral("sleep-inhibitor-test");
+    const QString Name = u"sleep-inhibitor-test"_qs;
     QProcess m_daemon;
     std::optional<ScopedVariables> m_variables;
 };
@@ -121,12 +119,11 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(m_bus.bus.isConnected()) << "dbus-daemon is needed";
         const auto slots = QDBusConnection::ExportAllSlots;
-        ASSERT_TRUE(m_bus.bus.registerObject(QStringLiteral("/org/freedesktop/ScreenSaver"),
-                                             &screenSaver, slots));
-        ASSERT_TRUE(m_bus.bus.registerObject(QStringLiteral("/org/freedesktop/login1"),
-                                             &loginManager, slots));
-        ASSERT_TRUE(m_bus.bus.registerService(QStringLiteral("org.freedesktop.ScreenSaver")));
-        ASSERT_TRUE(m_bus.bus.registerService(QStringLiteral("org.freedesktop.login1")));
+        ASSERT_TRUE(
+            m_bus.bus.registerObject(u"/org/freedesktop/ScreenSaver"_qs, &screenSaver, slots));
+        ASSERT_TRUE(m_bus.bus.registerObject(u"/org/freedesktop/login1"_qs, &loginManager, slots));
+        ASSERT_TRUE(m_bus.bus.registerService(u"org.freedesktop.ScreenSaver"_qs));
+        ASSERT_TRUE(m_bus.bus.registerService(u"org.freedesktop.login1"_qs));
     }
     [[nodiscard]] bool comesToHold(int holders) {
         return QTest::qWaitFor(
@@ -151,8 +148,8 @@ TEST_F(SleepInhibitorTest, HoldsOnceAndLetsGo) {
     for (SleepInhibitor* each :
          {static_cast<SleepInhibitor*>(&inhibitor), static_cast<SleepInhibitor*>(&fake)}) {
         each->release();
-        each->inhibit(QStringLiteral("A show is running"));
-        each->inhibit(QStringLiteral("A show is running"));
+        each->inhibit(u"A show is running"_qs);
+        each->inhibit(u"A show is running"_qs);
     }
     EXPECT_TRUE(comesToHold(1));
     EXPECT_TRUE(fake.inhibited);
@@ -160,14 +157,14 @@ TEST_F(SleepInhibitorTest, HoldsOnceAndLetsGo) {
     fake.release();
     EXPECT_TRUE(comesToHold(0));
     EXPECT_FALSE(fake.inhibited);
-    inhibitor.inhibit(QStringLiteral("Another show"));
+    inhibitor.inhibit(u"Another show"_qs);
     EXPECT_TRUE(comesToHold(1));
 }
 
 TEST_F(SleepInhibitorTest, LetsGoWhenItIsDestroyedInMidShow) {
     {
         DesktopSleepInhibitor inhibitor;
-        inhibitor.inhibit(QStringLiteral("A show is running"));
+        inhibitor.inhibit(u"A show is running"_qs);
         ASSERT_TRUE(comesToHold(1));
     }
     EXPECT_TRUE(comesToHold(0));
@@ -176,22 +173,22 @@ TEST_F(SleepInhibitorTest, LetsGoWhenItIsDestroyedInMidShow) {
 TEST_F(SleepInhibitorTest, AUserWhoMayNotForbidSleepStillCountsAsBusy) {
     loginManager.forbidsSleepLocks = true;
     DesktopSleepInhibitor inhibitor;
-    inhibitor.inhibit(QStringLiteral("A show is running"));
+    inhibitor.inhibit(u"A show is running"_qs);
     EXPECT_TRUE(comesToHold(1));
 }
 
 /// Runs in a process of its own, which the next test kills.
 TEST(SleepInhibitorHelper, DISABLED_HoldsUntilKilled) {
     DesktopSleepInhibitor inhibitor;
-    inhibitor.inhibit(QStringLiteral("A show is running"));
+    inhibitor.inhibit(u"A show is running"_qs);
     QTest::qWait(60000);
 }
 
 TEST_F(SleepInhibitorTest, ACrashLetsGo) {
     QProcess program;
-    program.start(QCoreApplication::applicationFilePath(),
-                  {QStringLiteral("--gtest_also_run_disabled_tests"),
-                   QStringLiteral("--gtest_filter=SleepInhibitorHelper.*")});
+    program.start(
+        QCoreApplication::applicationFilePath(),
+        {u"--gtest_also_run_disabled_tests"_qs, u"--gtest_filter=SleepInhibitorHelper.*"_qs});
     EXPECT_TRUE(comesToHold(1));
     program.kill();
     EXPECT_TRUE(comesToHold(0));
@@ -201,15 +198,15 @@ TEST_F(SleepInhibitorTest, ACrashLetsGo) {
 TEST(SleepInhibitor, NothingWaitsForABusThatIsMissingOrDumb) {
     // A socket that takes connections and never says a word.
     QProcess dumb;
-    const QString socket = QStringLiteral("@velmora-dumb-bus-%1").arg(::getpid());
-    dumb.start(QStringLiteral("python3"), {QStringLiteral("-c"),
-                                           QStringLiteral("import socket, sys, time\n"
-                                                          "s = socket.socket(socket.AF_UNIX)\n"
-                                                          "s.bind('\\0' + sys.argv[1])\n"
-                                                          "s.listen()\n"
-                                                          "print('ready', flush=True)\n"
-                                                          "time.sleep(60)\n"),
-                                           socket.mid(1)});
+    const QString socket = u"@velmora-dumb-bus-%1"_qs.arg(::getpid());
+    dumb.start(u"python3"_qs, {u"-c"_qs,
+                               u"import socket, sys, time\n"
+                               "s = socket.socket(socket.AF_UNIX)\n"
+                               "s.bind('\\0' + sys.argv[1])\n"
+                               "s.listen()\n"
+                               "print('ready', flush=True)\n"
+                               "time.sleep(60)\n"_qs,
+                               socket.mid(1)});
     ASSERT_TRUE(dumb.waitForReadyRead(5000));
     const QByteArray addresses[] = {"", "unix:path=/nowhere/bus",
                                     "unix:abstract=" + socket.mid(1).toUtf8()};
@@ -218,7 +215,7 @@ TEST(SleepInhibitor, NothingWaitsForABusThatIsMissingOrDumb) {
         QElapsedTimer timer;
         timer.start();
         auto inhibitor = std::make_unique<DesktopSleepInhibitor>();
-        inhibitor->inhibit(QStringLiteral("A show is running"));
+        inhibitor->inhibit(u"A show is running"_qs);
         inhibitor->release();
         EXPECT_LT(timer.elapsed(), 100) << address.constData();
         inhibitor.reset();
