@@ -5,6 +5,8 @@
 #include "core/screen_scale.h"
 #include "core/session.h"
 
+#include <algorithm>
+
 namespace velmora {
 
 namespace {
@@ -13,18 +15,16 @@ constexpr double ReferenceWidth = 640;
 /// What the display's own frame and controls take of its width, in pixels.
 constexpr int DisplayExtras = 53;
 
-/// The slider with its minimum at the first margin whose column fits a display; as it was when none
-/// does.
+/// The slider with its minimum at the first margin whose column fits a display; at the widest one
+/// where none does.
 ColumnSlider fittedTo(int displayWidth, double scaleX, ColumnSlider slider) {
-    for (int margin = slider.minimum; margin <= slider.maximum; ++margin) {
-        if (scaleX * ReferenceWidth - scaleX * margin <= displayWidth - DisplayExtras) {
-            slider.minimum = margin;
-            if (slider.value < margin) {
-                slider.value = margin;
-            }
-            break;
-        }
+    const auto fits = [&](int margin) {
+        return scaleX * ReferenceWidth - scaleX * margin <= displayWidth - DisplayExtras;
+    };
+    while (slider.minimum < slider.maximum && !fits(slider.minimum)) {
+        ++slider.minimum;
     }
+    slider.value = std::max(slider.value, slider.minimum);
     return slider;
 }
 

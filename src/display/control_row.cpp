@@ -59,8 +59,8 @@ const SpeedScaleMapping& SpeedScale::mapping() const {
 void SpeedScale::mousePressEvent(QMouseEvent* event) {
     const double x = event->position().x();
     const double left = mapping().thumbLeft(m_speed);
-    if (x >= left && x < left + ThumbWidth &&
-        mapping().partAt(x) == SpeedScaleMapping::Part::Scale) {
+    m_dragging = mapping().partAt(x) == SpeedScaleMapping::Part::Scale;
+    if (m_dragging && x >= left && x < left + ThumbWidth) {
         m_thumbHeldAt = x - left;
     } else {
         Q_EMIT pressed(x);
@@ -71,13 +71,14 @@ void SpeedScale::mouseMoveEvent(QMouseEvent* event) {
     const double x = event->position().x();
     if (m_thumbHeldAt) {
         Q_EMIT dragged(mapping().thumbSpeed(mapping().draggedThumbLeft(x, *m_thumbHeldAt)));
-    } else if (event->buttons() != Qt::NoButton) {
+    } else if (m_dragging) {
         Q_EMIT dragged(mapping().draggedSpeed(x));
     }
 }
 
 void SpeedScale::mouseReleaseEvent(QMouseEvent*) {
     m_thumbHeldAt.reset();
+    m_dragging = false;
 }
 
 void SpeedScale::paintEvent(QPaintEvent*) {

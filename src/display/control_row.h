@@ -44,6 +44,8 @@ private:
     Orientation m_orientation;
     int m_range = 0;
     double m_speed = 0;
+    /// A button went down on the scale, so that moves drag it.
+    bool m_dragging = false;
     /// DragStartX: the place within the thumb at which it is held.
     std::optional<double> m_thumbHeldAt;
 };

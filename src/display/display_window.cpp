@@ -12,6 +12,7 @@
 #include "display/place_on_display.h"
 #include "display/preparation_window.h"
 #include "display/scroll_loop.h"
+#include "display/show_find.h"
 #include "display/show_observer.h"
 #include "display/speaker_window.h"
 #include "display/timed_loop.h"
@@ -23,6 +24,7 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QWindow>
 
@@ -158,7 +160,9 @@ void DisplayWindow::createSteering() {
         m_traits.timed ? OperatorKeys::Keyboard::Timed : OperatorKeys::Keyboard::Steered);
     m_pointer = std::make_unique<PointerControl>(
         PointerControl::Parts{m_session, m_steering, *this, *this, *Picture1, *m_controls.Picture6},
-        m_traits, nullptr);
+        m_traits);
+    m_controls.Vscroll1->installEventFilter(m_pointer.get());
+    m_find = std::make_unique<ShowFind>(m_session, *m_navigation);
     m_pedal = std::make_unique<FootPedal>(
         m_session, *this, m_traits.timed ? FootPedal::Buttons::PauseOnly : FootPedal::Buttons::All);
 }
@@ -244,23 +248,48 @@ void DisplayWindow::connectControls() {
     connect(m_controls.Command2, &ShowButton::clicked, this, &DisplayWindow::startOrReset);
     connect(m_controls.Command3, &ShowButton::clicked, this, [this] { m_steering.leave(); });
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DisplayWindow::keepInFront);
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, &DisplayWindow::followDisplays);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &DisplayWindow::watchScreen);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DisplayWindow::followDisplays);
-    m_pointer->catchPointer();
+    for (QScreen* screen : QGuiApplication::screens()) {
+        watchScreen(screen);
+    }
 }
 
-/// A display that is unplugged ends nothing: the speaker's window rests until there is a display 2
-/// again, and the operator's runs on.
+/// A display may come first and find its place later.
+void DisplayWindow::watchScreen(QScreen* screen) {
+    if (screen != nullptr) {
+        connect(screen, &QScreen::geometryChanged, this, &DisplayWindow::followDisplays);
+    }
+    followDisplays();
+}
+
+/// A display that is unplugged ends nothing: both windows keep to a display that is still there;
+/// the operator's moves to another one, the speaker's rests until there is another one.
 void DisplayWindow::followDisplays() {
-    if (!m_speaker) {
+    if (m_session.displays.CmdDisplaysGiven == 1) {
         return;
     }
-    GetDisplayRect(m_session, 2);
-    const QRect display = lastDisplayRect(m_session.displays);
-    DisplayGeometry geometry = m_geometry;
-    layOutSpeaker(display.size(), geometry);
-    m_speaker->standOn(display, geometry);
-    activateWindow();
+    const std::vector<QRect> displays = m_session.platform.monitors.displays();
+    const auto isThere = [&](const QRect& display) {
+        return std::ranges::find(displays, display) != displays.end();
+    };
+    if (!isThere(m_display) && !displays.empty()) {
+        m_display = displays.front();
+        fillDisplay(*this, m_display);
+    }
+    if (m_speaker) {
+        if (!isThere(m_speakerDisplay) || m_speakerDisplay == m_display) {
+            const auto other = std::ranges::find_if(
+                displays, [&](const QRect& display) { return display != m_display; });
+            m_speakerDisplay = other == displays.end() ? QRect() : *other;
+        }
+        DisplayGeometry geometry = m_geometry;
+        layOutSpeaker(m_speakerDisplay.size(), geometry);
+        m_speaker->standOn(m_speakerDisplay, geometry);
+    }
+    if (QApplication::activeModalWidget() == nullptr) {
+        activateWindow();
+    }
 }
 
 /// The editor beneath is disabled: brought to the front by the desktop it would hide a running show
@@ -304,7 +333,7 @@ void DisplayWindow::leave() {
     setElapsedText(QString());
     setRemainingText(QString());
     m_session.show.ShowTopLine = m_navigation->returnLine();
-    m_pointer.reset();
+    m_pointer->freePointer();
     offerBookmarks(m_session, m_navigation->bookmarks().inserted(), m_traits.face, this);
 }
 

@@ -24,6 +24,7 @@ namespace velmora {
 
 class FootPedal;
 class Session;
+class ShowFind;
 class ShowObserver;
 class SpeakerScriptM;
 
@@ -68,6 +69,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -83,6 +85,7 @@ private:
     void createSteering();
     void connectControls();
     void followDisplays();
+    void watchScreen(QScreen* screen);
     void keepInFront(QWindow* focused);
     void paintPicture();
     void runLoop();
@@ -120,6 +123,7 @@ private:
     std::unique_ptr<OperatorKeys> m_keys;
     std::unique_ptr<PointerControl> m_pointer;
     std::unique_ptr<FootPedal> m_pedal;
+    std::unique_ptr<ShowFind> m_find;
     /// The display's own picture of a direction, which full screen hides.
     int m_shownDirection = 1;
 };

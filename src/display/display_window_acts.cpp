@@ -1,6 +1,7 @@
 // DisplayWindow: what the loop, the keys and the controls of a running show have it do.
 #include "display/display_window.h"
 
+#include "controllers/controller_buttons.h"
 #include "core/number_format.h"
 #include "core/session.h"
 #include "display/show_find.h"
@@ -17,7 +18,8 @@ namespace velmora {
 namespace {
 
 /// A key held down repeats a change of speed or a step of the shuttle, not a toggle or a jump.
-bool repeats(int keyCode, int shift) {
+bool repeats(int keyCode, int shift, int controllerType) {
+    translateWirelessKey(keyCode, controllerType);
     const bool speedKey = keyCode >= key::End && keyCode <= key::Down;
     const bool shuttle = keyCode >= key::F13 && keyCode <= key::F22 && shift == key::NoShift;
     return speedKey || shuttle;
@@ -56,6 +58,7 @@ void DisplayWindow::showPicture() {
     Picture1->show();
     activateWindow();
     focusPicture();
+    m_pointer->catchPointer();
 }
 
 void DisplayWindow::focusPicture() {
@@ -74,12 +77,12 @@ void DisplayWindow::addBookmark() {
 }
 
 void DisplayWindow::find() {
-    ShowFind(m_session, *m_navigation).find(this);
+    m_find->find(this);
     focusPicture();
 }
 
 void DisplayWindow::findNext() {
-    ShowFind(m_session, *m_navigation).findNext();
+    m_find->findNext();
 }
 
 void DisplayWindow::toggleBlank() {
@@ -136,7 +139,8 @@ bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {
         int keyCode = virtualKey(*keyEvent);
         int shift = shiftState(*keyEvent);
         const bool plain = (shift & ~key::Shift) == 0;
-        if (plain && (!keyEvent->isAutoRepeat() || repeats(keyCode, shift))) {
+        if (plain && (!keyEvent->isAutoRepeat() ||
+                      repeats(keyCode, shift, m_session.settings.ControllerType))) {
             Picture1_KeyDown(keyCode, shift);
         }
         return true;
@@ -176,6 +180,10 @@ void DisplayWindow::Hscroll1_Change(int value) {
 
 void DisplayWindow::mousePressEvent(QMouseEvent*) {
     focusPicture();
+}
+
+void DisplayWindow::wheelEvent(QWheelEvent* event) {
+    m_pointer->turnWheel(*event);
 }
 
 } // namespace velmora

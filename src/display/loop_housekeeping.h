@@ -11,7 +11,7 @@ class ShowScreen;
 struct ShowTables;
 
 /// The clocks, the notice and the scroll bar of a running show. Control updates are spread over the
-/// steps, so that none pays for more than one. Owned by the scroll loop.
+/// steps, so that none pays for more than one. Owned by the loop.
 class LoopHousekeeping final {
 public:
     /// Which steps' length is measured, from which the remaining time follows.

@@ -40,8 +40,8 @@ public:
     };
     OperatorKeys(const Parts& parts, Keyboard keyboard);
 
-    /// Carries out a key. shift is 1 with the Shift key, else 0. keyCode becomes 0 where the key
-    /// was used up.
+    /// Carries out a key. shift is 1 with the Shift key, else 0. keyCode is 0 behind it, whether
+    /// the key was one of the show's or not.
     void keyDown(int& keyCode, int& shift);
 
 private:

@@ -28,8 +28,8 @@ PictureButton pictureButton(Qt::MouseButton button) {
 
 } // namespace
 
-PointerControl::PointerControl(const Parts& parts, const DisplayTraits& traits, QObject* parent)
-    : QObject(parent), m_session(parts.session), m_parts(parts), m_traits(traits),
+PointerControl::PointerControl(const Parts& parts, const DisplayTraits& traits)
+    : m_session(parts.session), m_parts(parts), m_traits(traits),
       m_speedPointer(parts.session, parts.devices) {
     parts.Picture1.setMouseTracking(true);
     parts.Picture1.installEventFilter(this);
@@ -39,6 +39,10 @@ PointerControl::PointerControl(const Parts& parts, const DisplayTraits& traits, 
 }
 
 PointerControl::~PointerControl() {
+    freePointer();
+}
+
+void PointerControl::freePointer() {
     m_speedPointer.end();
 }
 
@@ -51,6 +55,10 @@ void PointerControl::catchPointer() {
 }
 
 bool PointerControl::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel) {
+        turnWheel(*static_cast<QWheelEvent*>(event));
+        return true;
+    }
     return watched == &m_parts.Picture1 && pictureEvent(event);
 }
 
@@ -58,8 +66,10 @@ bool PointerControl::eventFilter(QObject* watched, QEvent* event) {
 bool PointerControl::pictureEvent(QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
         Picture1_MouseDown(*static_cast<QMouseEvent*>(event));
+        return true;
+    case QEvent::MouseButtonDblClick:
+        // Its first press was the press.
         return true;
     case QEvent::MouseMove:
         Picture1_MouseMove(*static_cast<QMouseEvent*>(event));
@@ -67,18 +77,12 @@ bool PointerControl::pictureEvent(QEvent* event) {
     case QEvent::MouseButtonRelease:
         m_speedPointer.released();
         return true;
-    case QEvent::Wheel:
-        turnWheel(*static_cast<QWheelEvent*>(event));
-        return true;
     default:
         return false;
     }
 }
 
 void PointerControl::Picture1_MouseDown(const QMouseEvent& event) {
-    if (m_session.show.BlankState == 1) {
-        return;
-    }
     if (m_traits.timed) {
         m_parts.actions.startOrReset();
         return;

@@ -30,13 +30,16 @@ public:
         TextWindow& Picture1;
         SpeedScale& Picture6;
     };
-    PointerControl(const Parts& parts, const DisplayTraits& traits, QObject* parent);
-    /// Gives the pointer back.
+    PointerControl(const Parts& parts, const DisplayTraits& traits);
     ~PointerControl() override;
 
     /// Catches the pointer where a controller acts as a mouse and steers the show; again after
     /// Picture1 has moved.
     void catchPointer();
+    /// Gives the pointer back.
+    void freePointer();
+    /// The wheel, wherever in the window.
+    void turnWheel(const QWheelEvent& event);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -46,7 +49,6 @@ private:
     void Picture1_MouseDown(const QMouseEvent& event);
     void Picture1_MouseMove(const QMouseEvent& event);
     void Picture6_MouseDown(double x);
-    void turnWheel(const QWheelEvent& event);
 
     Session& m_session;
     Parts m_parts;

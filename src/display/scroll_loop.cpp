@@ -31,8 +31,7 @@ ScrollLoop::ScrollLoop(const ShowLoopParts& parts, int textRows)
       m_textRows(textRows) {}
 
 void ScrollLoop::run() {
-    double startLine = m_session.show.StartFromCursor == 0 ? 0 : m_session.show.StartPosition;
-    startLine = std::min<double>(startLine, m_parts.navigation.lastLine());
+    double startLine = m_parts.navigation.startLine();
     if (m_parts.observer != nullptr) {
         m_parts.observer->loopStarted();
     }
@@ -52,6 +51,9 @@ ScrollLoop::PassEnd ScrollLoop::runPass(double startLine) {
     show.ScrollDirection = 1;
     show.SignedRowStep = m_session.settings.RowStep;
     show.ReachedEnd = 0;
+    show.ReverseToBackward = 0;
+    show.ReverseToForward = 0;
+    m_parts.screen.showDirection(1);
     m_parts.composer.clear();
     m_parts.navigation.showStart(startLine);
     m_parts.screen.showPicture();
@@ -267,6 +269,7 @@ ScrollLoop::LimitEnd ScrollLoop::atLimit() {
     if (show.ReachedEnd == 1) {
         while (!exitRequested()) {
             waitIdly();
+            m_housekeeping.checkNotice();
         }
         return LimitEnd::Leave;
     }

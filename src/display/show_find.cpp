@@ -14,9 +14,9 @@ void ShowFind::find(QWidget* window) {
     const std::int64_t rowBefore = m_session.show.ScrollRow;
     const int directionBefore = m_session.show.ScrollDirection;
     bool anyHit = false;
-    startAtTopLine();
     Form14 dialog(find, window);
-    for (dialog.ask(); !find.FindText.isEmpty(); dialog.ask()) {
+    const ShowState& show = m_session.show;
+    for (dialog.ask(); !find.FindText.isEmpty() && show.ExitRequested == 0; dialog.ask()) {
         find.LastFindText = find.FindText;
         if (step(find.FindDirection)) {
             anyHit = true;
@@ -30,20 +30,20 @@ void ShowFind::find(QWidget* window) {
 }
 
 void ShowFind::findNext() {
-    startAtTopLine();
     step(1);
 }
 
-void ShowFind::startAtTopLine() {
-    RichTextBox& rtb1 = m_session.script.rtb1;
-    rtb1.setSelStart(rtb1.lineIndex(m_navigation.takeTopLine()));
+int ShowFind::startPosition() {
+    const bool stands = m_hit >= 0 && m_hitText == m_session.find.LastFindText &&
+                        m_hitTopRow == m_navigation.topRow();
+    return stands ? m_hit : m_session.script.rtb1.lineIndex(m_navigation.takeTopLine());
 }
 
-/// The next hit behind the caret, or the last one before it; the caret goes there, and the text.
+/// The next hit behind the start, or the last one before it; the text goes there.
 bool ShowFind::step(int direction) {
     RichTextBox& rtb1 = m_session.script.rtb1;
     const QString& text = m_session.find.LastFindText;
-    const int from = rtb1.SelStart();
+    const int from = startPosition();
     int hit = -1;
     if (direction > 0) {
         hit = rtb1.Find(text, from + 1);
@@ -51,11 +51,12 @@ bool ShowFind::step(int direction) {
         hit = static_cast<int>(rtb1.Text().lastIndexOf(text, from - 1, Qt::CaseInsensitive));
     }
     if (hit < 0) {
-        rtb1.setSelStart(from);
         return false;
     }
-    rtb1.setSelStart(hit);
     m_navigation.jumpTo(std::min(rtb1.GetLineFromChar(hit), m_navigation.lastLine()));
+    m_hitText = text;
+    m_hit = hit;
+    m_hitTopRow = m_navigation.topRow();
     return true;
 }
 

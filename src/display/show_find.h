@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <cstdint>
+
 class QWidget;
 
 namespace velmora {
@@ -22,11 +24,16 @@ public:
     void findNext();
 
 private:
-    void startAtTopLine();
+    /// Where the next search starts: the last hit while its picture stands, else the top line.
+    [[nodiscard]] int startPosition();
     bool step(int direction);
 
     Session& m_session;
     ShowNavigation& m_navigation;
+    /// The last hit: its text, its place, and the top row that it led to.
+    QString m_hitText;
+    int m_hit = -1;
+    std::int64_t m_hitTopRow = 0;
 };
 
 } // namespace velmora

@@ -35,6 +35,11 @@ int ShowNavigation::lastLine() const {
     return static_cast<int>(m_parts.tables.lineTable.size());
 }
 
+double ShowNavigation::startLine() const {
+    const ShowState& show = m_session.show;
+    return show.StartFromCursor == 0 ? 0 : std::min<double>(show.StartPosition, lastLine());
+}
+
 void ShowNavigation::showStart(double startLine) {
     if (startLine > 0) {
         const auto line = static_cast<int>(startLine);

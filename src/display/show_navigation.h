@@ -37,6 +37,8 @@ public:
     /// Vscroll1's Max: the number of lines.
     [[nodiscard]] int lastLine() const;
 
+    /// The line at which the show starts, 0 for the beginning.
+    [[nodiscard]] double startLine() const;
     /// The first picture of a pass: the script's beginning, or a line further down.
     void showStart(double startLine);
     /// Redraws the window from a line on, as far up as the script's end allows.

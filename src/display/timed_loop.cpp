@@ -22,6 +22,8 @@ constexpr int Waiting = 3;
 /// A late step is made up for at once up to here, so that the text does not visibly race; the rest
 /// is spread over what is left of the script.
 constexpr double MostOwedSeconds = 0.016;
+/// Far before any due moment, in milliseconds: ends the wait.
+constexpr double EndOfWaitMs = -1e9;
 
 } // namespace
 
@@ -31,11 +33,7 @@ TimedLoop::TimedLoop(const ShowLoopParts& parts, TimedPace& pace)
       m_housekeeping(parts.session, parts.screen, parts.tables, parts.measured) {}
 
 void TimedLoop::run() {
-    const ShowState& show = m_session.show;
-    const double startLine =
-        show.StartFromCursor == 0
-            ? 0
-            : std::min<double>(show.StartPosition, m_parts.navigation.lastLine());
+    const double startLine = m_parts.navigation.startLine();
     makeReady(startLine);
     if (m_parts.observer != nullptr) {
         m_parts.observer->loopStarted();
@@ -137,7 +135,9 @@ void TimedLoop::waitForNextStep(std::int64_t composeTicks) {
     record.composeTicks = composeTicks;
     record.painted = m_parts.presenter.stepDone(static_cast<std::int64_t>(ticks));
     const auto due = static_cast<std::int64_t>(m_lastDue);
-    const Pacer::Wait wait = m_pacer.wait(due, [] { return 0.0; });
+    // A short script over a long time has steps of minutes: whoever leaves must not wait for one.
+    const auto waitMs = [this] { return m_session.show.ExitRequested == 0 ? 0.0 : EndOfWaitMs; };
+    const Pacer::Wait wait = m_pacer.wait(due, waitMs);
     record.lateTicks = wait.end - due;
     if (m_parts.observer != nullptr) {
         m_parts.observer->stepDone(record);

@@ -1,14 +1,14 @@
 #include "display/timed_pace.h"
 
+#include <algorithm>
+
 namespace velmora {
 
 namespace {
 
-/// Guards a script that has no rows to pass.
-constexpr double HardlyARow = 1e-8;
-
+/// No row can take longer than the whole time.
 double perRow(std::int64_t ticks, std::int64_t rows) {
-    return static_cast<double>(ticks) / (static_cast<double>(rows) + HardlyARow);
+    return static_cast<double>(ticks) / static_cast<double>(std::max<std::int64_t>(1, rows));
 }
 
 } // namespace

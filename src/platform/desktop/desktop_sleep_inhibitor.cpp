@@ -1,5 +1,6 @@
 #include "platform/desktop/desktop_sleep_inhibitor.h"
 
+#include "platform/desktop/bus_probe.h"
 #include "platform/desktop/x_screen_saver.h"
 
 #include <QDBusConnection>
@@ -7,16 +8,13 @@
 #include <QDBusUnixFileDescriptor>
 #include <QThread>
 
-#include <atomic>
-
 namespace velmora {
 
 namespace {
 
-/// A service that does not answer is given up.
-constexpr int AnswerTimeoutMs = 2000;
-/// At the end of the program a bus that hangs is not waited for any longer than this.
-constexpr unsigned long LeaveTimeoutMs = 500;
+/// A bus or a service that does not answer is given up. The end of the program waits for no longer
+/// than what is under way: one probe or call for each of both services.
+constexpr int AnswerTimeoutMs = 500;
 
 const QString program = QStringLiteral("Velmora");
 
@@ -57,6 +55,9 @@ QVariant ask(const QDBusConnection& bus, const QDBusMessage& call) {
 class ScreenSaverService final {
 public:
     void inhibit(const QString& reason) {
+        if (!busAnswers(sessionBusAddress(), AnswerTimeoutMs)) {
+            return;
+        }
         // A connection of its own: closing it drops what it asked for, whatever went wrong.
         const QDBusConnection bus = QDBusConnection::connectToBus(sessionBusAddress(), Connection);
         m_cookie = ask(bus, message(Service, QStringLiteral("Inhibit"), {program, reason}));
@@ -83,6 +84,9 @@ private:
 class LoginManager final {
 public:
     void inhibit(const QString& reason) {
+        if (!busAnswers(systemBusAddress(), AnswerTimeoutMs)) {
+            return;
+        }
         const QDBusConnection bus = QDBusConnection::connectToBus(systemBusAddress(), Connection);
         // A user who may not forbid sleep may still tell that the machine is not idle.
         for (const char* what : {"sleep:idle", "idle"}) {
@@ -121,13 +125,10 @@ public:
     ~BusThread() {
         // Behind whatever is still to be done.
         post([thread = m_thread] { thread->quit(); });
-        if (m_thread->wait(LeaveTimeoutMs)) {
-            delete m_services;
-            delete m_thread;
-        }
-        // Else it hangs in the bus, and stays behind until the process has ended. It must not turn
-        // to the bus once more then, whose library may be gone.
-        m_services->abandoned = true;
+        // A thread that stayed behind would meet the bus library being torn down.
+        m_thread->wait();
+        delete m_services;
+        delete m_thread;
     }
     BusThread(const BusThread&) = delete;
     BusThread& operator=(const BusThread&) = delete;
@@ -135,9 +136,7 @@ public:
     void inhibit(const QString& reason) {
         post([services = m_services, reason] {
             services->screenSaver.inhibit(reason);
-            if (!services->abandoned) {
-                services->loginManager.inhibit(reason);
-            }
+            services->loginManager.inhibit(reason);
         });
     }
     void release() {
@@ -148,24 +147,15 @@ public:
     }
 
 private:
-    /// Touched by the thread alone, but for the flag.
+    /// Touched by the thread alone.
     class Services final : public QObject {
     public:
-        /// Nobody waits for the thread any more.
-        std::atomic<bool> abandoned = false;
         ScreenSaverService screenSaver;
         LoginManager loginManager;
     };
 
     template<typename Work> void post(Work work) {
-        QMetaObject::invokeMethod(
-            m_services,
-            [services = m_services, work] {
-                if (!services->abandoned) {
-                    work();
-                }
-            },
-            Qt::QueuedConnection);
+        QMetaObject::invokeMethod(m_services, work, Qt::QueuedConnection);
     }
 
     QThread* m_thread;

@@ -233,12 +233,21 @@ TEST_F(FourWindows, FindMovesTheTextAndLeavingWithoutAHitPutsItBack) {
     EXPECT_EQ(search(u"line 20"_qs, u"Find Next"), 20);
     EXPECT_EQ(search(u"LINE 3"_qs, u"Find Previous"), 3);
     EXPECT_EQ(search(u"nowhere"_qs, u"Find Next"), 6);
-    t.session.find.LastFindText = u"line 1"_qs;
+    // In mid-line, and on the last screen too, the next one follows on the last one.
+    t.session.find.LastFindText = u"INE 1"_qs;
     showFor(0.1, [&] {
         press(Qt::Key_F3);
         press(Qt::Key_F3);
+        press(Qt::Key_F3);
     });
-    EXPECT_EQ(caretLine(), 10);
+    EXPECT_EQ(caretLine(), 11);
+    t.session.find.LastFindText = u"ine 3"_qs;
+    showFor(0.1, [&] {
+        for (int hits = 0; hits < 11; ++hits) {
+            press(Qt::Key_F3);
+        }
+        EXPECT_EQ(rtb1.Text().mid(rtb1.SelStart(), 6), u"ine 39"_qs);
+    });
     settings.ScrollSpeed = 60;
     showFor(0.5, [&] {
         press(Qt::Key_Space);
@@ -337,6 +346,17 @@ TEST_F(FourWindows, SpeakersWindowRestsWhileItsDisplayIsAway) {
         EXPECT_TRUE(speaker()->isVisible());
         EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 800, 600));
         EXPECT_EQ(speaker()->Picture3->geometry().right(), 799) << "the lines begin there";
+    });
+    t.pump.in(2.2, [&] {
+        // The operator's display goes: the speaker's stays, whatever its number is now.
+        t.monitors.rectangles.erase(t.monitors.rectangles.begin());
+        Q_EMIT qGuiApp->screenRemoved(nullptr);
+        EXPECT_EQ(display->geometry(), QRect(1280, 0, 800, 600));
+        t.monitors.rectangles.push_back(QRect(0, 0, 1280, 720));
+        Q_EMIT qGuiApp->screenAdded(nullptr);
+        EXPECT_EQ(display->geometry(), QRect(1280, 0, 800, 600)) << "stays where it is";
+        EXPECT_TRUE(speaker()->isVisible());
+        EXPECT_EQ(speaker()->geometry(), QRect(0, 0, 1280, 720));
     });
     t.pump.in(2.5, [&] {
         QCloseEvent close;

@@ -122,8 +122,8 @@ TEST(TwoDisplayCheck, FitsTheColumnToANarrowerSecondDisplay) {
         {"nothing fits",
          {full, QRect(1920, 0, 800, 600)},
          {12, 320, 60},
-         {12, 320, 60},
-         {12, 320, 60},
+         {320, 320, 320},
+         {320, 320, 320},
          false},
     };
     for (const Case& c : cases) {

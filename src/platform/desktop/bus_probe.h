@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace velmora {
+
+/// Whether a message bus answers at an address of the form "unix:path=..." or "unix:abstract=...",
+/// as the D-Bus specification has them, within so many milliseconds: it must greet a client. Asked
+/// before the bus library is, which waits for a bus that hangs as long as it likes. Any other kind
+/// of address, a network one above all, is none.
+[[nodiscard]] bool busAnswers(const QString& address, int timeoutMs);
+
+} // namespace velmora
