@@ -1,6 +1,7 @@
 #include "platform/desktop/bus_probe.h"
 
 #include <QByteArray>
+#include <QStringList>
 
 #include <algorithm>
 #include <cstddef>

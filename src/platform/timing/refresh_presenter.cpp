@@ -42,8 +42,8 @@ std::int64_t RefreshPresenter::lockedPeriod(std::int64_t periodTicks) const {
     if (periodTicks <= 0) {
         return periodTicks;
     }
-    const double refresh = static_cast<double>(m_refreshTicks);
-    const double period = static_cast<double>(periodTicks);
+    const auto refresh = static_cast<double>(m_refreshTicks);
+    const auto period = static_cast<double>(periodTicks);
     const double whole = period < refresh ? refresh / std::round(refresh / period)
                                           : refresh * std::round(period / refresh);
     return std::abs(whole - period) <= period * LockTolerance ? std::llround(whole) : periodTicks;
