@@ -305,53 +305,6 @@ void Form1::Combo2_Click() {
     focusEditor();
 }
 
-// --- EditorHost ----------------------------------------------------------------------------------
-
-void Form1::sendZoom() {
-    m_session.script.rtb1.setZoom(editorZoom(m_session.screen));
-}
-
-void Form1::focusEditor() {
-    m_controls.rtb1->setFocus();
-}
-
-int Form1::firstVisibleLine() const {
-    return m_controls.rtb1->firstVisibleLine();
-}
-
-void Form1::scrollLineToTop(int line) {
-    m_controls.rtb1->scrollLineToTop(line);
-}
-
-void Form1::setEditorActive(bool active) {
-    m_controls.rtb1->setReadOnly(!active);
-    m_session.script.rtb1.setRedraw(active);
-    setEnabled(active);
-}
-
-QString Form1::comboFontName() const {
-    return m_controls.Combo1->currentText();
-}
-
-double Form1::comboFontSize() const {
-    return m_controls.Combo2->currentText().toDouble();
-}
-
-void Form1::showProgress(const QString& text) {
-    if (text.isEmpty()) {
-        m_progress.reset();
-        return;
-    }
-    if (!m_progress) {
-        m_progress = std::make_unique<Form31>(this);
-    }
-    m_progress->showText(text);
-}
-
-void Form1::showNotice(const QString& text) {
-    m_controls.showNotice(text);
-}
-
 void Form1::updateCaption() {
     QString caption = programName();
     if (!m_shownFile.isEmpty()) {

@@ -46,7 +46,8 @@ PictureClick pictureClick(PictureButton button, const Settings& settings, const 
         return switches ? PictureClick::ToggleFullScreen : PictureClick::TogglePause;
     }
     if (button == PictureButton::Left && settings.SpeedControllerInUse == 1) {
-        return show.PauseState == 3 ? PictureClick::TogglePause : PictureClick::Reverse;
+        return show.PauseState == pause::BeforeStart ? PictureClick::TogglePause
+                                                     : PictureClick::Reverse;
     }
     return PictureClick::None;
 }

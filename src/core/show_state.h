@@ -7,6 +7,21 @@
 
 namespace velmora {
 
+/// PauseState.
+namespace pause {
+inline constexpr int Scrolling = 0;
+/// Paused, or stopped at a limit of the script.
+inline constexpr int Paused = 1;
+inline constexpr int BeforeStart = 3;
+} // namespace pause
+
+/// BookmarkJump.
+namespace bookmark_jump {
+inline constexpr int None = 0;
+inline constexpr int Next = 1;
+inline constexpr int Previous = 2;
+} // namespace bookmark_jump
+
 /// The variables by which the editor hands a show over and by which handlers steer its loop.
 /// Single-threaded: handlers write them from inside DoEvents, the loop reads them afresh at each
 /// turn.
@@ -38,14 +53,14 @@ struct ShowState final {
     /// ScrollDirection times RowStep.
     int SignedRowStep = 1;
     /// 0 scrolling, 1 paused or at a limit, 3 waiting for the first start.
-    int PauseState = 3;
+    int PauseState = pause::BeforeStart;
     /// PauseState when the wait at a limit began; 99 forces that wait to end.
     int PauseAtLimit = 0;
     /// Requests to turn, acted on between steps.
     int ReverseToBackward = 0;
     int ReverseToForward = 0;
     /// 1 next bookmark, 2 previous; cleared by the loop.
-    int BookmarkJump = 0;
+    int BookmarkJump = bookmark_jump::None;
     /// 1 when the first fill or a reposition found the end of the script inside the window.
     int ReachedEnd = 0;
     /// 1 while the program itself writes Vscroll1's value.

@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "display/mirrored_question.h"
 #include "platform/desktop/message_boxes.h"
+#include "widgets/push_button.h"
 
 #include <algorithm>
 
@@ -32,7 +33,9 @@ Question questionFor(std::size_t count) {
 
 bool accepted(Session& session, const Question& question, Orientation face, QWidget* window) {
     if (face == Orientation::Mirrored) {
-        return Form6(question.title, question.text, window).ask() == 1;
+        Form6 box(question.title, question.text, window);
+        usePlainButtonsOnFewColours(box, session.screen);
+        return box.ask() == 1;
     }
     return session.platform.messages.show(MessageIcon::Question, question.title, question.text,
                                           MessageButtons::YesNo) == MessageAnswer::Yes;

@@ -58,7 +58,7 @@ DisplayWindow::~DisplayWindow() = default;
 void DisplayWindow::load() {
     m_session.settings.RowStep = m_session.settings.ScrollerTurbo == 1 ? 2 : 1;
     m_session.show.BlankState = 0;
-    m_session.show.PauseState = 3;
+    m_session.show.PauseState = pause::BeforeStart;
     if (!findDisplays()) {
         m_session.platform.messages.show(
             MessageIcon::Critical, displayMissingTitle(),
@@ -177,16 +177,19 @@ void DisplayWindow::layOut() {
     Picture1->setBackground(background);
     m_controls.Picture3->setBackground(background);
     m_controls.Picture6->setRange(m_session.settings.ScrollSpeedControl);
+    m_layout.screenWidth = m_display.width();
+    m_layout.screenHeight = m_display.height();
+    m_layout.wrapWidth = m_session.script.rtb1.wrapWidth();
+    m_layout.FontScale = FontScale;
+    m_layout.traits = m_traits;
+    m_layout.secondDisplay = m_speakerDisplay.size();
     placeControls();
     showControls();
 }
 
 void DisplayWindow::placeControls() {
-    GeometryInput input{m_display.width(), m_display.height(), m_session.script.rtb1.wrapWidth(),
-                        FontScale, m_session.settings.FullScreenMode};
-    input.traits = m_traits;
-    input.secondDisplay = m_speakerDisplay.size();
-    m_geometry = layOutDisplay(input);
+    m_layout.FullScreenMode = m_session.settings.FullScreenMode;
+    m_geometry = layOutDisplay(m_layout);
     Picture1->setGeometry(m_geometry.Picture1);
     m_controls.place(m_geometry);
 }
@@ -248,19 +251,22 @@ void DisplayWindow::connectControls() {
     connect(m_controls.Command2, &ShowButton::clicked, this, &DisplayWindow::startOrReset);
     connect(m_controls.Command3, &ShowButton::clicked, this, [this] { m_steering.leave(); });
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DisplayWindow::keepInFront);
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, &DisplayWindow::watchScreen);
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DisplayWindow::followDisplays);
-    for (QScreen* screen : QGuiApplication::screens()) {
-        watchScreen(screen);
-    }
+    watchDisplays();
 }
 
 /// A display may come first and find its place later.
-void DisplayWindow::watchScreen(QScreen* screen) {
-    if (screen != nullptr) {
+void DisplayWindow::watchDisplays() {
+    const auto watch = [this](const QScreen* screen) {
         connect(screen, &QScreen::geometryChanged, this, &DisplayWindow::followDisplays);
-    }
-    followDisplays();
+    };
+    std::ranges::for_each(QGuiApplication::screens(), watch);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DisplayWindow::followDisplays);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this, watch](const QScreen* screen) {
+        if (screen != nullptr) {
+            watch(screen);
+        }
+        followDisplays();
+    });
 }
 
 /// A display that is unplugged ends nothing: both windows keep to a display that is still there;

@@ -85,7 +85,7 @@ private:
     void createSteering();
     void connectControls();
     void followDisplays();
-    void watchScreen(QScreen* screen);
+    void watchDisplays();
     void keepInFront(QWindow* focused);
     void paintPicture();
     void runLoop();
@@ -105,10 +105,12 @@ private:
     /// Null without a second display.
     std::unique_ptr<SpeakerScriptM> m_speaker;
 
-    /// Rectangle of display 1; its size is the screen of all layout here.
+    /// The display on which the window stands; display 1 at the start.
     QRect m_display;
-    /// Rectangle of display 2, SpeakerRect; empty for none.
+    /// The speaker's display, SpeakerRect; empty while there is none.
     QRect m_speakerDisplay;
+    /// Sizes at the start, which hold for the whole show whatever becomes of the displays.
+    GeometryInput m_layout;
     double FontScale = 1;
     /// Lines of the script that the show holds.
     int ScriptLineCount = 0;

@@ -183,7 +183,10 @@ void DisplayWindow::mousePressEvent(QMouseEvent*) {
 }
 
 void DisplayWindow::wheelEvent(QWheelEvent* event) {
-    m_pointer->turnWheel(*event);
+    // The preparation pumps before there is anything to steer.
+    if (m_pointer) {
+        m_pointer->turnWheel(*event);
+    }
 }
 
 } // namespace velmora

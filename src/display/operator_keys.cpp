@@ -22,9 +22,6 @@ constexpr std::array<std::pair<int, SpeedKey>, 6> SpeedKeys = {{{key::Left, Spee
                                                                 {key::Home, SpeedKey::Home},
                                                                 {key::End, SpeedKey::End}}};
 
-/// Requests of BookmarkJump.
-constexpr int NextBookmark = 1;
-constexpr int PreviousBookmark = 2;
 /// From here on a speed of Full Range stands still enough for a search.
 constexpr double SearchSpeed = 250;
 
@@ -54,13 +51,8 @@ const OperatorKeys::Row OperatorKeys::SteeredRows[] = {
      [](OperatorKeys& k, int) { k.m_parts.actions.toggleBlank(); }},
     {AnyKey, AnyKey, ShiftIs::Any, &OperatorKeys::blanked, nothing},
     {key::F15, key::F21, ShiftIs::Any, nullptr,
-     [](OperatorKeys& k, int code) {
-         k.m_parts.navigation.stepLines(*shuttleRingLines(code, key::NoShift));
-     }},
-    {key::F22, key::F22, ShiftIs::Up, nullptr,
-     [](OperatorKeys& k, int code) {
-         k.m_parts.navigation.stepLines(*shuttleRingLines(code, key::NoShift));
-     }},
+     [](OperatorKeys& k, int code) { k.turnRing(code); }},
+    {key::F22, key::F22, ShiftIs::Up, nullptr, [](OperatorKeys& k, int code) { k.turnRing(code); }},
     {key::Escape, key::Escape, ShiftIs::Any, nullptr,
      [](OperatorKeys& k, int) { k.m_parts.steering.leave(); }},
     {key::F13, key::F14, ShiftIs::Up, nullptr,
@@ -79,7 +71,7 @@ const OperatorKeys::Row OperatorKeys::SteeredRows[] = {
          k.m_parts.navigation.jumpToSelectiveBookmark(code - key::Digit0);
      }},
     {key::Digit0, key::Digit0, ShiftIs::Any, nullptr,
-     [](OperatorKeys& k, int) { k.m_parts.navigation.jumpTo(k.m_parts.navigation.lastLine()); }},
+     [](OperatorKeys& k, int) { k.m_parts.navigation.jumpTo(k.m_parts.navigation.lineCount()); }},
     {key::Backspace, key::Backspace, ShiftIs::Any, &OperatorKeys::fullRange,
      [](OperatorKeys& k, int) { k.m_parts.steering.reverse(); }},
     {key::F3, key::F3, ShiftIs::Any, &OperatorKeys::canFindNext,
@@ -97,9 +89,9 @@ const OperatorKeys::Row OperatorKeys::SteeredRows[] = {
     {key::Space, key::Space, ShiftIs::Any, &OperatorKeys::notLooping,
      [](OperatorKeys& k, int) { k.m_parts.steering.togglePause(); }},
     {key::PageUp, key::PageUp, ShiftIs::Any, &OperatorKeys::notLooping,
-     [](OperatorKeys& k, int) { k.m_session.show.BookmarkJump = PreviousBookmark; }},
+     [](OperatorKeys& k, int) { k.m_session.show.BookmarkJump = bookmark_jump::Previous; }},
     {key::PageDown, key::PageDown, ShiftIs::Any, &OperatorKeys::notLooping,
-     [](OperatorKeys& k, int) { k.m_session.show.BookmarkJump = NextBookmark; }},
+     [](OperatorKeys& k, int) { k.m_session.show.BookmarkJump = bookmark_jump::Next; }},
     {key::End, key::Down, ShiftIs::Any, &OperatorKeys::notLooping,
      [](OperatorKeys& k, int code) { k.changeSpeed(code); }},
 };
@@ -168,6 +160,12 @@ bool OperatorKeys::canFind() const {
 
 bool OperatorKeys::canFindNext() const {
     return !m_session.find.LastFindText.isEmpty();
+}
+
+void OperatorKeys::turnRing(int code) {
+    if (const auto lines = shuttleRingLines(code, key::NoShift)) {
+        m_parts.navigation.stepLines(*lines);
+    }
 }
 
 void OperatorKeys::changeSpeed(int key) {

@@ -53,6 +53,7 @@ private:
     [[nodiscard]] bool fullRange() const;
     [[nodiscard]] bool canFind() const;
     [[nodiscard]] bool canFindNext() const;
+    void turnRing(int code);
     void changeSpeed(int key);
 
     static const Row SteeredRows[];

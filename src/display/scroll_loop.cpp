@@ -17,8 +17,6 @@ namespace velmora {
 namespace {
 
 constexpr double LoopingWaitSeconds = 4;
-/// About one refresh of a screen: steps that repay so much lie between two pictures.
-constexpr double MostOwedSeconds = 0.016;
 /// Floor of a step in counter ticks, for very small delays.
 constexpr std::int64_t LeastStepTicks = 100;
 
@@ -68,7 +66,7 @@ ScrollLoop::PassEnd ScrollLoop::runPass(double startLine) {
         if (waitFourSeconds() == LoopingWait::Left) {
             return PassEnd::Leave;
         }
-        show.PauseState = 0;
+        show.PauseState = pause::Scrolling;
     }
     show.ElapsedStart = m_session.platform.clock.Timer();
     startTiming();
@@ -76,9 +74,14 @@ ScrollLoop::PassEnd ScrollLoop::runPass(double startLine) {
 }
 
 void ScrollLoop::startTiming() {
+    forgetPace();
+    m_housekeeping.restart();
+}
+
+/// The next step has no step before it that it could be late behind.
+void ScrollLoop::forgetPace() {
     m_owedTicks = 0;
     m_lastDue = 0;
-    m_housekeeping.restart();
 }
 
 ScrollLoop::LoopingWait ScrollLoop::waitFourSeconds() {
@@ -100,7 +103,7 @@ ScrollLoop::LoopingWait ScrollLoop::waitFourSeconds() {
 ScrollLoop::PassEnd ScrollLoop::runTurns() {
     const Settings& settings = m_session.settings;
     for (;;) {
-        if (m_session.show.PauseState != 0) {
+        if (m_session.show.PauseState != pause::Scrolling) {
             if (!pausedTurn()) {
                 return PassEnd::Leave;
             }
@@ -142,18 +145,17 @@ bool ScrollLoop::pausedTurn() {
         return !exitRequested();
     }
     m_housekeeping.checkNotice();
-    if (show.PauseState == 3) {
+    if (show.PauseState == pause::BeforeStart) {
         show.ElapsedStart = m_session.platform.clock.Timer();
     }
     waitIdly();
-    if (show.PauseState != 3) {
+    if (show.PauseState != pause::BeforeStart) {
         m_housekeeping.showElapsed();
     }
     m_parts.navigation.serveBookmarkJump();
     m_parts.pollDevices();
     m_housekeeping.restartCycle();
-    m_owedTicks = 0;
-    m_lastDue = 0;
+    forgetPace();
     return !exitRequested();
 }
 
@@ -164,8 +166,7 @@ void ScrollLoop::idleTurn() {
     m_housekeeping.checkNotice();
     waitIdly();
     m_housekeeping.restartCycle();
-    m_owedTicks = 0;
-    m_lastDue = 0;
+    forgetPace();
 }
 
 ScrollLoop::StepEnd ScrollLoop::step() {
@@ -260,7 +261,7 @@ void ScrollLoop::serveRequests() {
 
 ScrollLoop::LimitEnd ScrollLoop::atLimit() {
     ShowState& show = m_session.show;
-    show.PauseState = 1;
+    show.PauseState = pause::Paused;
     m_parts.presenter.settle();
     m_parts.screen.focusPicture();
     if (m_parts.observer != nullptr) {
@@ -274,7 +275,7 @@ ScrollLoop::LimitEnd ScrollLoop::atLimit() {
         return LimitEnd::Leave;
     }
     if (m_session.settings.AutomaticLooping == 1) {
-        show.PauseState = 0;
+        show.PauseState = pause::Scrolling;
         show.ScrollDirection = 1;
         show.SignedRowStep = m_session.settings.RowStep;
         show.MessageShownAt = 0;
@@ -291,7 +292,7 @@ ScrollLoop::LimitEnd ScrollLoop::waitToLoop() {
     case LoopingWait::Left:
         return LimitEnd::Leave;
     case LoopingWait::Jumped:
-        m_session.show.PauseState = 0;
+        m_session.show.PauseState = pause::Scrolling;
         startTiming();
         return LimitEnd::Continue;
     case LoopingWait::Over:
@@ -327,7 +328,7 @@ ScrollLoop::LimitEnd ScrollLoop::waitAtLimit() {
     }
     show.ReverseToBackward = 0;
     show.ReverseToForward = 0;
-    show.PauseState = 0;
+    show.PauseState = pause::Scrolling;
     startTiming();
     return LimitEnd::Continue;
 }

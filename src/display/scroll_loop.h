@@ -30,6 +30,7 @@ private:
 
     PassEnd runPass(double startLine);
     void startTiming();
+    void forgetPace();
     /// The wait of the automatic start and of the return to the top.
     LoopingWait waitFourSeconds();
 

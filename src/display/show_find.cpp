@@ -53,7 +53,7 @@ bool ShowFind::step(int direction) {
     if (hit < 0) {
         return false;
     }
-    m_navigation.jumpTo(std::min(rtb1.GetLineFromChar(hit), m_navigation.lastLine()));
+    m_navigation.jumpTo(std::min(rtb1.GetLineFromChar(hit), m_navigation.lineCount()));
     m_hitText = text;
     m_hit = hit;
     m_hitTopRow = m_navigation.topRow();

@@ -31,5 +31,8 @@ struct ShowLoopParts final {
 
 /// A waiting state looks at its variables so often when nothing happens; input wakes it at once.
 inline constexpr int IdleWaitMs = 20;
+/// A late step is made up for at once up to here, so that the text does not visibly race: about one
+/// refresh of a screen, so that the steps that make up for it lie between two pictures.
+inline constexpr double MostOwedSeconds = 0.016;
 
 } // namespace velmora

@@ -28,16 +28,16 @@ double ShowNavigation::returnLine() const {
     if (m_session.show.ScrollDirection > 0 && m_session.show.ReachedEnd == 1) {
         return 0;
     }
-    return std::clamp(topLine(), 0, lastLine());
+    return std::clamp(topLine(), 0, lineCount());
 }
 
-int ShowNavigation::lastLine() const {
+int ShowNavigation::lineCount() const {
     return static_cast<int>(m_parts.tables.lineTable.size());
 }
 
 double ShowNavigation::startLine() const {
     const ShowState& show = m_session.show;
-    return show.StartFromCursor == 0 ? 0 : std::min<double>(show.StartPosition, lastLine());
+    return show.StartFromCursor == 0 ? 0 : std::min<double>(show.StartPosition, lineCount());
 }
 
 void ShowNavigation::showStart(double startLine) {
@@ -80,13 +80,13 @@ void ShowNavigation::jumpTo(int line) {
 }
 
 int ShowNavigation::takeTopLine() {
-    const int line = std::clamp(topLine() - 1, 0, lastLine());
+    const int line = std::clamp(topLine() - 1, 0, lineCount());
     m_parts.screen.setScrollValue(line);
     return line;
 }
 
 void ShowNavigation::stepLines(int lines) {
-    if (const auto target = shuttleRingTarget(lines, takeTopLine(), lastLine())) {
+    if (const auto target = shuttleRingTarget(lines, takeTopLine(), lineCount())) {
         jumpTo(*target);
     }
 }
@@ -99,12 +99,12 @@ void ShowNavigation::jumpToSelectiveBookmark(int digit) {
 
 void ShowNavigation::serveBookmarkJump() {
     ShowState& show = m_session.show;
-    const int request = std::exchange(show.BookmarkJump, 0);
-    if (request == 0 || m_bookmarks.empty()) {
+    const int request = std::exchange(show.BookmarkJump, bookmark_jump::None);
+    if (request == bookmark_jump::None || m_bookmarks.empty()) {
         return;
     }
     const int top = takeTopLine();
-    const bool forward = request == 1;
+    const bool forward = request == bookmark_jump::Next;
     const auto target = forward ? m_bookmarks.next(top, show.ScrollDirection)
                                 : m_bookmarks.previous(top, show.ScrollDirection);
     if (target) {

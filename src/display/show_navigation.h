@@ -34,8 +34,8 @@ public:
     /// ShowTopLine for the return to the editor: the 1-based line at the top, 0 where the whole
     /// script fits.
     [[nodiscard]] double returnLine() const;
-    /// Vscroll1's Max: the number of lines.
-    [[nodiscard]] int lastLine() const;
+    /// Lines of the show; Vscroll1's Max.
+    [[nodiscard]] int lineCount() const;
 
     /// The line at which the show starts, 0 for the beginning.
     [[nodiscard]] double startLine() const;

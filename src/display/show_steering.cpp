@@ -20,17 +20,17 @@ ShowSteering::ShowSteering(Session& session, ShowScreen& screen)
 
 void ShowSteering::togglePause() {
     ShowState& show = m_session.show;
-    if (show.PauseState == 3) {
+    if (show.PauseState == pause::BeforeStart) {
         show.ElapsedStart = m_session.platform.clock.Timer();
     }
-    show.PauseState = show.PauseState == 0 ? 1 : 0;
+    show.PauseState = show.PauseState == pause::Scrolling ? pause::Paused : pause::Scrolling;
     if (isFullRange(m_session.settings.ScrollSpeedControl)) {
         show.PauseAtLimit = EndLimitWait;
     }
 }
 
 void ShowSteering::start() {
-    m_session.show.PauseState = 0;
+    m_session.show.PauseState = pause::Scrolling;
 }
 
 void ShowSteering::leave() {

@@ -17,11 +17,6 @@ namespace velmora {
 
 namespace {
 
-/// PauseState of a show that waits for its start.
-constexpr int Waiting = 3;
-/// A late step is made up for at once up to here, so that the text does not visibly race; the rest
-/// is spread over what is left of the script.
-constexpr double MostOwedSeconds = 0.016;
 /// Far before any due moment, in milliseconds: ends the wait.
 constexpr double EndOfWaitMs = -1e9;
 
@@ -53,7 +48,7 @@ void TimedLoop::run() {
 
 void TimedLoop::makeReady(double startLine) {
     ShowState& show = m_session.show;
-    show.PauseState = Waiting;
+    show.PauseState = pause::BeforeStart;
     show.AwaitingStart = 1;
     show.ScrollDirection = 1;
     show.SignedRowStep = m_session.settings.RowStep;
@@ -70,7 +65,7 @@ void TimedLoop::makeReady(double startLine) {
 
 bool TimedLoop::waitForStart() {
     ShowState& show = m_session.show;
-    while (show.PauseState != 0 && !exitRequested()) {
+    while (show.PauseState != pause::Scrolling && !exitRequested()) {
         m_session.platform.pump.waitForEvents(IdleWaitMs);
         m_parts.pollDevices();
     }
@@ -122,7 +117,8 @@ bool TimedLoop::step() {
     return true;
 }
 
-/// Steps are due on a grid of their own: what one is late by, the next ones make up for. Behind the
+/// Steps are due on a grid of their own: what one is late by, the next ones make up for, and beyond
+/// MostOwedSeconds what is left of the script. Behind the
 /// set time no step waits, but every one pumps.
 void TimedLoop::waitForNextStep(std::int64_t composeTicks) {
     const Clock& clock = m_session.platform.clock;
@@ -150,7 +146,7 @@ void TimedLoop::endRun() {
     m_housekeeping.showElapsed();
     m_parts.screen.setRemainingText(QStringLiteral("00:00"));
     show.CaptionBuffer = QStringLiteral("00:00");
-    show.PauseState = Waiting;
+    show.PauseState = pause::BeforeStart;
     m_parts.screen.showRunState();
     if (m_parts.observer != nullptr) {
         m_parts.observer->limitReached();

@@ -46,7 +46,8 @@ constexpr std::array<HandButton, 2> HandButtons = {{
 } // namespace
 
 TwoButtonPage::TwoButtonPage(Settings& settings, QWidget* parent)
-    : QWidget(parent), m_settings(settings) {
+    : QWidget(parent), m_settings(settings), m_button1Before(settings.ControllerButton1),
+      m_button2Before(settings.ControllerButton2) {
     auto* grid = new QGridLayout(this);
     for (int column = 0; column < static_cast<int>(HandButtons.size()); ++column) {
         addOptions(*grid, column);
@@ -77,11 +78,6 @@ void TwoButtonPage::addOptions(QGridLayout& grid, int column) {
         connect(option, &QRadioButton::clicked, this,
                 [this, &button, &function] { m_settings.*button.setting = function.value; });
     }
-}
-
-void TwoButtonPage::begin() {
-    m_button1Before = m_settings.ControllerButton1;
-    m_button2Before = m_settings.ControllerButton2;
 }
 
 void TwoButtonPage::SaveSettings_Click() {

@@ -13,10 +13,8 @@ namespace velmora {
 class TwoButtonPage final : public QWidget {
     Q_OBJECT
 public:
+    /// Keeps copies of the two settings, which Cancel puts back.
     TwoButtonPage(Settings& settings, QWidget* parent);
-
-    /// To be called when the page comes into view: keeps copies of the settings.
-    void begin();
 
 Q_SIGNALS:
     void left();
@@ -27,8 +25,8 @@ private:
     void addOptions(QGridLayout& grid, int column);
 
     Settings& m_settings;
-    int m_button1Before = 0;
-    int m_button2Before = 0;
+    int m_button1Before;
+    int m_button2Before;
 };
 
 } // namespace velmora

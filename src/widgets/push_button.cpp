@@ -18,8 +18,8 @@ void usePlainButtonsOnFewColours(QWidget& window, const ScreenState& screen) {
     if (screen.ColorDepth > FewColoursDepth) {
         return;
     }
-    const auto buttons = window.findChildren<CB*>();
-    for (CB* button : buttons) {
+    const auto buttons = window.findChildren<QPushButton*>();
+    for (QPushButton* button : buttons) {
         button->setFlat(true);
     }
 }

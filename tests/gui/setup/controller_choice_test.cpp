@@ -136,7 +136,6 @@ TEST_F(Form3Test, ACalibrationTellsOfTheRestartWhenExitIsPressed) {
 TEST_F(Form3Test, TheTwoButtonPageStoresItsOptions) {
     TwoButtonPage page(settings, nullptr);
     page.show();
-    page.begin();
     const std::tuple<const char16_t*, int, const char16_t*, const char16_t*> options[] = {
         {u"Jump To Next Bookmark", 0, u"Option1", u"Option16"},
         {u"Jump To Previous Bookmark", 1, u"Option2", u"Option15"},
