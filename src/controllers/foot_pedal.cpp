@@ -70,7 +70,7 @@ void FootPedal::sendOnRelease() {
 
 void FootPedal::send(int keyCode) {
     int shift = key::NoShift;
-    m_actions.keyDown(keyCode, shift);
+    m_actions.Picture1_KeyDown(keyCode, shift);
 }
 
 } // namespace velmora

@@ -7,8 +7,8 @@ namespace velmora {
 class ShowActions {
 public:
     virtual ~ShowActions() = default;
-    /// Picture1_KeyDown, as if typed. Both may be changed on the way; a key that was used up is 0.
-    virtual void keyDown(int& keyCode, int& shift) = 0;
+    /// A key as if typed. Both may be changed on the way; a key that was used up is 0.
+    virtual void Picture1_KeyDown(int& keyCode, int& shift) = 0;
     /// Stores ScrollSpeed, 0 to 255, and moves the thumb of the scale.
     virtual void setSpeed(double scrollSpeed) = 0;
 };

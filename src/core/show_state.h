@@ -59,6 +59,10 @@ struct ShowState final {
     /// Requests to turn, acted on between steps.
     int ReverseToBackward = 0;
     int ReverseToForward = 0;
+    /// The direction of the next steps, a requested turn included.
+    [[nodiscard]] int comingDirection() const {
+        return ReverseToForward != 0 ? 1 : ReverseToBackward != 0 ? -1 : ScrollDirection;
+    }
     /// 1 next bookmark, 2 previous; cleared by the loop.
     int BookmarkJump = bookmark_jump::None;
     /// 1 when the first fill or a reposition found the end of the script inside the window.

@@ -184,7 +184,7 @@ void DisplayWindow::layOut() {
     m_layout.traits = m_traits;
     m_layout.secondDisplay = m_speakerDisplay.size();
     placeControls();
-    showControls();
+    showState();
 }
 
 void DisplayWindow::placeControls() {
@@ -195,14 +195,14 @@ void DisplayWindow::placeControls() {
 }
 
 /// What is in sight follows from the settings and the show's state alone.
-void DisplayWindow::showControls() {
+void DisplayWindow::showState() {
     const ShowState& show = m_session.show;
     const bool blank = show.BlankState == 1;
     ControlsInSight inSight;
     inSight.row = m_session.settings.FullScreenMode == 0 && !blank;
     inSight.arrow = m_session.settings.ArrowVisible == 1 && !blank;
     inSight.pointerCaught = !m_traits.timed && m_session.settings.SpeedControllerInUse == 1;
-    inSight.direction = m_shownDirection;
+    inSight.direction = show.comingDirection();
     inSight.notice = show.MessageShownAt != 0;
     inSight.awaitingStart = show.AwaitingStart == 1;
     inSight.running = show.PauseState == 0;
@@ -239,7 +239,7 @@ void DisplayWindow::openSpeakerWindow() {
     m_speaker->Picture3->setArrow(m_session.settings.ArrowPosition);
     connect(m_speaker.get(), &SpeakerScriptM::closeRequested, this, [this] { m_steering.leave(); });
     m_speaker->standOn(m_speakerDisplay, m_geometry);
-    showControls();
+    showState();
 }
 
 void DisplayWindow::connectControls() {

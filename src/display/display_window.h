@@ -47,11 +47,9 @@ public:
     void setRemainingText(const QString& text) override;
     void setScrollValue(int line) override;
     void moveSpeedIndicator() override;
-    void showDirection(int direction) override;
-    void showNotice() override;
+    void showState() override;
     void showPicture() override;
     void focusPicture() override;
-    void showRunState() override;
 
     // OperatorActions
     void addBookmark() override;
@@ -63,7 +61,7 @@ public:
     void startOrReset() override;
 
     // ShowActions
-    void keyDown(int& keyCode, int& shift) override;
+    void Picture1_KeyDown(int& keyCode, int& shift) override;
     void setSpeed(double scrollSpeed) override;
 
 protected:
@@ -79,7 +77,6 @@ private:
     void startComposer();
     void layOut();
     void placeControls();
-    void showControls();
     void setRanges();
     void openSpeakerWindow();
     void createSteering();
@@ -91,7 +88,6 @@ private:
     void runLoop();
     void leave();
 
-    void Picture1_KeyDown(int& keyCode, int& shift);
     void Vscroll1_Change(int value);
     void Vscroll2_Change(int value);
     void Hscroll1_Change(int value);
@@ -126,8 +122,6 @@ private:
     std::unique_ptr<PointerControl> m_pointer;
     std::unique_ptr<FootPedal> m_pedal;
     std::unique_ptr<ShowFind> m_find;
-    /// The display's own picture of a direction, which full screen hides.
-    int m_shownDirection = 1;
 };
 
 } // namespace velmora

@@ -45,15 +45,6 @@ void DisplayWindow::moveSpeedIndicator() {
     m_controls.Picture6->setSpeed(m_session.settings.ScrollSpeed);
 }
 
-void DisplayWindow::showDirection(int direction) {
-    m_shownDirection = direction;
-    showControls();
-}
-
-void DisplayWindow::showNotice() {
-    showControls();
-}
-
 void DisplayWindow::showPicture() {
     Picture1->show();
     activateWindow();
@@ -65,14 +56,10 @@ void DisplayWindow::focusPicture() {
     Picture1->setFocus();
 }
 
-void DisplayWindow::showRunState() {
-    showControls();
-}
-
 void DisplayWindow::addBookmark() {
     if (m_navigation->bookmarks().add(m_navigation->takeTopLine())) {
         m_session.show.MessageShownAt = m_session.platform.clock.Timer();
-        showNotice();
+        showState();
     }
 }
 
@@ -93,18 +80,18 @@ void DisplayWindow::toggleBlank() {
     if (m_speaker) {
         m_speaker->Picture1->setBlank(blank);
     }
-    showControls();
+    showState();
 }
 
 void DisplayWindow::toggleArrow() {
     m_session.settings.ArrowVisible = m_session.settings.ArrowVisible == 1 ? 0 : 1;
-    showControls();
+    showState();
 }
 
 void DisplayWindow::toggleFullScreen() {
     m_session.settings.FullScreenMode = m_session.settings.FullScreenMode == 0 ? 1 : 0;
     placeControls();
-    showControls();
+    showState();
     m_pointer->catchPointer();
 }
 
@@ -117,10 +104,6 @@ void DisplayWindow::startOrReset() {
         show.ExitRequested = TimedLoop::ResetRequested;
     }
     focusPicture();
-}
-
-void DisplayWindow::keyDown(int& keyCode, int& shift) {
-    Picture1_KeyDown(keyCode, shift);
 }
 
 void DisplayWindow::setSpeed(double scrollSpeed) {

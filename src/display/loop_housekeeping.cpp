@@ -102,7 +102,7 @@ void LoopHousekeeping::checkNotice() {
     const bool over = now - show.MessageShownAt > NoticeSeconds || show.MessageShownAt > now;
     if (show.MessageShownAt != 0 && over) {
         show.MessageShownAt = 0;
-        m_screen.showNotice();
+        m_screen.showState();
     }
 }
 

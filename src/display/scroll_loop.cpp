@@ -51,7 +51,7 @@ ScrollLoop::PassEnd ScrollLoop::runPass(double startLine) {
     show.ReachedEnd = 0;
     show.ReverseToBackward = 0;
     show.ReverseToForward = 0;
-    m_parts.screen.showDirection(1);
+    m_parts.screen.showState();
     m_parts.composer.clear();
     m_parts.navigation.showStart(startLine);
     m_parts.screen.showPicture();
@@ -279,8 +279,7 @@ ScrollLoop::LimitEnd ScrollLoop::atLimit() {
         show.ScrollDirection = 1;
         show.SignedRowStep = m_session.settings.RowStep;
         show.MessageShownAt = 0;
-        m_parts.screen.showNotice();
-        m_parts.screen.showDirection(1);
+        m_parts.screen.showState();
         return waitToLoop();
     }
     return waitAtLimit();
@@ -323,11 +322,13 @@ ScrollLoop::LimitEnd ScrollLoop::waitAtLimit() {
             turning = limitWaitEnds();
         }
     }
-    if (!jumped) {
-        turn(-show.ScrollDirection);
-    }
     show.ReverseToBackward = 0;
     show.ReverseToForward = 0;
+    if (jumped) {
+        m_parts.screen.showState();
+    } else {
+        turn(-show.ScrollDirection);
+    }
     show.PauseState = pause::Scrolling;
     startTiming();
     return LimitEnd::Continue;
@@ -349,7 +350,7 @@ void ScrollLoop::turn(int direction) {
     show.ScrollRow += static_cast<std::int64_t>(direction) * (m_textRows - 1);
     show.ScrollDirection = direction;
     show.SignedRowStep = direction * m_session.settings.RowStep;
-    m_parts.screen.showDirection(direction);
+    m_parts.screen.showState();
 }
 
 void ScrollLoop::waitIdly() {

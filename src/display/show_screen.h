@@ -16,15 +16,12 @@ public:
     virtual void setScrollValue(int line) = 0;
     /// Image1, the thumb of the speed scale, follows ScrollSpeed.
     virtual void moveSpeedIndicator() = 0;
-    /// Picture4 (forward, +1) or Picture5 (backward, -1), where the controls are shown.
-    virtual void showDirection(int direction) = 0;
-    /// Picture7, the notice, follows MessageShownAt.
-    virtual void showNotice() = 0;
+    /// The controls follow the show's state: the mark of the direction, the notice, the buttons and
+    /// the bar of a timed show.
+    virtual void showState() = 0;
     /// Shows Picture1 once the first picture is complete, and gives it the focus.
     virtual void showPicture() = 0;
     virtual void focusPicture() = 0;
-    /// A timed show has become ready, started or ended: its buttons and its bar follow.
-    virtual void showRunState() = 0;
 };
 
 } // namespace velmora

@@ -49,7 +49,7 @@ void ShowSteering::requestTurn(int direction) {
     ShowState& show = m_session.show;
     (direction > 0 ? show.ReverseToForward : show.ReverseToBackward) = 1;
     show.PauseAtLimit = EndLimitWait;
-    m_screen.showDirection(direction);
+    m_screen.showState();
 }
 
 void ShowSteering::setSpeed(double scrollSpeed) {

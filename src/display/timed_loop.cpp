@@ -58,7 +58,7 @@ void TimedLoop::makeReady(double startLine) {
     m_parts.composer.clear();
     m_parts.navigation.showStart(startLine);
     m_pace.set(m_session.settings.TimedDisplaySeconds, rowsLeft());
-    m_parts.screen.showRunState();
+    m_parts.screen.showState();
     m_parts.screen.showPicture();
     m_parts.presenter.presentNow();
 }
@@ -75,7 +75,7 @@ bool TimedLoop::waitForStart() {
     m_computed = false;
     m_fellBehind = false;
     m_housekeeping.restart();
-    m_parts.screen.showRunState();
+    m_parts.screen.showState();
     return !exitRequested();
 }
 
@@ -147,7 +147,7 @@ void TimedLoop::endRun() {
     m_parts.screen.setRemainingText(QStringLiteral("00:00"));
     show.CaptionBuffer = QStringLiteral("00:00");
     show.PauseState = pause::BeforeStart;
-    m_parts.screen.showRunState();
+    m_parts.screen.showState();
     if (m_parts.observer != nullptr) {
         m_parts.observer->limitReached();
     }

@@ -12,20 +12,16 @@ public:
     void setElapsedText(const QString& text) override { elapsed = text; }
     void setRemainingText(const QString& text) override { remaining = text; }
     void setScrollValue(int line) override { scrollValues.push_back(line); }
-    void showDirection(int direction) override { shownDirection = direction; }
     void moveSpeedIndicator() override {}
-    void showNotice() override { ++noticesShown; }
+    void showState() override { ++statesShown; }
     void showPicture() override { ++shown; }
     void focusPicture() override {}
-    void showRunState() override { ++runStates; }
 
     QString elapsed;
     QString remaining;
     std::vector<int> scrollValues;
-    int shownDirection = 1;
-    /// How often the notice followed its time.
-    int noticesShown = 0;
-    int runStates = 0;
+    /// How often the controls followed the show's state.
+    int statesShown = 0;
     int shown = 0;
 };
 

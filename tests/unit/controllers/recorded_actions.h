@@ -12,7 +12,7 @@ class RecordedActions final : public ShowActions {
 public:
     explicit RecordedActions(Session& session) : m_session(session) {}
 
-    void keyDown(int& keyCode, int&) override { keys.push_back(keyCode); }
+    void Picture1_KeyDown(int& keyCode, int&) override { keys.push_back(keyCode); }
     void setSpeed(double scrollSpeed) override { m_session.settings.ScrollSpeed = scrollSpeed; }
 
     std::vector<int> keys;

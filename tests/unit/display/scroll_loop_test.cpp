@@ -77,7 +77,7 @@ TEST_F(ScrollLoopTest, SpeedBeyondTheMiddleTurnsTheTextWithoutMovingIt) {
     at(12, [&] { settings.ScrollSpeed = 195; });
     runUntil(13);
     EXPECT_EQ(show.ScrollDirection, -1);
-    EXPECT_EQ(screen.shownDirection, -1);
+    EXPECT_EQ(screen.statesShown, 2);
     EXPECT_LT(ring.top(), topAtTurn - 100);
 }
 
@@ -291,8 +291,11 @@ TEST_F(ScrollLoopTest, NoticeGoesAfterTwoSeconds) {
     prepare(2000);
     startAt(0);
     at(5, [&] { show.MessageShownAt = t.clock.Timer(); });
-    at(6.8, [&] { EXPECT_EQ(screen.noticesShown, 0); });
-    at(8, [&] { EXPECT_EQ(screen.noticesShown, 1); });
+    at(6.8, [&] { EXPECT_EQ(screen.statesShown, 1); });
+    at(8, [&] {
+        EXPECT_EQ(screen.statesShown, 2);
+        EXPECT_EQ(show.MessageShownAt, 0);
+    });
     runUntil(9);
 }
 
