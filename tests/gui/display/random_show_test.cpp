@@ -1,33 +1,58 @@
+#include "controllers/speed_mapping.h"
 #include "core/arrangement.h"
 #include "core/screen_scale.h"
 #include "display/display_geometry.h"
 #include "display/show_hand_over.h"
 #include "display/speaker_window.h"
 #include "display/text_window.h"
+#include "support/modal_action.h"
 #include "support/quiet_observer.h"
 #include "support/test_session.h"
 #include "tall_picture.h"
+#include "widgets/up_down.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QPushButton>
 #include <QScrollBar>
+#include <QTimer>
 #include <QWheelEvent>
 
+#include <map>
 #include <random>
 
 using namespace velmora;
 
 namespace {
 
-/// Plays a show with random acts at its keys and scroll bar, and compares the window with the tall
-/// picture of the script at every moment at which a handler can look.
+/// Which show is played, and how closely it is looked at.
+struct RandomPlay final {
+    unsigned seed = 1;
+    int mirrorMode = mirror::OneDisplay;
+    bool timed = false;
+    /// Looks at the window between two acts.
+    int looks = 9;
+    /// Every so many looks the picture is compared.
+    int comparison = 1;
+};
+
+/// What a show is doing when an act falls into it.
+enum class Moment { Ready, Running, Still, Paused, Blank, AtLimit, FullScreen, Looping };
+
+/// Plays a show with random acts at its keys, its controls and its devices, and compares the window
+/// with the tall picture of the script at moments at which a handler can look.
 class RandomShow final : public QuietObserver {
 public:
-    RandomShow(unsigned seed, int mirrorMode) : m_random(seed), m_mirrorMode(mirrorMode) {}
+    explicit RandomShow(const RandomPlay& play)
+        : m_play(play), m_mirrorMode(play.mirrorMode), m_random(play.seed) {
+        QObject::connect(&m_modalUser, &QTimer::timeout, [this] { useModalWindow(); });
+        m_modalUser.start(0);
+    }
 
     void play(int acts) {
         m_actsLeft = acts;
@@ -39,6 +64,10 @@ public:
         settings.MirrorMode = m_mirrorMode;
         settings.LineSpacingIndex = 1 + static_cast<int>(m_random() % 36);
         settings.ScrollSpeed = static_cast<int>(m_random() % 256);
+        settings.TimedDisplay = m_play.timed ? 1 : 0;
+        const int controllers[] = {controller::Unchosen, controller::Foot, controller::None,
+                                   controller::Trigger, controller::RfWireless};
+        settings.ControllerType = controllers[upTo(5)];
         t.session.show.StartFromCursor = static_cast<int>(m_random() % 2);
         t.session.show.StartPosition = static_cast<double>(m_random() % 20);
         t.pump.setEveryPump([this] { turn(); });
@@ -47,6 +76,7 @@ public:
         handOver.RunPrompter();
         EXPECT_EQ(m_actsLeft, 0);
         EXPECT_GT(m_checks, acts);
+        EXPECT_EQ(t.pointer.confinedTo, nullptr);
     }
 
     void showPrepared(const ShowTables& tables, const DisplayGeometry& geometry,
@@ -66,9 +96,15 @@ public:
         m_tall = std::make_unique<TallPicture>(rtb1, tables, geometry.WindowWidth(), rtb1.zoom(),
                                                rtb1.SelAlignment().value_or(Alignment::Left));
     }
+    void limitReached() override { m_atLimit = true; }
     void loopEnded() override { m_text = nullptr; }
 
     TestSession t;
+    /// Acts by the moment that they fell into.
+    std::map<Moment, int> actsIn;
+    /// Modal windows met: the search, the question of a mirrored show.
+    int searches = 0;
+    int questions = 0;
 
 private:
     [[nodiscard]] int upTo(int limit) { return static_cast<int>(m_random() % unsigned(limit)); }
@@ -101,29 +137,67 @@ private:
         if (m_text == nullptr || !m_text->isVisibleTo(m_window)) {
             return;
         }
-        check();
-        if (++m_turns % 9 != 0) {
+        look();
+        if (++m_turns % m_play.looks != 0) {
             return;
         }
         if (m_actsLeft == 0) {
-            // By the keys alone, whatever state the acts have led to.
-            press(t.session.show.BlankState == 1 ? Qt::Key_F12 : Qt::Key_Escape);
+            leave();
             return;
         }
         --m_actsLeft;
+        ++actsIn[moment()];
         act();
-        check();
+        look();
+    }
+
+    /// By the keys or by the window's frame, whatever state the acts have led to.
+    void leave() {
+        if (m_play.seed % 4 == 0) {
+            m_window->close();
+        } else {
+            press(t.session.show.BlankState == 1 ? Qt::Key_F12 : Qt::Key_Escape);
+        }
+    }
+
+    [[nodiscard]] Moment moment() {
+        const ShowState& show = t.session.show;
+        const Settings& settings = t.session.settings;
+        m_atLimit = m_atLimit && show.PauseState != pause::Scrolling;
+        if (show.BlankState == 1) {
+            return Moment::Blank;
+        }
+        if (m_atLimit) {
+            return Moment::AtLimit;
+        }
+        if (show.PauseState == pause::BeforeStart) {
+            return Moment::Ready;
+        }
+        if (show.PauseState == pause::Paused) {
+            return Moment::Paused;
+        }
+        if (!m_play.timed &&
+            (isFullRange(settings.ScrollSpeedControl) ? inStopZone(settings.ScrollSpeed)
+                                                      : inDeadBand(settings.ScrollSpeed))) {
+            return Moment::Still;
+        }
+        if (settings.FullScreenMode == 1) {
+            return Moment::FullScreen;
+        }
+        return settings.AutomaticLooping == 1 ? Moment::Looping : Moment::Running;
     }
 
     void act() {
-        constexpr int Keys[] = {Qt::Key_Space,    Qt::Key_Return,    Qt::Key_Left, Qt::Key_Right,
-                                Qt::Key_Up,       Qt::Key_Down,      Qt::Key_Home, Qt::Key_End,
-                                Qt::Key_0,        Qt::Key_1,         Qt::Key_F9,   Qt::Key_F10,
-                                Qt::Key_F12,      Qt::Key_2,         Qt::Key_3,    Qt::Key_PageUp,
-                                Qt::Key_PageDown, Qt::Key_Backspace, Qt::Key_F13,  Qt::Key_F14,
-                                Qt::Key_F16,      Qt::Key_F20,       Qt::Key_F22,  Qt::Key_F23,
-                                Qt::Key_F24,      Qt::Key_F3,        Qt::Key_A};
-        switch (upTo(7)) {
+        constexpr int Keys[] = {
+            Qt::Key_Space, Qt::Key_Return, Qt::Key_Left, Qt::Key_Right,     Qt::Key_Up,
+            Qt::Key_Down,  Qt::Key_Home,   Qt::Key_End,  Qt::Key_0,         Qt::Key_1,
+            Qt::Key_2,     Qt::Key_3,      Qt::Key_4,    Qt::Key_5,         Qt::Key_6,
+            Qt::Key_7,     Qt::Key_8,      Qt::Key_9,    Qt::Key_PageUp,    Qt::Key_PageDown,
+            Qt::Key_F9,    Qt::Key_F10,    Qt::Key_F12,  Qt::Key_Backspace, Qt::Key_F13,
+            Qt::Key_F14,   Qt::Key_F15,    Qt::Key_F16,  Qt::Key_F17,       Qt::Key_F18,
+            Qt::Key_F19,   Qt::Key_F20,    Qt::Key_F21,  Qt::Key_F22,       Qt::Key_F23,
+            Qt::Key_F24,   Qt::Key_F3,     Qt::Key_B,    Qt::Key_F,         Qt::Key_A};
+        switch (upTo(9)) {
         case 0:
             m_jumped = true;
             if (const int line = upTo(m_bar->maximum() + 1); line != m_bar->value()) {
@@ -135,14 +209,21 @@ private:
             t.session.settings.ScrollSpeed = upTo(256);
             break;
         case 2:
-            t.session.show.ReverseToBackward = upTo(2);
-            t.session.show.ReverseToForward = 1 - t.session.show.ReverseToBackward;
+            press(Qt::Key_Backspace);
             break;
         case 3:
             t.session.show.PauseState = 0;
             break;
         case 4:
             usePointer();
+            break;
+        case 5:
+            useControls();
+            break;
+        case 6:
+            // The pedal's three buttons, several at a time, none.
+            t.joystick.held = static_cast<std::uint32_t>(upTo(8));
+            t.joystick.plugged = upTo(4) != 0;
             break;
         default:
             // Many of the keys jump.
@@ -161,9 +242,41 @@ private:
         QApplication::sendEvent(m_text, &event);
     }
 
-    /// A press and a drag on the text or on the scale, or a turn of the wheel.
+    /// The arrow's place, and the bar and the buttons of a timed show where they are in sight.
+    void useControls() {
+        m_window->findChild<UpDown*>(u"Vscroll2"_qs)->setValue(upTo(400));
+        const char16_t* names[] = {u"Command1", u"Command2"};
+        auto* button = m_window->findChild<QPushButton*>(QString::fromUtf16(names[upTo(2)]));
+        if (auto* bar = m_window->findChild<QScrollBar*>(u"Hscroll1"_qs);
+            bar->isVisibleTo(m_window)) {
+            bar->setValue(upTo(3700));
+        }
+        if (button->isVisibleTo(m_window)) {
+            button->click();
+        }
+    }
+
+    /// The search window and the question of a mirrored show.
+    void useModalWindow() {
+        QWidget* window = QApplication::activeModalWidget();
+        if (window == nullptr) {
+            return;
+        }
+        auto* text = window->findChild<QLineEdit*>();
+        ++(text != nullptr ? searches : questions);
+        if (text != nullptr && upTo(2) == 0) {
+            m_jumped = true;
+            text->setText(upTo(3) == 0 ? u"nowhere"_qs : u"ne ^1"_qs);
+            clickButton(*window, upTo(2) == 0 ? u"Find Next" : u"Find Previous");
+        } else {
+            window->close();
+        }
+    }
+
+    /// A press and a drag on the text, on the scale or on its thumb, or a turn of the wheel.
     void usePointer() {
-        QWidget* target = upTo(2) == 0 ? m_text : m_window->findChild<QWidget*>(u"Picture6"_qs);
+        QWidget* target =
+            upTo(2) == 0 || m_play.timed ? m_text : m_window->findChild<QWidget*>(u"Picture6"_qs);
         const QPointF from(upTo(target->width()), upTo(target->height()));
         const QPointF to(upTo(target->width()), upTo(target->height()));
         const Qt::MouseButton button = upTo(2) == 0 ? Qt::LeftButton : Qt::RightButton;
@@ -191,16 +304,40 @@ private:
         EXPECT_EQ(m_text->surface().top(), std::min(top, lowest)) << "line " << line;
     }
 
-    void check() {
+    void look() {
         ++m_checks;
+        const ShowState& show = t.session.show;
         const std::int64_t top = m_text->surface().top();
-        // Between two looks the window moves by a step at most, unless something jumped.
+        // Between two looks the window moves by a step at most, unless something jumped; what is
+        // made ready again does.
+        const bool madeReady = m_play.timed && show.PauseState != pause::Scrolling;
+        const bool looping = !m_play.timed && t.session.settings.AutomaticLooping == 1;
         const std::int64_t moved = std::abs(top - m_lastTop);
-        if (!m_jumped && t.session.settings.AutomaticLooping == 0 && m_checks > 1) {
+        if (!m_jumped && !madeReady && !looping && m_checks > 1) {
             ASSERT_LE(moved, t.session.settings.RowStep);
         }
-        m_jumped = t.session.show.BookmarkJump != 0;
+        m_jumped = show.BookmarkJump != 0;
         m_lastTop = top;
+        if (m_speakerText != nullptr) {
+            ASSERT_EQ(m_speakerText->surface().top(), top);
+        }
+        if (m_checks % m_play.comparison == 0) {
+            compare(top);
+            expectMarkOfDirection();
+        }
+    }
+
+    void expectMarkOfDirection() {
+        const ShowState& show = t.session.show;
+        const bool inSight =
+            !m_play.timed && t.session.settings.FullScreenMode == 0 && show.BlankState == 0;
+        if (show.ReverseToBackward == 0 && show.ReverseToForward == 0) {
+            ASSERT_EQ(m_window->findChild<QWidget*>(u"Picture5"_qs)->isVisibleTo(m_window),
+                      inSight && show.ScrollDirection < 0);
+        }
+    }
+
+    void compare(std::int64_t top) {
         const QImage plain = m_tall->window(top, m_rows);
         const QImage flipped = plain.mirrored(true, false);
         ASSERT_EQ(m_text->surface().toImage(), m_mirrorMode == mirror::Mirrored ? flipped : plain)
@@ -208,13 +345,13 @@ private:
         if (m_speakerText != nullptr) {
             ASSERT_EQ(m_speakerText->surface().toImage(), flipped) << "top row " << top;
         }
-        if (m_checks % 50 == 0) {
-            checkWindow(top);
+        if (++m_comparisons % 50 == 0) {
+            compareWindow(top);
         }
     }
 
     /// What is painted: the picture between its margins, or nothing while the screen is blanked.
-    void checkWindow(std::int64_t top) {
+    void compareWindow(std::int64_t top) {
         const QImage painted = m_text->grab().toImage().convertToFormat(QImage::Format_RGB32);
         QImage expected(painted.size(), QImage::Format_RGB32);
         expected.fill(Qt::black);
@@ -229,8 +366,10 @@ private:
         ASSERT_EQ(painted, expected);
     }
 
-    std::mt19937 m_random;
+    RandomPlay m_play;
     int m_mirrorMode;
+    std::mt19937 m_random;
+    QTimer m_modalUser;
     QPointer<QWidget> m_window;
     TextWindow* m_text = nullptr;
     TextWindow* m_speakerText = nullptr;
@@ -241,6 +380,8 @@ private:
     int m_actsLeft = 0;
     int m_turns = 0;
     int m_checks = 0;
+    int m_comparisons = 0;
+    bool m_atLimit = false;
     bool m_jumped = true;
     std::int64_t m_lastTop = 0;
 };
@@ -248,13 +389,50 @@ private:
 } // namespace
 
 TEST(RandomShow, WindowsAreAlwaysAPartOfTheTallPicture) {
-    for (unsigned seed = 1; seed <= 24; ++seed) {
+    for (unsigned seed = 1; seed <= 30; ++seed) {
         const int modes[] = {mirror::OneDisplay, mirror::Mirrored, mirror::TwoDisplays};
         SCOPED_TRACE(seed);
-        RandomShow show(seed, modes[seed % 3]);
+        RandomShow show(RandomPlay{seed, modes[seed % 3], seed % 5 == 0});
         show.play(60);
         if (::testing::Test::HasFailure()) {
             return;
+        }
+    }
+}
+
+TEST(RandomShow, TwentyThousandActsInEachWindowHarmNothing) {
+    constexpr int Shows = 20;
+    constexpr int ActsOfAShow = 1000;
+    constexpr int ActsInAMoment = 100;
+    for (const int mode : {mirror::OneDisplay, mirror::Mirrored, mirror::TwoDisplays}) {
+        for (const bool timed : {false, true}) {
+            std::map<Moment, int> acts;
+            int searches = 0;
+            int questions = 0;
+            for (unsigned seed = 1; seed <= Shows; ++seed) {
+                SCOPED_TRACE(testing::Message()
+                             << "mode " << mode << " timed " << timed << " seed " << seed);
+                RandomShow show(RandomPlay{seed, mode, timed, 2, 40});
+                show.play(ActsOfAShow);
+                for (const auto& [moment, count] : show.actsIn) {
+                    acts[moment] += count;
+                }
+                searches += show.searches;
+                questions += show.questions;
+                if (::testing::Test::HasFailure()) {
+                    return;
+                }
+            }
+            std::vector<Moment> moments = {Moment::Ready, Moment::Running, Moment::AtLimit};
+            if (!timed) {
+                moments.insert(moments.end(), {Moment::Still, Moment::Paused, Moment::Blank,
+                                               Moment::FullScreen, Moment::Looping});
+            }
+            for (const Moment moment : moments) {
+                EXPECT_GT(acts[moment], ActsInAMoment) << static_cast<int>(moment);
+            }
+            EXPECT_EQ(searches > 0, !timed);
+            EXPECT_EQ(questions > 0, !timed && mode == mirror::Mirrored);
         }
     }
 }

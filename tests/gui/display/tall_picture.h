@@ -24,7 +24,7 @@ public:
         const int rows = static_cast<int>(tables.scanTable.rowCount());
         m_picture = QImage(width, std::max(1, rows), QImage::Format_RGB32);
         m_picture.fill(m_background);
-        int top = 0;
+        int top = static_cast<int>(tables.scanTable.firstRowOfLine(0));
         for (int line = 0; line < tables.scanTable.lineCount(); ++line) {
             const int next = static_cast<int>(tables.scanTable.firstRowOfLine(line + 1));
             drawLine(script, tables.lineTable[static_cast<std::size_t>(line)], top, next - top,
