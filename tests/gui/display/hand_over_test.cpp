@@ -2,7 +2,9 @@
 #include "display/display_window.h"
 #include "display/script_preparation.h"
 #include "display/show_hand_over.h"
+#include "platform/desktop/appearance_effects.h"
 #include "show_fixture.h"
+#include "support/modal_action.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +15,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+
+#include <tuple>
 
 using namespace velmora;
 
@@ -25,11 +29,15 @@ class HandOver : public ShowFixture {};
 TEST_F(HandOver, CaretReturnsToTheLineThatWasOnTop) {
     show.StartFromCursor = 1;
     show.StartPosition = 12;
+    int& smoothing = t.effects.values[AppearanceSetting::FontSmoothingType];
+    smoothing = ClsAppearanceEffects::SubpixelSmoothing;
     showFor(1, [&] {
         EXPECT_EQ(show.ShowRunning, 1);
+        EXPECT_EQ(smoothing, ClsAppearanceEffects::NoSmoothing);
         EXPECT_FALSE(rtb1.redraw());
     });
     EXPECT_EQ(shows, 1);
+    EXPECT_EQ(smoothing, ClsAppearanceEffects::SubpixelSmoothing);
     EXPECT_EQ(caretLine(), 12);
     EXPECT_EQ(t.host.linesToTop, std::vector<int>{12});
     EXPECT_EQ(t.host.activity, (std::vector<bool>{false, true}));
@@ -74,6 +82,9 @@ TEST_F(HandOver, MissingSecondDisplayIsToldAndEndsTheShow) {
     EXPECT_EQ(shows, 0);
     ASSERT_EQ(t.messages.boxes.size(), 1u);
     EXPECT_EQ(t.messages.boxes[0].title, u"Display 2 Not Available"_qs);
+    EXPECT_EQ(t.messages.boxes[0].text,
+              u"I can only detect 1 available display.  Please enable Display 2 using the Display "
+              u"Properties Settings menu."_qs);
     EXPECT_EQ(show.ShowRunning, 0);
 }
 
@@ -103,6 +114,16 @@ TEST_F(HandOver, KeysSteerTheShow) {
         EXPECT_EQ(settings.ScrollSpeed, 58);
         press(Qt::Key_Down);
         EXPECT_EQ(settings.ScrollSpeed, 78);
+        const auto hold = [&](int key) {
+            QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(display->focusWidget(), &repeated);
+        };
+        hold(Qt::Key_Space);
+        EXPECT_EQ(show.PauseState, 0) << "acts once a press";
+        const QImage scale = control("Picture6")->grab().toImage();
+        hold(Qt::Key_Right);
+        EXPECT_EQ(settings.ScrollSpeed, 76);
+        EXPECT_NE(control("Picture6")->grab().toImage(), scale) << "the thumb follows";
         const QRect before = display->focusWidget()->geometry();
         press(Qt::Key_F10);
         EXPECT_EQ(settings.FullScreenMode, 1);
@@ -112,8 +133,14 @@ TEST_F(HandOver, KeysSteerTheShow) {
         EXPECT_EQ(display->focusWidget()->geometry(), before);
         press(Qt::Key_F9);
         EXPECT_EQ(settings.ArrowVisible, 0);
+        press(Qt::Key_B);
     });
     EXPECT_EQ(shows, 1);
+    ASSERT_EQ(t.messages.boxes.size(), 1u);
+    EXPECT_EQ(t.messages.boxes[0].title, u"Add New Bookmark"_qs);
+    EXPECT_EQ(t.messages.boxes[0].text,
+              u"You have inserted 1 new bookmark.  Do you wish to add this new bookmark to your "
+              u"script?"_qs);
 }
 
 TEST_F(HandOver, ControlsInSightFollowTheStateAlone) {
@@ -201,7 +228,66 @@ TEST_F(HandOver, UnattendedLoopingShowIgnoresTheSpeedKeys) {
         EXPECT_EQ(show.PauseState, 0);
         press(Qt::Key_Left);
         EXPECT_EQ(settings.ScrollSpeed, 60);
+        press(Qt::Key_0);
     });
+    EXPECT_GT(caretLine(), 30);
+}
+
+TEST_F(HandOver, FullRangeTurnsByKeyOnTheWayAndAtEitherEnd) {
+    settings.ScrollSpeedControl = 1;
+    settings.ScrollSpeed = 255;
+    struct Row {
+        int second, key, pauseBefore, direction;
+    };
+    for (const Row& row : {Row{10, Qt::Key_Backspace, 1, -1}, Row{11, Qt::Key_F24, 0, 1},
+                           Row{20, Qt::Key_Space, 1, -1}, Row{30, Qt::Key_F24, 1, 1}}) {
+        t.pump.at(row.second, [this, row] {
+            EXPECT_EQ(show.PauseState, row.pauseBefore);
+            press(row.key);
+        });
+        t.pump.at(row.second + 0.5, [this, row] {
+            EXPECT_EQ(show.PauseState, 0);
+            EXPECT_EQ(show.ScrollDirection, row.direction) << row.second;
+            EXPECT_EQ(control("Picture4")->isVisibleTo(display), row.direction > 0);
+            EXPECT_EQ(control("Picture5")->isVisibleTo(display), row.direction < 0);
+        });
+    }
+    t.pump.at(0.2, [&] { press(Qt::Key_Space); });
+    showFor(35, [&] { EXPECT_EQ(settings.ScrollSpeed, 0) << "folded at the start"; });
+}
+
+TEST_F(HandOver, FindOpensWhereTheTextStandsStill) {
+    for (const auto& [range, speed, opens] :
+         {std::tuple(0, 120, true), {0, 137, false}, {1, 250, true}, {1, 249, false}}) {
+        showFor(0.1, [&, range = range, speed = speed, opens = opens] {
+            std::tie(settings.ScrollSpeedControl, settings.ScrollSpeed, show.PauseState) =
+                std::tuple(range, speed, 0);
+            const ModalAction leave([](QWidget& window) { window.close(); });
+            press(Qt::Key_F);
+            EXPECT_EQ(leave.done(), opens) << range << " at " << speed;
+        });
+    }
+}
+
+TEST_F(HandOver, TimedWindowsKnowTheirKeys) {
+    settings.TimedDisplay = 1;
+    const auto seen = [&](const char* name) { return control(name)->isVisibleTo(display); };
+    t.pump.at(0.2, [&] {
+        press(Qt::Key_F10);
+        for (const char* name : {"Label3", "Hscroll1", "Vscroll1", "Command1", "Command2"}) {
+            EXPECT_FALSE(seen(name)) << name;
+        }
+        press(Qt::Key_F23);
+    });
+    t.pump.at(0.4, [&] {
+        EXPECT_EQ(show.PauseState, 0) << "started";
+        press(Qt::Key_F24, Qt::ShiftModifier);
+        EXPECT_TRUE(seen("Command2") && seen("Label3"));
+        press(Qt::Key_F9);
+        EXPECT_FALSE(seen("Picture3"));
+        press(Qt::Key_F23);
+    });
+    showFor(0.6, [&] { EXPECT_TRUE(seen("Command1")) << "reset"; });
 }
 
 TEST_F(HandOver, ScrollBarRepositionsAsFarAsTheEndAllows) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QMouseEvent>
+#include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -9,7 +11,25 @@ using namespace velmora;
 
 namespace {
 
-class ShowDevices : public ShowFixture {};
+class ShowDevices : public ShowFixture {
+protected:
+    static void turnWheel(QWidget* target) {
+        QWheelEvent wheel(QPointF(50, 50), target->mapToGlobal(QPointF(50, 50)), QPoint(),
+                          QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(target, &wheel);
+    }
+    static void mouse(QWidget* target, QEvent::Type type, QPointF at, Qt::MouseButton held) {
+        QMouseEvent event(type, at, target->mapToGlobal(at), held, held, Qt::NoModifier);
+        QApplication::sendEvent(target, &event);
+    }
+    static void drag(QWidget* target, QPointF from, QPointF to,
+                     Qt::MouseButton button = Qt::LeftButton) {
+        mouse(target, QEvent::MouseButtonPress, from, button);
+        mouse(target, QEvent::MouseMove, from, button);
+        mouse(target, QEvent::MouseMove, to, button);
+        mouse(target, QEvent::MouseButtonRelease, to, button);
+    }
+};
 
 } // namespace
 
@@ -45,21 +65,12 @@ TEST_F(ShowDevices, ReachTheShow) {
     settings.ScrollSpeed = 60;
     showFor(0.2, [&] {
         QWidget* picture = display->focusWidget();
-        QWheelEvent wheel(QPointF(50, 50), picture->mapToGlobal(QPointF(50, 50)), QPoint(),
-                          QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(picture, &wheel);
+        turnWheel(picture);
         EXPECT_EQ(settings.ScrollSpeed, 58);
         QTest::mouseClick(picture, Qt::RightButton, Qt::NoModifier, QPoint(9, 9));
         EXPECT_EQ(show.PauseState, 0);
         QTest::mouseClick(picture, Qt::LeftButton, Qt::NoModifier, QPoint(9, 9));
         EXPECT_EQ(settings.ScrollSpeed, 58) << "a plain mouse drags with it";
-        QWidget* scale = control("Picture6");
-        QTest::mouseClick(scale, Qt::LeftButton, Qt::NoModifier, QPoint(324, 9));
-        EXPECT_EQ(settings.ScrollSpeed, 0);
-        QTest::mouseClick(scale, Qt::LeftButton, Qt::NoModifier, QPoint(72, 9));
-        EXPECT_EQ(show.PauseState, 0);
-        QTest::mouseClick(scale, Qt::LeftButton, Qt::NoModifier, QPoint(50, 9));
-        EXPECT_EQ(show.PauseState, 1);
     });
 }
 
@@ -67,12 +78,79 @@ TEST_F(ShowDevices, TheWheelDuringThePreparationDoesNothing) {
     bool turned = false;
     t.pump.next([&] {
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, 120), Qt::NoButton,
-                              Qt::NoModifier, Qt::NoScrollPhase, false);
             turned = turned || window->windowTitle() == u"Velmora Display"_qs;
-            QApplication::sendEvent(window, &wheel);
+            turnWheel(window);
         }
     });
     showFor(0.2, [&] { EXPECT_EQ(settings.ScrollSpeed, 60); });
     EXPECT_TRUE(turned) << "the window is there before the script is prepared";
+}
+
+TEST_F(ShowDevices, TheScaleIsPressedAndDraggedInBothWindows) {
+    struct Row {
+        int mirrorMode;
+        double from, to, speed;
+        int pause;
+    };
+    for (const Row& row :
+         {Row{0, 200, 300, 26, 0}, Row{0, 265, 203, 132, 0}, Row{0, 20, 300, 60, 0},
+          Row{0, 50, 300, 60, 1}, Row{0, 72, 300, 60, 0}, Row{1, 123, 203, 198, 0},
+          Row{1, 77, 125, 115, 0}, Row{1, 320, 9, 60, 0}, Row{1, 290, 9, 60, 1}}) {
+        settings.MirrorMode = row.mirrorMode;
+        settings.ScrollSpeed = 60;
+        showFor(0.1, [&] {
+            show.PauseState = 0;
+            drag(control("Picture6"), QPointF(row.from, 9), QPointF(row.to, 9));
+            EXPECT_EQ(settings.ScrollSpeed, row.speed) << row.from << " to " << row.to;
+            EXPECT_EQ(show.PauseState, row.pause) << row.from;
+        });
+    }
+}
+
+TEST_F(ShowDevices, MovesOverTheTextSteerAsTheControllerSays) {
+    settings.ScrollSpeedControl = 1;
+    showFor(0.1, [&] {
+        QWidget* text = display->focusWidget();
+        drag(text, QPointF(300, 300), QPointF(290, 300));
+        drag(text, QPointF(10, 10), QPointF(10, 10));
+        EXPECT_EQ(settings.ScrollSpeed, 70) << "let go in between";
+        drag(text, QPointF(300, 300), QPointF(300, 310), Qt::RightButton);
+        EXPECT_EQ(show.ReverseToBackward, 1);
+        mouse(text, QEvent::MouseButtonDblClick, QPointF(9, 9), Qt::RightButton);
+        EXPECT_EQ(show.PauseState, 0) << "its first press was the press";
+        turnWheel(control("Vscroll1"));
+        EXPECT_EQ(settings.ScrollSpeed, 68) << "the wheel is the speed's everywhere";
+        show.PauseState = 1;
+        press(Qt::Key_F12);
+        drag(text, QPointF(300, 300), QPointF(290, 300));
+        turnWheel(text);
+        EXPECT_EQ(settings.ScrollSpeed, 68) << "blank";
+        press(Qt::Key_F12);
+    });
+    settings.ControllerType = 20;
+    settings.MirrorMode = 1;
+    showFor(0.1, [&] {
+        QWidget* text = display->focusWidget();
+        const QPointF middle(text->width() / 2, text->height() / 2);
+        for (const QPointF& at : {QPointF(9, 9), middle - QPointF(10, 0)}) {
+            mouse(text, QEvent::MouseMove, at, Qt::NoButton);
+            EXPECT_EQ(t.pointer.place, text->mapToGlobal(middle).toPoint());
+        }
+        EXPECT_EQ(settings.ScrollSpeed, 73);
+        QTest::mouseClick(text, Qt::RightButton, Qt::NoModifier, QPoint(9, 9));
+        EXPECT_EQ(settings.FullScreenMode, 1);
+    });
+}
+
+TEST_F(ShowDevices, PedalStartsATimedShowOfTheLengthThatItsBarTells) {
+    settings.TimedDisplay = 1;
+    settings.TimedDisplaySeconds = 3599;
+    settings.ControllerType = 10;
+    double ended = 0;
+    onLimit = [&] { ended = t.clock.secondsSinceStart(); };
+    t.pump.at(1, [&] { control<QScrollBar>("Hscroll1")->setValue(20); });
+    t.pump.at(1.5, [&] { t.joystick.held = 4; });
+    t.pump.at(2, [&] { t.joystick.held = 0; });
+    showFor(25, [&] { EXPECT_EQ(show.AwaitingStart, 0) << "stands at its end"; });
+    EXPECT_NEAR(ended, 22, 0.05);
 }
