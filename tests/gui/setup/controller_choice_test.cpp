@@ -95,6 +95,14 @@ TEST_F(Form3Test, TheButtonPageShowsLimitedFunctionsAndSavesThem) {
             click(window, u"ShuttleXpress"_qs);
             EXPECT_FALSE(control<QWidget>(window, u"NoHandController"_qs).isVisible());
             EXPECT_EQ(rowsShown(window), row.shown);
+            QStringList texts;
+            for (int i = 0; i < list(window, 5).count(); ++i) {
+                texts += list(window, 5).item(i)->text();
+            }
+            EXPECT_EQ(texts.join(u'|').toStdString(),
+                      std::string("Exit To Editor|Next Bookmark|Pause/Resume|Previous Bookmark|"
+                                  "Reverse Direction|Toggle Arrow|Toggle Blank Screen|"
+                                  "Toggle Full Screen"));
             QTest::keyClick(&list(window, 1), Qt::Key_End);
             list(window, 3).clearSelection();
             click(window, u"CB2"_qs);

@@ -67,7 +67,9 @@ TEST_F(Form12Test, ASwatchColoursTheSampleFromItsTable) {
 
 TEST_F(Form12Test, TheSampleIsTheEditorsColumnAtAScaleAndStaysInTheMiddle) {
     settings.ColumnMargin = 160;
+    test.monitors.rectangles = {QRect(-1920, 0, 1920, 1080), QRect(0, 0, 1920, 1080)};
     open();
+    EXPECT_LT(form->geometry().right(), 0) << "on display 1";
     EXPECT_EQ(slider().value(), 160);
     const double scale = 0.45 * test.session.screen.ScaleX;
     const int W = slider().width();
