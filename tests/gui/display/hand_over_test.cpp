@@ -301,12 +301,24 @@ TEST_F(HandOver, ScrollBarRepositionsAsFarAsTheEndAllows) {
     EXPECT_LT(caretLine(), 40);
 }
 
-TEST_F(HandOver, ScriptTooLongForOneShowIsAskedAbout) {
-    rtb1.setText(u"x\r\n"_qs.repeated(32770));
+TEST_F(HandOver, ScriptTooLongForOneShowIsAskedAboutAndShownAsFarAsItGoes) {
+    rtb1.setText(u"x\r\n"_qs.repeated(40'000));
     t.messages.answers.push_back(MessageAnswer::Cancel);
     handOver.RunPrompter();
     EXPECT_EQ(shows, 0);
     ASSERT_EQ(t.messages.boxes.size(), 1u);
-    EXPECT_TRUE(t.messages.boxes[0].text.contains(u"The last 6 lines"_qs))
+    EXPECT_TRUE(t.messages.boxes[0].text.contains(u"The last 7,236 lines"_qs))
         << qPrintable(t.messages.boxes[0].text);
+    for (const int timed : {0, 1}) {
+        settings.TimedDisplay = timed;
+        t.messages.answers.push_back(MessageAnswer::Ok);
+        showFor(0.5, [&] {
+            auto* bar = control<QScrollBar>("Vscroll1");
+            EXPECT_EQ(bar->maximum(), 32'765);
+            bar->setValue(bar->maximum());
+        });
+        EXPECT_GT(caretLine(), 32'740);
+        EXPECT_LT(caretLine(), 32'765);
+        EXPECT_EQ(rtb1.lineCount(), 40'001);
+    }
 }
