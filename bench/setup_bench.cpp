@@ -1,7 +1,7 @@
 #include "app/look.h"
+#include "app/unattended_machine.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
-#include "machine_services.h"
 #include "setup/controller_choice.h"
 #include "setup/display_options.h"
 #include "setup/editor_defaults.h"
@@ -17,7 +17,7 @@ namespace {
 
 /// From the press of the button to a window that is shown and painted once.
 template<typename Window> void openWindow(benchmark::State& state) {
-    MachineServices services;
+    UnattendedMachine services;
     Session session(services.platform);
     session.screen = {1920, 1080, 3, 2.375, 32, 1};
     applyLook(*qApp, session.screen);

@@ -1,3 +1,4 @@
+#include "app/unattended_machine.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
 #include "display/display_geometry.h"
@@ -9,7 +10,6 @@
 #include "display/text_window.h"
 #include "editor/script_conventions.h"
 #include "editor/unattended_host.h"
-#include "machine_services.h"
 
 #include <benchmark/benchmark.h>
 
@@ -177,7 +177,7 @@ private:
 
 /// From the Start command to the first picture and back: an upper bound of the former.
 void BM_StartToFirstPicture(benchmark::State& state) {
-    MachineServices machine;
+    UnattendedMachine machine;
     Session session(machine.platform);
     measureScreen(machine.monitors, session.screen);
     session.displays.CmdDisplaysGiven = 1;

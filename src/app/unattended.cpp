@@ -2,6 +2,7 @@
 
 #include "app/launch_environment.h"
 #include "app/look.h"
+#include "app/unattended_machine.h"
 #include "core/app_folder.h"
 #include "core/arrangement.h"
 #include "core/command_line.h"
@@ -10,14 +11,6 @@
 #include "core/settings_file.h"
 #include "display/rehearsal.h"
 #include "editor/convert.h"
-#include "platform/desktop/appearance_service.h"
-#include "platform/desktop/screens.h"
-#include "platform/desktop/unattended_services.h"
-#include "platform/devices/pointer_widgets.h"
-#include "platform/devices/sdl_joystick.h"
-#include "platform/platform.h"
-#include "platform/timing/machine_clock.h"
-#include "platform/timing/qt_event_pump.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -37,25 +30,15 @@ public:
             appFolderFor(QCoreApplication::applicationDirPath(),
                          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
         session.keepsFiles = false;
-        measureScreen(m_monitors, session.screen);
+        measureScreen(m_machine.monitors, session.screen);
         session.settings = defaultSettings(session.AppFolder, session.screen.ScreenPixelsHigh);
     }
 
 private:
-    MachineClock m_clock;
-    QtEventPump m_pump;
-    TerminalMessageBoxes m_messages;
-    NoFileDialogs m_fileDialogs;
-    Screens m_monitors;
-    SdlJoystick m_joystick;
-    WidgetPointer m_pointer;
-    NoSleepInhibitor m_sleepInhibitor;
-    NoAppearanceService m_effects;
-    Platform m_platform{m_clock,    m_pump,    m_messages,       m_fileDialogs, m_monitors,
-                        m_joystick, m_pointer, m_sleepInhibitor, m_effects};
+    UnattendedMachine m_machine;
 
 public:
-    Session session{m_platform};
+    Session session{m_machine.platform};
 };
 
 } // namespace

@@ -37,11 +37,9 @@ void translateWirelessKey(int& keyCode, int controllerType) {
 }
 
 void translateControllerButton(int& keyCode, int& shift, const Settings& settings) {
-    // Control and Alt do not tell the buttons apart.
-    const int shiftAlone = shift & key::Shift;
     const auto button = std::find_if(
         ShuttleButtons.begin(), ShuttleButtons.end(), [&](const ShuttleButton& candidate) {
-            return candidate.keyCode == keyCode && candidate.shift == shiftAlone;
+            return candidate.keyCode == keyCode && candidate.shift == shift;
         });
     if (button == ShuttleButtons.end()) {
         return;

@@ -14,16 +14,19 @@ namespace {
 
 QString helpText() {
     return QStringLiteral(
-        "<p>Velmora can run a show on one display or on two.</p>"
-        "<p><b>One display.</b> Operator and speaker look at the same screen. Where the speaker "
-        "reads it in a mirror, the Setup can flip the text from left to right.</p>"
-        "<p><b>Two displays.</b> The operator keeps Display 1, the speaker reads a flipped copy of "
-        "it on Display 2. For this the desktop must be <i>extended</i> over both displays. A "
-        "desktop that shows the same picture on both counts as one display only.</p>"
-        "<p>Display 1 is the one further to the left. Give both displays the same resolution, so "
-        "that every line fits both.</p>"
-        "<p>How to connect and arrange displays is told by the display settings of the desktop and "
-        "by the papers that came with the computer.</p>");
+        "This version of Velmora™ supports dual-screen operation. To utilize the dual-screen "
+        "features, your computer must have multiple-monitor support enabled on the desktop.\n\n"
+        "Multiple-monitor support is available on almost every laptop with an external video port. "
+        "It is also available on desktops with multiple video cards, or with a single "
+        "\"Multi-Head\" video card.\n\n"
+        "Your multiple-monitor configuration needs to be set so that the Desktop is extended to "
+        "the second display. Use of alternative configurations (such as Desktop Mirroring) will "
+        "prevent Velmora™ from functioning correctly in dual-screen mode.\n\n"
+        "The display used by the Operator should be Display 1, and the display used by the speaker "
+        "should be Display 2. Velmora™ also requires both displays to be set to the same "
+        "resolution.\n\n"
+        "Please consult your hardware documentation or the Desktop's help if you don't know how to "
+        "configure multiple monitors.");
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QCloseEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
@@ -112,6 +113,24 @@ TEST_F(FourWindows, KeysDoWhatTheirTableSays) {
         {Qt::Key_Return, none, {}, [&] { return show.PauseState == 0; }},
         {Qt::Key_B, none, {}, [&] { return show.MessageShownAt > 0; }},
         {Qt::Key_B, none, looping, [&] { return show.MessageShownAt == 0; }},
+        {Qt::Key_F24, none, [&] { settings.ShuttleButton1 = 9; },
+         [&] { return settings.ScrollSpeed == 195; }},
+        {Qt::Key_F24, shift, [&] { settings.ShuttleButton3 = 9; },
+         [&] { return settings.FullScreenMode == 1; }},
+        {Qt::Key_F24, none, looping, [&] { return settings.ScrollSpeed == 195; }},
+        {Qt::Key_F23, shift, looping, [&] { return show.BookmarkJump == 0; }},
+        {Qt::Key_F22, shift, looping, [&] { return show.BookmarkJump == 0; }},
+        {Qt::Key_PageDown, none, looping, [&] { return show.BookmarkJump == 0; }},
+        {Qt::Key_Return, none, looping, [&] { return show.PauseState == 3; }},
+        {Qt::Key_F13, shift, {}, [&] { return settings.ScrollSpeed == 60; }},
+        {Qt::Key_Left, none, {}, [&] { return settings.ScrollSpeed == 62; }},
+        {Qt::Key_Up, none, {}, [&] { return settings.ScrollSpeed == 40; }},
+        {Qt::Key_Up, none, looping, [&] { return settings.ScrollSpeed == 60; }},
+        {Qt::Key_Home, none, {}, [&] { return settings.ScrollSpeed == 0; }},
+        {Qt::Key_End, none, {}, [&] { return settings.ScrollSpeed == 127; }},
+        {Qt::Key_End, none, fullRange, [&] { return settings.ScrollSpeed == 255; }},
+        {Qt::Key_Left, none, wireless, [&] { return show.BookmarkJump == 2; }},
+        {Qt::Key_Space, Qt::ControlModifier, {}, [&] { return show.PauseState == 3; }},
     };
     const Settings defaults = settings;
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -141,6 +160,7 @@ TEST_F(FourWindows, BookmarksAreJumpedToByEveryKeyThatNamesThem) {
         return caretLine();
     };
     EXPECT_EQ(after({Qt::Key_2}), 12);
+    EXPECT_EQ(after({Qt::Key_0, Qt::Key_1}), 0);
     EXPECT_EQ(after({Qt::Key_3}), 0) << "there is none";
     EXPECT_EQ(after({Qt::Key_F18, Qt::Key_F17}), 12) << "eight and four lines";
     EXPECT_EQ(after({Qt::Key_F18, Qt::Key_F19}), 7);
@@ -154,6 +174,7 @@ TEST_F(FourWindows, BookmarksAreJumpedToByEveryKeyThatNamesThem) {
     };
     EXPECT_EQ(jump(Qt::Key_PageDown, 1), 5);
     EXPECT_EQ(jump(Qt::Key_PageDown, 3), 12);
+    EXPECT_EQ(jump(Qt::Key_PageDown, 9), 20) << "the last one is left alone";
     EXPECT_EQ(jump(Qt::Key_PageUp, 1), 0);
 }
 
@@ -188,7 +209,8 @@ TEST_F(FourWindows, MirroredQuestionIsAskedByItsOwnWindow) {
     for (const bool yes : {true, false}) {
         ModalAction answer([&](QWidget& window) {
             EXPECT_NE(qobject_cast<Form6*>(&window), nullptr);
-            QTest::keyClick(&window, yes ? Qt::Key_Return : Qt::Key_Escape);
+            EXPECT_TRUE(window.accessibleDescription().startsWith(u"You have inserted 1 new "_qs));
+            clickButton(window, yes ? u"Yes" : u"No");
         });
         showFor(0.1, [&] { press(Qt::Key_B); });
         EXPECT_TRUE(answer.done());
@@ -217,6 +239,8 @@ TEST_F(FourWindows, FindMovesTheTextAndLeavingWithoutAHitPutsItBack) {
                     window->findChild<QLineEdit*>()->setText(text);
                     clickButton(*window, button);
                 } else {
+                    EXPECT_EQ(window->findChild<QLabel*>()->text() == u"No More Matches.",
+                              text == u"nowhere");
                     clickButton(*window, u"Exit");
                 }
             });
@@ -328,6 +352,9 @@ TEST_F(FourWindows, SpeakersWindowRestsWhileItsDisplayIsAway) {
     twoDisplays(QSize(1024, 600));
     t.pump.in(0.1, [&] {
         EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 1024, 600));
+        control<UpDown>("Vscroll2")->setValue(77);
+        EXPECT_EQ(speaker()->Picture3->grab().toImage(),
+                  control("Picture3")->grab().toImage().mirrored(true, false));
         press(Qt::Key_F9);
         EXPECT_FALSE(speaker()->Picture3->isVisibleTo(speaker()));
         press(Qt::Key_F12);

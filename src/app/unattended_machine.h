@@ -11,8 +11,9 @@
 
 namespace velmora {
 
-/// The machine's own services, with nobody there to answer a box or a dialog.
-struct MachineServices final {
+/// The machine's own services, with nobody there to answer a box or a dialog: what the unattended
+/// commands and the benchmarks run on. Needs the application object.
+struct UnattendedMachine final {
     MachineClock clock;
     QtEventPump pump;
     TerminalMessageBoxes messages;
