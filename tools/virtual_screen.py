@@ -92,13 +92,23 @@ class VirtualScreen:
                    stderr=subprocess.DEVNULL)
         self._wait_for_window_manager()
 
+    def end_server(self):
+        """Ends the X server alone, as at the end of a session."""
+        self._children[0].kill()
+        self._children[0].wait()
+
+    def set_monitor(self, name, rectangle, output):
+        """Makes a monitor of a part of the screen, or moves it. output: "screen", the server's only
+        one, for one of the monitors, "none" for the others."""
+        x, y, width, height = rectangle
+        # Sizes in millimetres as at 96 dpi.
+        geometry = (f"{width}/{round(width * 25.4 / 96)}x"
+                    f"{height}/{round(height * 25.4 / 96)}+{x}+{y}")
+        self.call("xrandr", "--setmonitor", name, geometry, output)
+
     def _divide(self):
-        for index, (x, y, width, height) in enumerate(self.monitors):
-            # Sizes in millimetres as at 96 dpi; the first monitor takes the server's only output.
-            geometry = (f"{width}/{round(width * 25.4 / 96)}x"
-                        f"{height}/{round(height * 25.4 / 96)}+{x}+{y}")
-            self.call("xrandr", "--setmonitor", f"monitor{index + 1}", geometry,
-                      "none" if index else "screen")
+        for index, rectangle in enumerate(self.monitors):
+            self.set_monitor(f"monitor{index + 1}", rectangle, "none" if index else "screen")
 
     def _wait_for_window_manager(self):
         """A window mapped before the manager has the screen would stay without a frame."""

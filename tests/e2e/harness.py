@@ -18,6 +18,13 @@ HELP_WINDOW = "^Multiple Monitors"
 SHOW_WINDOW = "^Velmora Display"
 SPEAKER_WINDOW = "^Velmora Speaker Display"
 
+# Lines of the settings file, from 0.
+COLUMN_MARGIN, SCROLL_SPEED, CONTROLLER_TYPE, MIRROR_MODE, SPACING, BACK_COLOUR = 0, 2, 4, 6, 7, 12
+TURBO, SPEED_CONTROL, TIMED_SECONDS, TIMED, SHUTTLE_BUTTON_1, DELAY = 21, 22, 25, 26, 27, 45
+# A first run's file, but without the help on monitors. The folders and the codes are empty.
+SETTINGS = ("12 0 60 0 0 1 0 26 0 1 0 193 0 16777215 Arial 26 - 0 1 0 0 0 0 1 0 30 0 5 4 8 2 3 "
+            "0 0 0 0 0 0 0 - - - - - - 1").replace("-", "").split(" ")
+
 
 class Picture:
     """A picture of the screen, 8 bits a channel, red first. Rows and columns count from 0."""
@@ -41,6 +48,11 @@ class Picture:
         start = y * self.width * 3
         return self._pixels[start + left * 3:start + right * 3]
 
+    def is_plain(self, box):
+        """Whether the box holds one colour alone."""
+        rows = set(self.rows(box))
+        return len(rows) == 1 and rows == {bytes(self.pixel(*box[:2])) * (box[2] - box[0])}
+
     def pixel(self, x, y):
         return tuple(self.row(y, x, x + 1))
 
@@ -60,6 +72,20 @@ class Picture:
                 return rise
         return None
 
+    def flipped_at(self, earlier, box, raised=0, left=0):
+        """The column, from left on, where the earlier picture's box stands in this one as seen in a
+        mirror and so many rows higher; None if it does not. As above, blank rows prove nothing."""
+        def flip(row):
+            return b"".join(row[i:i + 3] for i in range(len(row) - 3, -1, -3))
+        rows = [flip(row) for row in earlier.rows(box)]
+        here = self.rows((left, box[1] - raised, self.width, box[3] - raised))
+        widest = max(range(len(rows)), key=lambda y: len(rows[y].strip(rows[y][:3])))
+        at = here[widest].find(rows[widest])
+        if len(set(rows)) <= 20 or at < 0 or at % 3:
+            return None
+        found = all(row[at:at + len(wanted)] == wanted for row, wanted in zip(here, rows))
+        return left + at // 3 if found else None
+
     def save(self, path):
         with open(path, "wb") as file:
             file.write(b"P6\n%d %d\n255\n" % (self.width, self.height))
@@ -68,6 +94,10 @@ class Picture:
 
 class Desk(VirtualScreen):
     """A virtual screen with a program on it. Everything ends with the desk."""
+
+    @property
+    def settings_file(self):
+        return self.home / "program/velmora.ini"
 
     def start(self, program, *arguments):
         """Starts a copy of the program in a folder of its own, so that the files it keeps beside
@@ -143,13 +173,34 @@ class Desk(VirtualScreen):
         return tuple(int(values[name]) for name in (
             "Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
+    def answer(self, title, *keys):
+        """Waits for a window that has the keyboard, and presses keys in it that close it."""
+        self.wait_for_focus(self.wait_for_window(title))
+        self.key(*keys)
+        self.wait_until_gone(title)
+
     def open_editor(self, program, *arguments, title=""):
         """Starts the program, closes the help on monitors and waits for the main window."""
         self.start(program, *arguments)
-        self.wait_for_focus(self.wait_for_window(HELP_WINDOW))
-        self.key("Return")
-        self.wait_until_gone(HELP_WINDOW)
+        self.answer(HELP_WINDOW, "Return")
         self.wait_for_editor(title)
+
+    def write_settings(self, settings):
+        """Leaves a settings file for the next start: of a first run, but for what is given."""
+        lines = [str(settings.get(line, usual)) for line, usual in enumerate(SETTINGS)]
+        self.settings_file.parent.mkdir(exist_ok=True)
+        self.settings_file.write_bytes("".join(line + "\r\n" for line in lines).encode())
+
+    def open_script(self, program, script, settings=()):
+        """Starts the program with a script and settings, and waits for the editor."""
+        self.write_settings(dict(settings))
+        self.start(program, script)
+        self.wait_for_editor(Path(script).name)
+
+    def open_show(self, key="F1"):
+        """Starts a show from the editor and waits until it has the keyboard."""
+        self.key(key)
+        self.wait_for_focus(self.wait_for_window(SHOW_WINDOW))
 
     def wait_for_editor(self, title=""):
         """Waits for the main window with the keyboard, and the title in its caption."""
@@ -169,11 +220,35 @@ class Desk(VirtualScreen):
         return Picture.from_ppm(
             self.call("import", "-silent", "-window", "root", "-depth", "8", "ppm:-"))
 
+    def seen(self, what, condition, seconds=20):
+        """Waits for a picture that fulfils the condition, and returns it."""
+        def look():
+            picture = self.picture()
+            return picture if condition(picture) else None
+        picture = self.wait_until(what, look, seconds)
+        self.keep(picture, what.replace(" ", "_"))
+        return picture
+
+    def still_picture(self, box, what):
+        """A picture whose box has stopped changing and is not empty."""
+        def rests(now):
+            # Long enough for a program that a busy machine keeps from its next picture.
+            time.sleep(0.1)
+            return not now.is_plain(box) and now.rows(box) == self.picture().rows(box)
+        return self.seen(what, rests)
+
     def keep(self, picture, name):
         """Leaves a picture where somebody can look at it, if such a place is named."""
         folder = os.environ.get("VELMORA_E2E_PICTURES")
         if folder:
             picture.save(Path(folder) / f"{name}.ppm")
+
+
+def desk_for(case, size, monitors=()):
+    """A desk that ends with the test."""
+    desk = Desk(size, monitors)
+    case.addCleanup(desk.__exit__)
+    return desk.__enter__()
 
 
 def program_path():

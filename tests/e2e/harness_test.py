@@ -26,6 +26,22 @@ class PictureTest(unittest.TestCase):
         blank = picture_of([(0, 0, 0)] * 100)
         self.assertIsNone(blank.rise_since(blank, (0, 0, 2, 100), 20))
 
+    def test_a_box_is_found_in_a_mirror_and_refused_for_a_single_wrong_pixel(self):
+        def picture(columns):
+            return Picture(4, 40, bytes(v for y in range(40) for x in columns for v in (x, y, 0)))
+        plain, mirror = picture((1, 2, 3, 9)), picture((8, 3, 2, 1))
+        self.assertEqual(mirror.flipped_at(plain, (0, 0, 3, 40)), 1)
+        self.assertEqual(mirror.flipped_at(mirror, (2, 0, 3, 40)), 2, "a column is its own mirror")
+        self.assertIsNone(mirror.flipped_at(plain, (0, 0, 4, 40)))
+        self.assertIsNone(mirror.flipped_at(plain, (0, 1, 3, 40), raised=1))
+        self.assertIsNone(mirror.flipped_at(plain, (0, 0, 3, 40), left=2))
+
+    def test_a_box_of_one_colour_is_told_from_one_of_stripes(self):
+        stripes = Picture(2, 4, bytes((1, 2, 3, 4, 5, 6)) * 4)
+        self.assertTrue(stripes.is_plain((1, 0, 2, 4)))
+        self.assertFalse(stripes.is_plain((0, 0, 2, 4)))
+        self.assertFalse(picture_of([(0, 0, 0), (1, 0, 0)]).is_plain((0, 0, 2, 2)))
+
     def test_a_cut_off_picture_is_refused(self):
         with self.assertRaises(ValueError):
             Picture.from_ppm(b"P6\n2 2\n255\n" + bytes(11))

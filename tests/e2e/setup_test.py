@@ -3,14 +3,12 @@ file after the exit, and what was left by Escape is not."""
 
 import unittest
 
-from harness import Desk, program_path
+from harness import (BACK_COLOUR, COLUMN_MARGIN, CONTROLLER_TYPE, DELAY, MIRROR_MODE,
+                     SHUTTLE_BUTTON_1, SPACING, SPEED_CONTROL, TURBO, Desk, program_path)
 
 SETUP = "^Display Setup$"
 DEFAULTS = "^Default Editor Settings$"
 CONTROLLER = "^Setup Speed Controller$"
-# Lines of the settings file, from 0.
-COLUMN_MARGIN, CONTROLLER_TYPE, MIRROR_MODE, SPACING, BACK_COLOUR = 0, 4, 6, 7, 12
-TURBO, SPEED_CONTROL, SHUTTLE_BUTTON_1, DELAY = 21, 22, 27, 45
 
 
 class SetupTest(unittest.TestCase):
@@ -20,7 +18,7 @@ class SetupTest(unittest.TestCase):
             self.choose_in_the_setup()
             self.desk.close_by_frame()
             self.desk.program.wait(20)
-            lines = (self.desk.home / "program/velmora.ini").read_text().split("\n")
+            lines = self.desk.settings_file.read_text().split("\n")
         chosen = {number: float(lines[number]) for number in (
             COLUMN_MARGIN, CONTROLLER_TYPE, MIRROR_MODE, SPACING, BACK_COLOUR, TURBO, SPEED_CONTROL,
             SHUTTLE_BUTTON_1, DELAY)}
@@ -50,9 +48,7 @@ class SetupTest(unittest.TestCase):
         """Opens a window by a key, presses the others in it, and sees it close."""
         desk = self.desk
         desk.key(opening)
-        desk.wait_for_focus(desk.wait_for_window(title))
-        desk.key(*keys)
-        desk.wait_until_gone(title)
+        desk.answer(title, *keys)
         desk.wait_for_focus(desk.wait_for_window(SETUP))
 
 
