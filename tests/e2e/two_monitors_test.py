@@ -1,14 +1,18 @@
 """A show stands on the display that is meant for it: on the left one of two monitors, or in the
 rectangle that the command line gives; and touches nothing beside it. A speaker's display shows the
-operator's text flipped, and may be unplugged."""
+operator's text flipped. Displays may come, go and move: the show runs on."""
 
 import unittest
 
-from harness import ROOT, SHOW_WINDOW, SPEAKER_WINDOW, Desk, program_path
+from harness import (COLUMN_MARGIN, MIRROR_MODE, ROOT, SCROLL_SPEED, SHOW_WINDOW, SPEAKER_WINDOW,
+                     desk_for, program_path)
 
 SCREEN = (2080, 720)
 LEFT = (0, 0, 1280, 720)
 RIGHT = (1280, 0, 800, 600)
+SMALL_LEFT = (0, 0, 640, 480)
+# Beside a lower display a picture stands in the middle of its own.
+LARGE_PICTURE, SMALL_PICTURE = (340, 42, 940, 642), (190, 0, 460, 444)
 BESIDE = "#204060"
 BULLETIN = ROOT / "examples/bulletin.rtf"
 # Left, top, width and height of display 1, no display 2.
@@ -30,10 +34,8 @@ def around(rectangle, edge):
 
 
 class TwoMonitorsTest(unittest.TestCase):
-    def desk(self):
-        desk = Desk(SCREEN, monitors=[LEFT, RIGHT])
-        desk.__enter__()
-        self.addCleanup(desk.__exit__)
+    def desk(self, monitors=(LEFT, RIGHT)):
+        desk = desk_for(self, SCREEN, monitors)
         desk.call("xsetroot", "-solid", BESIDE)
         return desk
 
@@ -70,40 +72,50 @@ class TwoMonitorsTest(unittest.TestCase):
         desk.wait_for_focus(desk.wait_for_window(SHOW_WINDOW))
         desk.leave_show(lambda: desk.key("Escape"))
 
-    def test_the_speaker_sees_the_same_rows_flipped_and_the_show_outlives_an_unplugged_display(self):
-        desk = self.desk()
-        # In the dead band nothing moves: the picture of the screen shows one moment of both.
-        show = desk.start(program_path(), "--rehearse", BULLETIN, "--mirror", "4", "--margin", "320",
-                          "--speed", "127", "--for", "20")
-        desk.wait_until("the speaker's window on the right monitor", lambda: any(
-            desk.geometry(window) == RIGHT for window in desk.windows(SPEAKER_WINDOW)))
-        desk.wait_until("the same text on both displays",
-                        lambda: self.flipped_text_stands_right(desk.picture()))
-        desk.keep(desk.picture(), "speaker")
+    def test_both_windows_follow_displays_that_move_grow_go_and_come_back(self):
+        # Without a monitor of its own, the server's output would become one as large as the screen.
+        desk = self.desk([RIGHT, LEFT])
+        desk.open_script(program_path(), BULLETIN, {
+            MIRROR_MODE: 4, SCROLL_SPEED: 100, COLUMN_MARGIN: 320})
+        desk.open_show()
+        self.assert_windows(desk, LEFT, RIGHT, LARGE_PICTURE)
+        desk.leave_show(lambda: desk.key("Escape"))
         desk.call("xrandr", "--delmonitor", "monitor2")
-        desk.wait_until_gone(SPEAKER_WINDOW)
-        self.assertTrue(desk.windows(SHOW_WINDOW), "the show runs on")
-        desk.call("xrandr", "--setmonitor", "monitor2", "800/212x600/159+1280+0", "none")
-        desk.wait_until("the speaker's window once more", lambda: any(
-            desk.geometry(window) == RIGHT for window in desk.windows(SPEAKER_WINDOW)))
-        self.assertTrue(self.flipped_text_stands_right(desk.picture()))
-        self.assertIsNone(show.poll())
+        desk.set_monitor("monitor2", SMALL_LEFT, "none")
+        desk.open_show()
+        desk.key("space", "space")
+        self.assert_windows(desk, SMALL_LEFT, RIGHT)
+        equal = (1280, 0, *SMALL_LEFT[2:])
+        for number, moved in enumerate((equal, (900, 100, 800, 600), RIGHT)):
+            # Another monitor with the only output: the one that had it has gone.
+            desk.set_monitor(f"moved{number}", moved, "screen")
+            self.assert_windows(desk, SMALL_LEFT, moved)
+        desk.call("xrandr", "--delmonitor", "monitor2")
+        self.assert_windows(desk, RIGHT, None)
+        desk.key("space")
+        before = desk.picture()
+        desk.seen("the text rising on the display that is left", lambda now: now.rise_since(
+            before, (RIGHT[0] + 190, 12, RIGHT[0] + 460, 430), 400))
+        desk.key("space")
+        desk.set_monitor("monitor2", SMALL_LEFT, "none")
+        self.assert_windows(desk, RIGHT, SMALL_LEFT)
+        desk.leave_show(lambda: desk.key("Escape"))
 
-    def flipped_text_stands_right(self, picture):
-        """Whether the box of the operator's first lines is on the right monitor, flipped. There it
-        stands higher by half of what the left one is higher, and anywhere sideways."""
-        box = (330, 60, 930, 560)
-        raised = (LEFT[3] - RIGHT[3] + 1) // 2 - 18
-        rows = picture.rows(box)
-        if len(set(rows)) < 20:
-            return False
-        flipped = [b"".join(row[i:i + 3] for i in range(len(row) - 3, -1, -3)) for row in rows]
-        right = [picture.row(y - raised, RIGHT[0]) for y in range(box[1], box[3])]
-        widest = max(range(len(rows)), key=lambda y: len(set(rows[y][i:i + 3] for i in range(
-            0, len(rows[y]), 3))))
-        at = right[widest].find(flipped[widest])
-        return at >= 0 and all(row[at:at + len(wanted)] == wanted
-                               for row, wanted in zip(right, flipped))
+    def assert_windows(self, desk, operator, speaker, picture=SMALL_PICTURE):
+        """Both windows come to stand in their rectangles and show the same text, or there is none
+        of the speaker's. picture: the text's columns and its window's rows, on the operator's."""
+        def places(title):
+            return [desk.geometry(window) for window in desk.windows(title)]
+        desk.wait_until(f"the operator in {operator}, the speaker in {speaker}", lambda: (
+            places(SHOW_WINDOW) == [operator] and
+            places(SPEAKER_WINDOW) == ([speaker] if speaker else [])))
+        if speaker is None:
+            return
+        (x, y, *_), (left, top, right, bottom) = operator, picture
+        text = (x + left, y + top + 20, x + right, y + bottom - 20)
+        raised = y + top - speaker[1] - (speaker[3] - (bottom - top)) // 2
+        desk.seen(f"the operator's text flipped in {speaker}",
+                  lambda now: now.flipped_at(now, text, raised, speaker[0]) is not None)
 
 
 if __name__ == "__main__":
