@@ -78,6 +78,12 @@ public:
     ScrollSurface surface;
 };
 
+/// Screens, and on the smaller one scripts of which one has ten times the rows of the other.
+void screensAndScripts(benchmark::internal::Benchmark* bench) {
+    bench->Args({1920, 1080, 0})->Args({3840, 2160, 0});
+    bench->Args({1920, 1080, 3200})->Args({1920, 1080, 32000});
+}
+
 void screens(benchmark::internal::Benchmark* bench) {
     bench->Args({1920, 1080})->Args({3840, 2160});
 }
@@ -89,7 +95,8 @@ void lineCounts(benchmark::internal::Benchmark* bench) {
 /// A step as the loop takes it: look-up, new row, ring; the lines that it renders on the way
 /// included.
 void BM_WholeStep(benchmark::State& state) {
-    PreparedShow show(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    PreparedShow show(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
+                      static_cast<int>(state.range(2)));
     show.begin();
     std::int64_t top = 0;
     show.composer.showTop(0);
@@ -103,7 +110,7 @@ void BM_WholeStep(benchmark::State& state) {
         show.composer.showTop(top);
     }
 }
-BENCHMARK(BM_WholeStep)->Apply(screens);
+BENCHMARK(BM_WholeStep)->Apply(screensAndScripts);
 
 /// The window's picture brought to the screen's back buffer.
 void BM_PresentedFrame(benchmark::State& state) {

@@ -14,6 +14,7 @@
 #include "platform/desktop/file_dialogs_widgets.h"
 #include "platform/desktop/message_boxes_widgets.h"
 #include "platform/desktop/screens.h"
+#include "platform/desktop/session_end.h"
 #include "platform/desktop/single_instance.h"
 #include "platform/devices/pointer_widgets.h"
 #include "platform/devices/sdl_joystick.h"
@@ -83,6 +84,7 @@ int runEditor(const CommandLine& line, char** argv) {
     applyLook(application, session.screen);
 
     Form1 form(session);
+    const SessionEnd sessionEnd([&form] { form.sessionEnds(); });
     QObject::connect(&form, &Form1::unloaded, &application, &QCoreApplication::quit);
     // From inside the event loop, so that leaving works from the first moment on.
     QMetaObject::invokeMethod(

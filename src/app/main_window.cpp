@@ -1,27 +1,17 @@
 #include "app/main_window.h"
 
 #include "app/dropped_file.h"
-#include "app/exit_question.h"
-#include "app/window_placement.h"
-#include "core/arrangement.h"
-#include "core/display_rects.h"
 #include "core/line_spacing.h"
 #include "core/program_name.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
 #include "editor/incoming_text.h"
 #include "editor/script_conventions.h"
-#include "platform/desktop/message_boxes.h"
-#include "platform/desktop/monitors.h"
 #include "platform/rich_text/rich_text_view.h"
-#include "platform/timing/event_pump.h"
 #include "setup/display_options.h"
-#include "setup/monitor_help.h"
 #include "widgets/font_name_combo.h"
 #include "widgets/font_size_combo.h"
 
-#include <QApplication>
-#include <QCloseEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -42,7 +32,13 @@ struct Form1::Key final {
 Form1::Form1(Session& session)
     : m_session(session), m_handOver(session, *this), m_recentFiles(session.AppFolder),
       m_loader(session, *this, session.keepsFiles ? &m_recentFiles : nullptr),
-      m_saver(session, *this), m_start(session, *this, [this] { m_handOver.RunPrompter(); }),
+      m_saver(session, *this), m_rescue(session), m_start(session, *this,
+                                                          [this] {
+                                                              // Now, so that nothing is written
+                                                              // while the script runs.
+                                                              m_rescue.keep();
+                                                              m_handOver.RunPrompter();
+                                                          }),
       m_exit(session, *this, exitSteps()), m_controls(*this, session) {
     setObjectName(QStringLiteral("Form1"));
     setAcceptDrops(true);
@@ -66,125 +62,13 @@ void Form1::connectControls() {
     m_controls.rtb1->viewport()->installEventFilter(this);
 }
 
-// --- load step -----------------------------------------------------------------------------------
-
-void Form1::Form_Load() {
-    // It pumps: a key pressed before the editor is ready must not start a command inside it.
-    command([this] { runLoadStep(); });
-}
-
-void Form1::runLoadStep() {
-    m_session.show.ShowRunning = 0;
-    m_session.script.TextChanged = 0;
-    measureScreen(m_session.platform.monitors, m_session.screen);
-    placeOnDisplay1();
-    readSettings();
-    m_controls.Hscroll1->setValue(m_session.settings.ColumnMargin);
-    m_controls.place(m_session.screen, size());
-    Hscroll1_Change();
-    applyEditorDefaults(m_session);
-    m_controls.showFont(m_session.settings.ScreenFontName, m_session.settings.ScreenFontSize);
-    updateCaption();
-    showNotice(QString());
-    show();
-    m_session.platform.pump.DoEvents();
-    focusEditor();
-    if (m_session.settings.IgnoreMonitorHelp == 0) {
-        Form11(m_session, this).showHelp();
-    }
-    if (m_session.settings.MirrorMode == mirror::TwoDisplays) {
-        checkTwoDisplays();
-    }
-    focusEditor();
-}
-
-void Form1::placeOnDisplay1() {
-    GetDisplayRect(m_session, 1);
-    const DisplayState& displays = m_session.displays;
-    placeWindow(*this, QRect(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
-                             displays.DisplayHeight));
-}
-
-void Form1::readSettings() {
-    m_settingsFile.emplace(m_session.AppFolder, m_session.screen.ScreenPixelsHigh);
-    // A file that is missing or damaged gives defaults, without a word.
-    m_settingsFile->load(m_session.settings);
-}
-
-void Form1::checkTwoDisplays() {
-    applyCheck(checkTwoDisplaysAtStart(m_session, columnSlider()));
-}
-
-ColumnSlider Form1::columnSlider() const {
-    const QSlider& slider = *m_controls.Hscroll1;
-    return {slider.minimum(), slider.maximum(), slider.value()};
-}
-
-void Form1::applyCheck(const TwoDisplayCheck& check) {
-    if (check.messageDue) {
-        m_session.platform.messages.show(MessageIcon::Critical, displayMissingTitle(),
-                                         displayMissingText(), MessageButtons::Ok);
-    }
-    m_controls.Hscroll1->setMinimum(check.slider.minimum);
-    m_controls.Hscroll1->setValue(check.slider.value);
-}
-
-// --- unload step ---------------------------------------------------------------------------------
-
-void Form1::ExitButton_Click() {
-    close();
-}
-
-void Form1::closeEvent(QCloseEvent* event) {
-    bool cancel = false;
-    Form_Unload(cancel);
-    event->setAccepted(!cancel);
-    if (!cancel) {
-        Q_EMIT unloaded();
-    }
-}
-
-void Form1::Form_Unload(bool& cancel) {
-    cancel = true;
-    if (m_session.show.ShowRunning == 1) {
-        m_session.show.ExitRequested = 1;
-    }
-    command([this, &cancel] {
-        if (m_exit.run()) {
-            UnloadAllForms(objectName());
-            m_session.platform.pump.DoEvents();
-            cancel = false;
-        }
-    });
-}
-
-ExitSequence::Steps Form1::exitSteps() {
-    ExitSequence::Steps steps;
-    steps.askToSave = [this] { Form17(m_session, this).ask(); };
-    steps.writeSettings = [this] {
-        return m_session.keepsFiles && m_settingsFile ? m_settingsFile->save(m_session.settings)
-                                                      : Outcome::success();
-    };
-    steps.saveScript = [this] { m_saver.SaveText(); };
-    return steps;
-}
-
-void Form1::UnloadAllForms(const QString& name) {
-    const auto windows = QApplication::topLevelWidgets();
-    for (QWidget* window : windows) {
-        if (window->objectName() != name && window->isVisible()) {
-            window->close();
-        }
-    }
-}
-
 // --- commands ------------------------------------------------------------------------------------
 
 bool Form1::mustRest() const {
     return m_busy || m_session.show.ShowRunning == 1;
 }
 
-template<typename Work> void Form1::command(const Work& work) {
+void Form1::command(const std::function<void()>& work) {
     if (mustRest()) {
         return;
     }
@@ -221,6 +105,7 @@ void Form1::SaveText_Click() {
             m_shownFile = script.ScriptFileName;
         }
         script.SaveFailed = 0;
+        m_rescue.keep();
         updateCaption();
     });
 }
@@ -273,6 +158,7 @@ bool Form1::rtb1_KeyDown(const QKeyEvent& event) {
 
 void Form1::rtb1_Change() {
     ++m_changes;
+    m_rescue.scriptChanged();
     if (m_session.show.ShowRunning == 1) {
         return;
     }

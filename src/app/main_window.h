@@ -9,11 +9,13 @@
 #include "display/show_hand_over.h"
 #include "editor/progress_window.h"
 #include "editor/recent_files.h"
+#include "editor/rescue_copy.h"
 #include "editor/script_loader.h"
 #include "editor/script_saver.h"
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -41,6 +43,9 @@ public:
     /// The load step: screen, settings, look, the help on monitors, the check of two displays.
     /// Returns when the editor is usable, with the window shown and empty.
     void Form_Load();
+    /// The session ends, whatever the user would say: what is unsaved goes into the rescue copy,
+    /// and the settings are written.
+    void sessionEnds();
     /// Loads a script that was named on the command line or dropped on the window.
     void openScript(const QString& path);
     /// Closes every other window of the program.
@@ -94,6 +99,8 @@ private:
     void placeOnDisplay1();
     void readSettings();
     void checkTwoDisplays();
+    /// Tells of the script that an earlier session left unsaved, and loads it if that is wanted.
+    void offerRecovered();
     [[nodiscard]] ColumnSlider columnSlider() const;
     void applyCheck(const TwoDisplayCheck& check);
     /// The setup window, and what has to be renewed when it has closed.
@@ -101,10 +108,11 @@ private:
     /// The unload step. Sets cancel when the program goes on.
     void Form_Unload(bool& cancel);
     [[nodiscard]] ExitSequence::Steps exitSteps();
+    Outcome writeSettings();
 
     /// Runs a command of the editor, unless it has to rest: during a show, another command, the
     /// exit. Meanwhile nothing else starts, nor does the window close.
-    template<typename Work> void command(const Work& work);
+    void command(const std::function<void()>& work);
     [[nodiscard]] bool mustRest() const;
     template<typename Load> void load(const Load& load);
     void updateCaption();
@@ -116,6 +124,7 @@ private:
     RecentFileTable m_recentFiles;
     ScriptLoader m_loader;
     ScriptSaver m_saver;
+    RescueCopy m_rescue;
     StartCommands m_start;
     ExitSequence m_exit;
     std::optional<SettingsFile> m_settingsFile;

@@ -111,7 +111,10 @@ TEST_F(FourWindows, KeysDoWhatTheirTableSays) {
         {Qt::Key_B, none, wireless, [&] { return show.PauseState == 0; }},
         {Qt::Key_Right, none, wireless, [&] { return show.BookmarkJump == 1; }},
         {Qt::Key_Return, none, {}, [&] { return show.PauseState == 0; }},
-        {Qt::Key_B, none, {}, [&] { return show.MessageShownAt > 0; }},
+        {Qt::Key_B,
+         none,
+         {},
+         [&] { return show.MessageShownAt > 0 && control("Picture7")->isVisibleTo(display); }},
         {Qt::Key_B, none, looping, [&] { return show.MessageShownAt == 0; }},
         {Qt::Key_F24, none, [&] { settings.ShuttleButton1 = 9; },
          [&] { return settings.ScrollSpeed == 195; }},
@@ -346,6 +349,17 @@ TEST_F(FourWindows, MirroredFaceIsThePlainOneFlipped) {
     }
     ASSERT_EQ(faces[0].size(), faces[1].size());
     EXPECT_EQ(faces[0], faces[1]);
+}
+
+TEST_F(FourWindows, RemainingTimeOfTheFullRangeIsToldInTheMirroredWindowAlone) {
+    settings.ScrollSpeedControl = 1;
+    settings.ScrollSpeed = 0;
+    for (const int mode : {0, 1}) {
+        settings.MirrorMode = mode;
+        t.pump.in(0.5, [&] { press(Qt::Key_Space); });
+        showFor(1.5,
+                [&] { EXPECT_EQ(control<ShowText>("Label4")->text() != u"00:00"_qs, mode == 1); });
+    }
 }
 
 TEST_F(FourWindows, SpeakersWindowRestsWhileItsDisplayIsAway) {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QSocketNotifier>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+namespace velmora {
+
+/// The end of the session as the desktop imposes it, by SIGTERM, SIGHUP or SIGINT: an action runs
+/// in the event loop, in a show too, and then the process ends as it would have without it. One at
+/// a time; needs the application object.
+class SessionEnd final {
+public:
+    /// lastAction must neither ask nor wait: the desktop soon ends the process by force.
+    explicit SessionEnd(std::function<void()> lastAction);
+    ~SessionEnd();
+    SessionEnd(const SessionEnd&) = delete;
+    SessionEnd& operator=(const SessionEnd&) = delete;
+
+private:
+    void arrived();
+
+    std::function<void()> m_lastAction;
+    /// The handler's end and the event loop's end of a connection.
+    std::array<int, 2> m_ends = {-1, -1};
+    std::optional<QSocketNotifier> m_notifier;
+};
+
+} // namespace velmora
