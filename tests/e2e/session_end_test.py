@@ -9,6 +9,7 @@ from harness import SCROLL_SPEED, desk_for, program_path
 SCREEN = (1280, 720)
 TEXT = (100, 12, 1200, 672)
 EXIT_QUESTION = "^Exit$"
+RECOVERED = "^Recovered Script$"
 SAVE_DIALOG = "^Save Text$"
 SPEED = 100
 LINES = "\n".join(f"Line {n}" for n in range(60))
@@ -29,23 +30,37 @@ class SessionEndTest(unittest.TestCase):
         desk.seen("the text rising", lambda now: now.rise_since(before, TEXT, 600))
         return desk
 
-    def assert_files_are_whole(self, desk):
-        self.assertEqual(desk.settings_file.read_bytes(), self.settings)
+    def assert_the_script_is_rescued(self, desk):
+        """Its own file is as it was; what was typed is in the copy beside the settings."""
         self.assertEqual(self.script.read_text(), LINES)
+        self.assertIn(b"New Line 0", (desk.settings_file.parent / "unsaved.rtf").read_bytes())
 
-    def test_a_signal_ends_the_program_and_the_next_start_finds_its_files_whole(self):
+    def speed_setting(self, desk):
+        return float(desk.settings_file.read_text().split("\n")[SCROLL_SPEED])
+
+    def test_a_signal_ends_the_program_and_the_next_start_offers_the_typed_text(self):
         desk = self.desk_with_running_show()
+        desk.key("Up")
         desk.program.send_signal(signal.SIGTERM)
-        desk.program.wait(10)
-        self.assert_files_are_whole(desk)
-        desk.start(program_path(), self.script)
-        desk.wait_for_editor(self.script.name)
+        self.assertEqual(desk.program.wait(10), -signal.SIGTERM)
+        self.assertEqual(self.speed_setting(desk), SPEED - 20)
+        self.assert_the_script_is_rescued(desk)
+        desk.start(program_path())
+        desk.answer(RECOVERED, "y")
+        desk.wait_for_editor(r"Recovered Script.rtf\*$")
+        self.assertFalse((desk.settings_file.parent / "unsaved.rtf").exists())
+        desk.close_by_frame()
+        desk.answer(EXIT_QUESTION, "n")
+        self.assertEqual(desk.program.wait(10), 0)
+        recovered = desk.settings_file.parent / "Recovered Script.rtf"
+        self.assertIn(b"New Line 0", recovered.read_bytes())
 
     def test_the_end_of_the_screen_ends_the_program_and_leaves_its_files_whole(self):
         desk = self.desk_with_running_show()
         desk.end_server()
         self.assertEqual(desk.program.wait(10), 1, "no crash on the way out")
-        self.assert_files_are_whole(desk)
+        self.assertEqual(desk.settings_file.read_bytes(), self.settings)
+        self.assert_the_script_is_rescued(desk)
 
     def test_the_show_closed_by_its_frame_leaves_the_typed_text_to_be_saved(self):
         desk = self.desk_with_running_show()
@@ -57,9 +72,8 @@ class SessionEndTest(unittest.TestCase):
         desk.answer(SAVE_DIALOG, "Return")
         self.assertEqual(desk.program.wait(10), 0)
         self.assertEqual(self.script.read_text(), "New " + LINES)
-        settings = desk.settings_file.read_text().split("\n")
-        self.assertEqual(float(settings[SCROLL_SPEED]), SPEED - 20)
-
+        self.assertEqual(self.speed_setting(desk), SPEED - 20)
+        self.assertFalse((desk.settings_file.parent / "unsaved.rtf").exists())
 
 
 if __name__ == "__main__":
