@@ -41,15 +41,6 @@ void FrameComposer::addOutput(ScrollSurface& surface, Orientation orientation) {
     m_drawn = false;
 }
 
-void FrameComposer::clear() {
-    for (const Output& output : m_outputs) {
-        for (int row = 0; row < m_source.textRows; ++row) {
-            output.surface->clearRow(output.surface->top() + row);
-        }
-    }
-    m_drawn = false;
-}
-
 void FrameComposer::showTop(std::int64_t top) {
     const std::int64_t rows = m_source.textRows;
     const std::int64_t moved = top - m_top;

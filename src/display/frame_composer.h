@@ -40,8 +40,6 @@ public:
     void begin(const FrameSource& source);
     /// Adds a picture to be kept. It is resized; all outputs show the same rows.
     void addOutput(ScrollSurface& surface, Orientation orientation);
-    /// Makes the outputs blank; the next showTop draws every row.
-    void clear();
 
     /// Brings the outputs to the picture whose first row is table row top, drawing only the rows
     /// that are not there yet. Rows before the text and past its end are blank.

@@ -52,7 +52,6 @@ ScrollLoop::PassEnd ScrollLoop::runPass(double startLine) {
     show.ReverseToBackward = 0;
     show.ReverseToForward = 0;
     m_parts.screen.showState();
-    m_parts.composer.clear();
     m_parts.navigation.showStart(startLine);
     m_parts.screen.showPicture();
     m_parts.presenter.presentNow();

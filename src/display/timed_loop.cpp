@@ -55,7 +55,6 @@ void TimedLoop::makeReady(double startLine) {
     show.ReachedEnd = 0;
     m_parts.screen.setElapsedText(QStringLiteral("00:00"));
     m_parts.screen.setRemainingText(QStringLiteral("00:00"));
-    m_parts.composer.clear();
     m_parts.navigation.showStart(startLine);
     m_pace.set(m_session.settings.TimedDisplaySeconds, rowsLeft());
     m_parts.screen.showState();
