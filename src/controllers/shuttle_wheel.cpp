@@ -9,10 +9,7 @@
 
 namespace velmora {
 
-std::optional<int> shuttleRingLines(int keyCode, int shift) {
-    if (keyCode == key::F22 && (shift & key::Shift) != 0) {
-        return std::nullopt;
-    }
+std::optional<int> shuttleRingLines(int keyCode) {
     const auto found =
         std::find_if(ShuttleRingSteps.begin(), ShuttleRingSteps.end(),
                      [keyCode](const ShuttleRingStep& step) { return step.keyCode == keyCode; });
@@ -30,14 +27,10 @@ std::optional<int> shuttleRingTarget(int lines, int line, int lastLine) {
 JogWheel::JogWheel(Session& session, ShowActions& actions)
     : m_session(session), m_actions(actions) {}
 
-bool JogWheel::keyDown(int keyCode, int shift) {
-    if ((keyCode != key::F13 && keyCode != key::F14) || (shift & key::Shift) != 0) {
-        return false;
-    }
+void JogWheel::keyDown(int keyCode) {
     const int step = nextStep();
     const double change = keyCode == key::F13 ? step : -step;
     m_actions.setSpeed(clampSpeed(m_session.settings.ScrollSpeed + change));
-    return true;
 }
 
 /// Step of a key that comes now. The time counts in whole milliseconds.

@@ -38,8 +38,8 @@ inline constexpr std::array<ShuttleRingStep, 8> ShuttleRingSteps = {{{key::F15, 
                                                                      {key::F21, -4},
                                                                      {key::F22, -8}}};
 
-/// Lines of a key of the shuttle ring; none for any other key. With Shift, F22 is a button.
-[[nodiscard]] std::optional<int> shuttleRingLines(int keyCode, int shift);
+/// Lines of a key of the shuttle ring; none for any other key.
+[[nodiscard]] std::optional<int> shuttleRingLines(int keyCode);
 
 /// Vscroll1's value after a step of the ring, lastLine being its Max; none where no step is to be
 /// made, at the end that it points to. The scroll bar refuses a value beyond an end: the line
@@ -52,8 +52,8 @@ class JogWheel final {
 public:
     JogWheel(Session& session, ShowActions& actions);
 
-    /// Carries out a jog key. False, and nothing done, for any other key.
-    bool keyDown(int keyCode, int shift);
+    /// Carries out F13 or F14.
+    void keyDown(int keyCode);
 
 private:
     int nextStep();

@@ -56,7 +56,7 @@ const OperatorKeys::Row OperatorKeys::SteeredRows[] = {
     {key::Escape, key::Escape, ShiftIs::Any, nullptr,
      [](OperatorKeys& k, int) { k.m_parts.steering.leave(); }},
     {key::F13, key::F14, ShiftIs::Up, nullptr,
-     [](OperatorKeys& k, int code) { k.m_jogWheel.keyDown(code, key::NoShift); }},
+     [](OperatorKeys& k, int code) { k.m_jogWheel.keyDown(code); }},
     {key::F24, key::F24, ShiftIs::Up, nullptr,
      [](OperatorKeys& k, int) { k.m_parts.steering.reverse(); }},
     {key::F24, key::F24, ShiftIs::Down, nullptr, nothing, key::F10},
@@ -163,7 +163,7 @@ bool OperatorKeys::canFindNext() const {
 }
 
 void OperatorKeys::turnRing(int code) {
-    if (const auto lines = shuttleRingLines(code, key::NoShift)) {
+    if (const auto lines = shuttleRingLines(code)) {
         m_parts.navigation.stepLines(*lines);
     }
 }
