@@ -30,9 +30,11 @@ struct RehearsalFigures final {
     std::int64_t lastScrollRow = 0;
     /// Of a timed show; 0 for one steered by speed.
     double secondsSet = 0;
-    /// From the rows and the table of waits, before the start.
+    /// Told before the start: of a timed show the duration that was set, else what the rows and the
+    /// table of waits come to.
     double secondsPredicted = 0;
-    /// First step to last.
+    /// Of a timed show from its start to the end of its run, else from the first step to the last,
+    /// less what taking the picture took.
     double secondsActual = 0;
     std::int64_t steps = 0;
     std::int64_t paints = 0;

@@ -12,7 +12,6 @@ class ClsAppearanceEffects final {
 public:
     /// 0 none, 1 standard, 2 by subpixels.
     static constexpr int NoSmoothing = 0;
-    static constexpr int StandardSmoothing = 1;
     static constexpr int SubpixelSmoothing = 2;
 
     explicit ClsAppearanceEffects(AppearanceService& service) : m_service(service) {}
