@@ -55,9 +55,7 @@ void Form1::runLoadStep() {
 
 void Form1::placeOnDisplay1() {
     GetDisplayRect(m_session, 1);
-    const DisplayState& displays = m_session.displays;
-    placeWindow(*this, QRect(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
-                             displays.DisplayHeight));
+    placeWindow(*this, displayRect(m_session.displays));
 }
 
 void Form1::readSettings() {

@@ -1,6 +1,7 @@
 #include "controllers/speed_mapping.h"
 
 #include "core/number_format.h"
+#include "core/speed_range.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,25 +11,22 @@ namespace velmora {
 namespace {
 
 constexpr double Growth = 1.025;
-constexpr int SlowestForward = 119;
-constexpr int Middle = 127;
-constexpr int Last = 255;
 
 } // namespace
 
 SpeedDelayTable buildSpeedDelayTable(double delayMs, int scrollSpeedControl) {
     SpeedDelayTable table{};
     if (isFullRange(scrollSpeedControl)) {
-        for (int n = 0; n <= Last; ++n) {
+        for (int n = 0; n <= speed::Last; ++n) {
             table[static_cast<std::size_t>(n)] = delayMs * std::pow(Growth, n / 2.0);
         }
         return table;
     }
-    table.fill(delayMs * std::pow(Growth, SlowestForward));
-    for (int n = 0; n <= SlowestForward; ++n) {
+    table.fill(delayMs * std::pow(Growth, speed::SlowestForward));
+    for (int n = 0; n <= speed::SlowestForward; ++n) {
         const double wait = delayMs * std::pow(Growth, n);
         table[static_cast<std::size_t>(n)] = wait;
-        table[static_cast<std::size_t>(Last - n)] = wait;
+        table[static_cast<std::size_t>(speed::Last - n)] = wait;
     }
     return table;
 }
@@ -39,18 +37,18 @@ double speedDelayMs(const SpeedDelayTable& table, double scrollSpeed) {
 }
 
 double speedAtShowStart(double scrollSpeed, int scrollSpeedControl) {
-    if (isFullRange(scrollSpeedControl) && scrollSpeed > Middle) {
-        scrollSpeed = Last - scrollSpeed;
+    if (isFullRange(scrollSpeedControl) && scrollSpeed > speed::Middle) {
+        scrollSpeed = speed::Last - scrollSpeed;
     }
     return clampSpeed(scrollSpeed);
 }
 
 double clampSpeed(double scrollSpeed) {
-    return std::clamp(scrollSpeed, 0.0, static_cast<double>(Last));
+    return std::clamp(scrollSpeed, 0.0, static_cast<double>(speed::Last));
 }
 
 bool inDeadBand(double scrollSpeed) {
-    return scrollSpeed >= 120 && scrollSpeed <= 136;
+    return scrollSpeed >= speed::DeadBandBegin && scrollSpeed <= speed::DeadBandEnd;
 }
 
 bool inStopZone(double scrollSpeed) {
@@ -65,7 +63,7 @@ double wheelSpeed(double scrollSpeed, double delta, bool modifierHeld) {
 
 double speedAfterKey(SpeedKey key, double scrollSpeed, int scrollSpeedControl) {
     const bool split = !isFullRange(scrollSpeedControl);
-    const bool backwardSide = scrollSpeed > Middle;
+    const bool backwardSide = scrollSpeed > speed::Middle;
     switch (key) {
     case SpeedKey::Left:
         return clampSpeed(scrollSpeed + 2);
@@ -76,15 +74,16 @@ double speedAfterKey(SpeedKey key, double scrollSpeed, int scrollSpeedControl) {
     case SpeedKey::Down:
         return clampSpeed(scrollSpeed + 20);
     case SpeedKey::Home:
-        return split && backwardSide ? Last : 0;
+        return split && backwardSide ? speed::Last : 0;
     case SpeedKey::End:
-        return !split ? Last : backwardSide ? Middle + 1 : Middle;
+        return !split ? speed::Last : backwardSide ? speed::Middle + 1 : speed::Middle;
     }
     return scrollSpeed;
 }
 
 bool speedLeavesLimit(double scrollSpeed, int scrollDirection) {
-    return scrollDirection > 0 ? scrollSpeed > 136 : scrollSpeed < 120;
+    return scrollDirection > 0 ? scrollSpeed > speed::DeadBandEnd
+                               : scrollSpeed < speed::DeadBandBegin;
 }
 
 } // namespace velmora

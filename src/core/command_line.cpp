@@ -4,6 +4,7 @@
 #include "core/number_format.h"
 #include "core/screen_scale.h"
 #include "core/session.h"
+#include "core/speed_range.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -16,11 +17,6 @@ namespace {
 
 constexpr qsizetype ColumnWidth = 4;
 constexpr qsizetype ColumnStride = 5;
-/// Split Range: speeds above the first do not move forward, those above the second move backward.
-constexpr double SlowestForward = 119;
-constexpr double DeadBandEnd = 136;
-/// Full Range: a show that starts at a speed above this plays another one.
-constexpr double FullRangeEnd = 127;
 
 CommandLine refused(const QString& problem) {
     CommandLine line;
@@ -112,11 +108,11 @@ struct Option final {
 constexpr std::array RehearsalOptionTable = {
     Option{u"--seconds", u"a whole number of seconds from 10 to 3599",
            [](RehearsalArguments& to, const QString& value, const QDir&) {
-               return takeWhole(value, 10, 3599, to.seconds);
+               return takeWhole(value, MinTimedSeconds, MaxTimedSeconds, to.seconds);
            }},
     Option{u"--speed", u"a number from 0 to 136, with --range full from 0 to 127",
            [](RehearsalArguments& to, const QString& value, const QDir&) {
-               return takeNumber(value, 0, DeadBandEnd, to.speed);
+               return takeNumber(value, 0, speed::DeadBandEnd, to.speed);
            }},
     Option{u"--for", u"a number of seconds from 0.1 to 86400",
            [](RehearsalArguments& to, const QString& value, const QDir&) {
@@ -163,11 +159,12 @@ QString contradiction(const RehearsalArguments& arguments) {
         return QStringLiteral("--seconds and --speed exclude each other.");
     }
     const bool splitRange = arguments.range.value_or(0) == 0;
-    const double speed = arguments.speed.value_or(0);
-    if (!splitRange && speed > FullRangeEnd) {
+    const double given = arguments.speed.value_or(0);
+    // Above the middle Full Range plays another speed than the one that was given.
+    if (!splitRange && given > speed::Middle) {
         return QStringLiteral("With --range full a show starts at a --speed from 0 to 127.");
     }
-    if (splitRange && speed > SlowestForward && !arguments.forSeconds) {
+    if (splitRange && given > speed::SlowestForward && !arguments.forSeconds) {
         return QStringLiteral("At a --speed above 119 the Split Range stands still and does not "
                               "reach the script's end: give --for as well.");
     }
@@ -302,7 +299,7 @@ void applyRehearsal(const RehearsalArguments& arguments, Session& session) {
     settings.ScrollSpeed = arguments.speed.value_or(settings.ScrollSpeed);
     settings.ScrollSpeedControl = arguments.range.value_or(settings.ScrollSpeedControl);
     settings.ScrollerTurbo = arguments.turbo ? 1 : 0;
-    settings.RowStep = arguments.turbo ? 2 : 1;
+    settings.RowStep = rowStepOf(settings.ScrollerTurbo);
     settings.ColumnMargin = arguments.margin.value_or(settings.ColumnMargin);
     settings.MirrorMode = arguments.mirror.value_or(settings.MirrorMode);
     settings.TimedDisplay = arguments.seconds ? 1 : 0;

@@ -38,6 +38,11 @@ void GetDisplayRect(Session& session, int n) {
     }
 }
 
+QRect displayRect(const DisplayState& displays) {
+    return QRect(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
+                 displays.DisplayHeight);
+}
+
 bool displayFound(const Session& session) {
     return session.displays.DisplayWidth != 0 || session.displays.DisplayHeight != 0;
 }

@@ -9,6 +9,14 @@ namespace velmora {
 /// Limits of Delay.
 inline constexpr double MinDelay = 0.1;
 inline constexpr double MaxDelay = 5.0;
+/// Limits of TimedDisplaySeconds.
+inline constexpr int MinTimedSeconds = 10;
+inline constexpr int MaxTimedSeconds = 3599;
+
+/// RowStep as it follows from ScrollerTurbo. A damaged file's values other than 0 and 1 are off.
+[[nodiscard]] constexpr int rowStepOf(int scrollerTurbo) {
+    return scrollerTurbo == 1 ? 2 : 1;
+}
 
 /// The 46 values of the settings file, in the file's order, and what is derived from them at load.
 /// Read once at start, written once at exit; in between every window reads and assigns them

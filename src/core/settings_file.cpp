@@ -184,7 +184,7 @@ void limitOr(int& value, int least, int most, int otherwise) {
 } // namespace
 
 void deriveSettings(Settings& s) {
-    s.RowStep = s.ScrollerTurbo != 0 ? 2 : 1;
+    s.RowStep = rowStepOf(s.ScrollerTurbo);
     s.SpeedControllerInUse = speedControllerInUse(s.ControllerType) ? 1 : 0;
 }
 

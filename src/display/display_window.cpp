@@ -38,11 +38,6 @@ namespace {
 constexpr int WarmScreens = 2;
 constexpr int DurationStep = 10;
 
-QRect lastDisplayRect(const DisplayState& displays) {
-    return QRect(displays.DisplayLeft, displays.DisplayTop, displays.DisplayWidth,
-                 displays.DisplayHeight);
-}
-
 } // namespace
 
 DisplayWindow::DisplayWindow(Session& session, const DisplayTraits& traits, ShowObserver* observer)
@@ -56,7 +51,7 @@ DisplayWindow::DisplayWindow(Session& session, const DisplayTraits& traits, Show
 DisplayWindow::~DisplayWindow() = default;
 
 void DisplayWindow::load() {
-    m_session.settings.RowStep = m_session.settings.ScrollerTurbo == 1 ? 2 : 1;
+    m_session.settings.RowStep = rowStepOf(m_session.settings.ScrollerTurbo);
     m_session.show.BlankState = 0;
     m_session.show.PauseState = pause::BeforeStart;
     if (!findDisplays()) {
@@ -82,10 +77,10 @@ bool DisplayWindow::findDisplays() {
         if (!displayFound(m_session)) {
             return false;
         }
-        m_speakerDisplay = lastDisplayRect(m_session.displays);
+        m_speakerDisplay = displayRect(m_session.displays);
     }
     GetDisplayRect(m_session, 1);
-    m_display = lastDisplayRect(m_session.displays);
+    m_display = displayRect(m_session.displays);
     if (m_display.isEmpty()) {
         m_display = QRect(QPoint(0, 0), m_session.platform.monitors.primarySize());
     }

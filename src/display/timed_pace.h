@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/settings.h"
+
 #include <cstdint>
 
 namespace velmora {
@@ -8,8 +10,8 @@ namespace velmora {
 class TimedPace final {
 public:
     /// Shortest and longest duration, in seconds.
-    static constexpr int LeastSeconds = 10;
-    static constexpr int MostSeconds = 3599;
+    static constexpr int LeastSeconds = MinTimedSeconds;
+    static constexpr int MostSeconds = MaxTimedSeconds;
     /// A duration that was moved makes the first run so much faster until its pace is computed
     /// anew.
     static constexpr double MovedBarFactor = 0.98;

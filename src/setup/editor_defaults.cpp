@@ -174,9 +174,7 @@ void Form12::addButtons(QVBoxLayout& column) {
 void Form12::placeOnDisplay1() {
     adjustSize();
     GetDisplayRect(m_session, 1);
-    const DisplayState& d = m_session.displays;
-    const QRect display(d.DisplayLeft, d.DisplayTop, d.DisplayWidth, d.DisplayHeight);
-    move(display.center() - rect().center());
+    move(displayRect(m_session.displays).center() - rect().center());
 }
 
 void Form12::showEvent(QShowEvent* event) {
