@@ -1,5 +1,6 @@
 #include "platform/devices/key_numbers.h"
 
+#include <QChar>
 #include <QKeyEvent>
 
 #include <array>
@@ -27,6 +28,15 @@ constexpr quint32 FirstDigitScanCode = 10;
 /// X11's scan codes of F13 to F24.
 constexpr quint32 F13ScanCode = 191;
 constexpr quint32 F24ScanCode = 202;
+/// X11's scan codes of the letters that a show knows, where a Latin keyboard has them.
+constexpr std::array<std::pair<quint32, int>, 2> LetterPlaces = {{{41, key::F}, {56, key::B}}};
+
+/// Whether a key writes something, and no letter of a Latin alphabet, ç included: such a keyboard
+/// has its F and B elsewhere.
+bool writesNoLatinLetter(int qtKey) {
+    return qtKey < Qt::Key_Escape &&
+           QChar::script(static_cast<char32_t>(qtKey)) != QChar::Script_Latin;
+}
 
 } // namespace
 
@@ -51,6 +61,11 @@ int virtualKey(const QKeyEvent& event) {
     }
     if (scanCode >= F13ScanCode && scanCode <= F24ScanCode) {
         return key::F13 + static_cast<int>(scanCode - F13ScanCode);
+    }
+    for (const auto& [place, number] : LetterPlaces) {
+        if (scanCode == place && writesNoLatinLetter(event.key())) {
+            return number;
+        }
     }
     return 0;
 }

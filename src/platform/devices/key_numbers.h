@@ -50,7 +50,8 @@ inline constexpr int Alt = 4;
 } // namespace key
 
 /// Virtual-key number of a key event, 0 for a key that a show does not know. F13 to F24 are found
-/// by their place on the keyboard too: usual X11 key maps give these keys other meanings.
+/// by their place on the keyboard too: usual X11 key maps give these keys other meanings. So are B
+/// and F on keyboards of another script.
 [[nodiscard]] int virtualKey(const QKeyEvent& event);
 
 /// Shift state of a key event.

@@ -34,6 +34,13 @@ TEST(KeyNumbers, FollowFromTheKeyElseFromItsPlace) {
         // A French digit row.
         {Qt::Key_Ampersand, 10, 49},
         {Qt::Key_Agrave, 19, 48},
+        // The places of F and B: Russian, Arabic, Dvorak, Turkish, a key map of the user's own.
+        {0x410, 41, 70},
+        {0xfefb, 56, 66},
+        {Qt::Key_U, 41, 85},
+        {Qt::Key_F, 29, 70},
+        {Qt::Key_Ccedilla, 56, 0},
+        {Qt::Key_Shift, 41, 0},
     };
     for (const Row& row : rows) {
         const QKeyEvent event(QEvent::KeyPress, row.qtKey, Qt::NoModifier, row.scanCode, 0, 0);
