@@ -46,7 +46,7 @@ private:
     LimitEnd waitToLoop();
     LimitEnd waitAtLimit();
     [[nodiscard]] bool limitWaitEnds() const;
-    /// Changes the direction without moving the picture.
+    /// upchange and downchange: changes the direction without moving the picture.
     void turn(int direction);
 
     void waitIdly();
