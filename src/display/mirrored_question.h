@@ -3,6 +3,8 @@
 #include "display/show_text.h"
 
 #include <QDialog>
+#include <QFont>
+#include <QRect>
 #include <QString>
 
 namespace velmora {
@@ -22,10 +24,15 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void layOut();
     void paintQuestion(QPainter& painter) const;
 
     QString m_title;
     QString m_text;
+    QFont m_titleFont;
+    QFont m_textFont;
+    QRect m_titleRect;
+    QRect m_textRect;
     /// No and Yes.
     ShowButton* CB1 = nullptr;
     ShowButton* CB2 = nullptr;
