@@ -32,13 +32,7 @@ struct Form1::Key final {
 Form1::Form1(Session& session)
     : m_session(session), m_handOver(session, *this), m_recentFiles(session.AppFolder),
       m_loader(session, *this, session.keepsFiles ? &m_recentFiles : nullptr),
-      m_saver(session, *this), m_rescue(session), m_start(session, *this,
-                                                          [this] {
-                                                              // Now, so that nothing is written
-                                                              // while the script runs.
-                                                              m_rescue.keep();
-                                                              m_handOver.RunPrompter();
-                                                          }),
+      m_saver(session, *this), m_rescue(session), m_start(session, *this, [this] { runShow(); }),
       m_exit(session, *this, exitSteps()), m_controls(*this, session) {
     setObjectName(QStringLiteral("Form1"));
     setAcceptDrops(true);
@@ -127,6 +121,14 @@ void Form1::runSetup() {
 
 void Form1::StartButton_Click() {
     command([this] { m_start.StartButton(); });
+}
+
+void Form1::runShow() {
+    // Now, so that nothing is written while the script runs.
+    m_rescue.keep();
+    m_handOver.RunPrompter();
+    // Bookmarks that the show has added are a change.
+    updateCaption();
 }
 
 void Form1::startFromBeginning() {

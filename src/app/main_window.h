@@ -90,6 +90,7 @@ private:
     bool rtb1_KeyDown(const QKeyEvent& event);
     /// What is pasted or dropped.
     void enterText(const QMimeData& mime);
+    void runShow();
     void startFromBeginning();
     void startFromCursor();
 

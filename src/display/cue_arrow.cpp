@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include <array>
+#include <cmath>
 
 namespace velmora {
 
@@ -53,10 +54,16 @@ void ArrowStrip::setArrow(int top) {
     update();
 }
 
+void ArrowStrip::setShare(double share) {
+    m_share = share;
+    update();
+}
+
 void ArrowStrip::paintEvent(QPaintEvent*) {
     paintFace(*this, m_orientation, [this](QPainter& painter) {
         painter.fillRect(rect(), QColor::fromRgb(m_background));
-        drawCueArrow(painter, m_top);
+        const double point = (m_top + PointY) * m_share;
+        drawCueArrow(painter, static_cast<int>(std::lround(point)) - PointY);
     });
 }
 

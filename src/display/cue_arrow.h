@@ -20,6 +20,9 @@ public:
     void setBackground(QRgb color);
     /// Top of the arrow, ArrowPosition, in pixels of the strip.
     void setArrow(int top);
+    /// The size of the text beside the strip as a share of its whole size, 1 or less: the point
+    /// stays beside the same row of it.
+    void setShare(double share);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -28,6 +31,7 @@ private:
     Orientation m_orientation;
     QRgb m_background = 0xff000000;
     int m_top = 0;
+    double m_share = 1;
 };
 
 } // namespace velmora

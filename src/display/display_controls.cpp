@@ -64,6 +64,7 @@ void DisplayControls::nameControls() {
 
 void DisplayControls::place(const DisplayGeometry& geometry) {
     Picture3->setGeometry(geometry.Picture3);
+    Picture3->setShare(geometry.share);
     for (QWidget* mark : {Picture4, Picture5, Picture7}) {
         mark->setGeometry(geometry.directionMark);
     }

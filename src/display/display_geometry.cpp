@@ -25,12 +25,12 @@ int sideMargin(const GeometryInput& input) {
 }
 
 /// The rows of controls at the window's foot.
-void layOutControls(const GeometryInput& input, DisplayGeometry& geometry) {
-    const int baseX = (input.screenWidth - ReferenceWidth) / 2;
-    const int baseY = input.screenHeight - ReferenceHeight;
+void layOutControls(const QSize& display, const DisplayTraits& traits, DisplayGeometry& geometry) {
+    const int baseX = (display.width() - ReferenceWidth) / 2;
+    const int baseY = display.height() - ReferenceHeight;
     const auto place = [&](int x, int y, int width, int height) {
-        const bool mirrored = input.traits.face == Orientation::Mirrored;
-        return QRect(mirrored ? input.screenWidth - x - width : x, baseY + y, width, height);
+        const bool mirrored = traits.face == Orientation::Mirrored;
+        return QRect(mirrored ? display.width() - x - width : x, baseY + y, width, height);
     };
     geometry.directionMark = place(baseX + 25, 445, 39, 33);
     geometry.Picture6 = place(baseX + 74, 445, 347, 34);
@@ -43,7 +43,27 @@ void layOutControls(const GeometryInput& input, DisplayGeometry& geometry) {
     geometry.Label1 = place(baseX + 500, 445, 65, 16);
     geometry.Label4 = place(baseX + 500, 462, 65, 16);
     geometry.Vscroll2 = place(0, 445, 18, 32);
-    geometry.Command3 = place(input.screenWidth - 68, 445, 68, 33);
+    geometry.Command3 = place(display.width() - 68, 445, 68, 33);
+}
+
+/// The arrow's strip and the scroll bar stand beside the text.
+void layOutBeside(const QRect& picture, DisplayGeometry& geometry) {
+    geometry.Picture3 =
+        QRect(picture.left() - ArrowStripWidth, picture.top(), ArrowStripWidth, picture.height());
+    geometry.Vscroll1 = QRect(picture.right() + 1, picture.top(), ScrollBarWidth, picture.height());
+}
+
+/// The picture where it is, if it fits into the room; else as large as it can be there.
+QRect fitted(const QRect& picture, const QRect& room) {
+    const double share = std::min({1.0, static_cast<double>(room.width()) / picture.width(),
+                                   static_cast<double>(room.height()) / picture.height()});
+    const auto shrunk = [share](int length) {
+        return std::max(1, static_cast<int>(std::floor(length * share)));
+    };
+    QRect fit(picture.topLeft(), QSize(shrunk(picture.width()), shrunk(picture.height())));
+    fit.moveLeft(std::max(room.left(), std::min(fit.left(), room.right() + 1 - fit.width())));
+    fit.moveTop(std::max(room.top(), std::min(fit.top(), room.bottom() + 1 - fit.height())));
+    return fit;
 }
 
 /// The text window on display 1, so that display 2 can show the same rows.
@@ -76,7 +96,7 @@ int DisplayGeometry::textRows() const {
 
 DisplayGeometry layOutDisplay(const GeometryInput& input) {
     DisplayGeometry geometry;
-    layOutControls(input, geometry);
+    layOutControls(QSize(input.screenWidth, input.screenHeight), input.traits, geometry);
     geometry.LineHeightFactor = input.screenHeight <= ReferenceHeight ? 1.68 : 2.05;
     geometry.SideMargin = sideMargin(input);
     const int width = static_cast<int>(freeWidth(input.screenWidth)) - 2 * geometry.SideMargin;
@@ -85,13 +105,12 @@ DisplayGeometry layOutDisplay(const GeometryInput& input) {
     if (!input.secondDisplay.isEmpty()) {
         picture = sharedPicture(picture, input);
     }
-    geometry.Vscroll1 = QRect(picture.right() + 1, picture.top(), ScrollBarWidth, picture.height());
+    // Full screen hides the scroll bar.
     if (input.FullScreenMode == 1) {
         picture.translate(FullScreenShiftX, FullScreenShiftY);
     }
     geometry.Picture1 = picture;
-    geometry.Picture3 =
-        QRect(picture.left() - ArrowStripWidth, picture.top(), ArrowStripWidth, picture.height());
+    layOutBeside(picture, geometry);
     if (!input.secondDisplay.isEmpty()) {
         layOutSpeaker(input.secondDisplay, geometry);
     }
@@ -99,13 +118,23 @@ DisplayGeometry layOutDisplay(const GeometryInput& input) {
 }
 
 void layOutSpeaker(const QSize& display, DisplayGeometry& geometry) {
-    const QSize picture = geometry.Picture1.size();
-    const int spare = display.width() - picture.width() - ArrowStripWidth;
-    const int left = spare < 0 ? spare : spare / 2;
-    const int top = std::max(0, (display.height() - picture.height()) / 2);
-    geometry.speakerPicture1 = QRect(QPoint(left, top), picture);
+    const QRect room(0, 0, display.width() - ArrowStripWidth, display.height());
+    QRect picture = fitted(QRect(QPoint(0, 0), geometry.Picture1.size()), room);
+    picture.moveTo((room.width() - picture.width()) / 2, (room.height() - picture.height()) / 2);
+    geometry.speakerPicture1 = picture;
+    geometry.speakerShare = static_cast<double>(picture.width()) / geometry.WindowWidth();
     geometry.speakerPicture3 =
-        QRect(left + picture.width(), top, ArrowStripWidth, picture.height());
+        QRect(picture.right() + 1, picture.top(), ArrowStripWidth, picture.height());
+}
+
+void moveToDisplay(const QSize& display, const DisplayTraits& traits, DisplayGeometry& geometry) {
+    const QRect room(ArrowStripWidth, 0, display.width() - ArrowStripWidth - ScrollBarWidth,
+                     display.height() - ControlRowHeight);
+    const QRect picture = fitted(geometry.Picture1, room);
+    geometry.share = static_cast<double>(picture.width()) / geometry.WindowWidth();
+    geometry.Picture1 = picture;
+    layOutControls(display, traits, geometry);
+    layOutBeside(geometry.Picture1, geometry);
 }
 
 } // namespace velmora

@@ -27,6 +27,8 @@ struct DisplayGeometry final {
     int SideMargin = 0;
     /// The visible text window.
     QRect Picture1;
+    /// Picture1's size as a share of what it has on the display of the start.
+    double share = 1;
     /// Strip left of Picture1 that holds the cue arrow.
     QRect Picture3;
     /// Direction marks and the notice: one place.
@@ -48,6 +50,7 @@ struct DisplayGeometry final {
     QRect Label3;
     /// The speaker's text window and arrow strip, in the coordinates of display 2.
     QRect speakerPicture1;
+    double speakerShare = 1;
     QRect speakerPicture3;
     /// 1.68 on screens up to 480 pixels high, else 2.05. Told by the set-up; nothing reads it.
     double LineHeightFactor = 2.05;
@@ -55,7 +58,8 @@ struct DisplayGeometry final {
     /// Picture1's size.
     [[nodiscard]] int WindowWidth() const { return Picture1.width(); }
     [[nodiscard]] int WindowHeight() const { return Picture1.height(); }
-    /// Rows of text that Picture1 shows: the margins above and below stay background.
+    /// Rows of text that Picture1 shows, where it is not shrunk: the margins above and below stay
+    /// background.
     [[nodiscard]] int textRows() const;
 };
 
@@ -73,8 +77,12 @@ inline constexpr int FullScreenShiftY = 20;
 [[nodiscard]] DisplayGeometry layOutDisplay(const GeometryInput& input);
 
 /// Places the speaker's picture, of the size of the operator's, in the middle of a display 2 of
-/// this size, with the arrow on the flipped side. On a display that is too narrow the lines'
-/// beginnings, at the right, stay in sight.
+/// this size, with the arrow on the flipped side. On a display that is too small it is shrunk.
 void layOutSpeaker(const QSize& display, DisplayGeometry& geometry);
+
+/// Moves the operator's layout to a display of another size in the middle of a show: the controls
+/// keep to its edges; the picture shows the same lines, shrunk where the display is too small. To
+/// be done behind the speaker's, whose picture it is too.
+void moveToDisplay(const QSize& display, const DisplayTraits& traits, DisplayGeometry& geometry);
 
 } // namespace velmora

@@ -77,25 +77,27 @@ bool DisplayWindow::findDisplays() {
         if (!displayFound(m_session)) {
             return false;
         }
-        m_speakerDisplay = displayRect(m_session.displays);
+        const QRect display = displayRect(m_session.displays);
+        m_speakerDisplay = {display, display};
     }
     GetDisplayRect(m_session, 1);
-    m_display = displayRect(m_session.displays);
-    if (m_display.isEmpty()) {
-        m_display = QRect(QPoint(0, 0), m_session.platform.monitors.primarySize());
+    QRect display = displayRect(m_session.displays);
+    if (display.isEmpty()) {
+        display = QRect(QPoint(0, 0), m_session.platform.monitors.primarySize());
     }
+    m_display = {display, display};
     return true;
 }
 
 /// Line count, scale and colours first, then the geometry, then the ranges, then the tables.
 void DisplayWindow::prepare() {
     ScriptLineCount = std::min(m_session.script.rtb1.lineCount(), MaxScriptLines);
-    FontScale = fitScriptScale(m_session.show.ScriptRtf, m_display.width()).FontScale;
+    FontScale = fitScriptScale(m_session.show.ScriptRtf, m_display.home.width()).FontScale;
     layOut();
     setRanges();
-    fillDisplay(*this, m_display);
+    fillDisplay(*this, m_display.now);
     activateWindow();
-    if (!m_speakerDisplay.isEmpty()) {
+    if (!m_speakerDisplay.home.isEmpty()) {
         openSpeakerWindow();
     }
     prepareTables();
@@ -145,9 +147,8 @@ void DisplayWindow::startComposer() {
 
 /// What handlers and the loop work with once there are tables.
 void DisplayWindow::createSteering() {
-    m_presenter = std::make_unique<RefreshPresenter>(
-        m_session.platform.clock, m_session.platform.monitors.refreshRate(m_display),
-        [this] { paintPicture(); });
+    m_presenter = std::make_unique<RefreshPresenter>(m_session.platform.clock, refreshRate(),
+                                                     [this] { paintPicture(); });
     m_navigation = std::make_unique<ShowNavigation>(ShowNavigation::Parts{
         m_session, m_tables, m_composer, *this, *m_presenter, m_geometry.textRows()});
     m_keys = std::make_unique<OperatorKeys>(
@@ -172,12 +173,12 @@ void DisplayWindow::layOut() {
     Picture1->setBackground(background);
     m_controls.Picture3->setBackground(background);
     m_controls.Picture6->setRange(m_session.settings.ScrollSpeedControl);
-    m_layout.screenWidth = m_display.width();
-    m_layout.screenHeight = m_display.height();
+    m_layout.screenWidth = m_display.home.width();
+    m_layout.screenHeight = m_display.home.height();
     m_layout.wrapWidth = m_session.script.rtb1.wrapWidth();
     m_layout.FontScale = FontScale;
     m_layout.traits = m_traits;
-    m_layout.secondDisplay = m_speakerDisplay.size();
+    m_layout.secondDisplay = m_speakerDisplay.home.size();
     placeControls();
     showState();
 }
@@ -185,6 +186,12 @@ void DisplayWindow::layOut() {
 void DisplayWindow::placeControls() {
     m_layout.FullScreenMode = m_session.settings.FullScreenMode;
     m_geometry = layOutDisplay(m_layout);
+    if (!m_speakerDisplay.now.isEmpty()) {
+        layOutSpeaker(m_speakerDisplay.now.size(), m_geometry);
+    }
+    if (m_display.now.size() != m_display.home.size()) {
+        moveToDisplay(m_display.now.size(), m_traits, m_geometry);
+    }
     Picture1->setGeometry(m_geometry.Picture1);
     m_controls.place(m_geometry);
 }
@@ -233,7 +240,7 @@ void DisplayWindow::openSpeakerWindow() {
     m_speaker = std::make_unique<SpeakerScriptM>(toPixel(m_session.script.rtb1.BackColor()));
     m_speaker->Picture3->setArrow(m_session.settings.ArrowPosition);
     connect(m_speaker.get(), &SpeakerScriptM::closeRequested, this, [this] { m_steering.leave(); });
-    m_speaker->standOn(m_speakerDisplay, m_geometry);
+    m_speaker->standOn(m_speakerDisplay.now, m_geometry);
     showState();
 }
 
@@ -249,7 +256,8 @@ void DisplayWindow::connectControls() {
     watchDisplays();
 }
 
-/// A display may come first and find its place later.
+/// A display may come first and find its place later. The preparation has pumped: a display may
+/// have gone already.
 void DisplayWindow::watchDisplays() {
     const auto watch = [this](const QScreen* screen) {
         connect(screen, &QScreen::geometryChanged, this, &DisplayWindow::followDisplays);
@@ -262,35 +270,43 @@ void DisplayWindow::watchDisplays() {
         }
         followDisplays();
     });
+    followDisplays();
 }
 
 /// A display that is unplugged ends nothing: both windows keep to a display that is still there;
-/// the operator's moves to another one, the speaker's rests until there is another one.
+/// the operator's moves to another one, the speaker's rests until there is another one. Both go
+/// home as soon as they can: a cable that blinks out must not swap them.
 void DisplayWindow::followDisplays() {
-    if (m_session.displays.CmdDisplaysGiven == 1) {
+    const std::vector<QRect> displays = m_session.platform.monitors.displays();
+    if (m_session.displays.CmdDisplaysGiven == 1 || displays.empty()) {
         return;
     }
-    const std::vector<QRect> displays = m_session.platform.monitors.displays();
-    const auto isThere = [&](const QRect& display) {
-        return std::ranges::find(displays, display) != displays.end();
-    };
-    if (!isThere(m_display) && !displays.empty()) {
-        m_display = displays.front();
-        fillDisplay(*this, m_display);
+    const QRect before = m_display.now;
+    m_display.choose(displays);
+    if (m_speaker) {
+        m_speakerDisplay.choose(displays, m_display.now);
+    }
+    placeControls();
+    if (m_display.now != before) {
+        fillDisplay(*this, m_display.now);
+        if (QWidget* dialog = QApplication::activeModalWidget()) {
+            // It has all keys: nobody could answer it on a display that is gone.
+            dialog->move(m_display.now.center() - dialog->rect().center());
+        }
     }
     if (m_speaker) {
-        if (!isThere(m_speakerDisplay) || m_speakerDisplay == m_display) {
-            const auto other = std::ranges::find_if(
-                displays, [&](const QRect& display) { return display != m_display; });
-            m_speakerDisplay = other == displays.end() ? QRect() : *other;
-        }
-        DisplayGeometry geometry = m_geometry;
-        layOutSpeaker(m_speakerDisplay.size(), geometry);
-        m_speaker->standOn(m_speakerDisplay, geometry);
+        m_speaker->standOn(m_speakerDisplay.now, m_geometry);
     }
+    m_presenter->setRefreshRate(refreshRate());
     if (QApplication::activeModalWidget() == nullptr) {
         activateWindow();
     }
+}
+
+/// The speaker's display counts where there is one: the speaker reads, the operator glances.
+double DisplayWindow::refreshRate() const {
+    const QRect& reader = m_speakerDisplay.now.isEmpty() ? m_display.now : m_speakerDisplay.now;
+    return m_session.platform.monitors.refreshRate(reader);
 }
 
 /// The editor beneath is disabled: brought to the front by the desktop it would hide a running show

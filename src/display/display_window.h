@@ -6,6 +6,7 @@
 #include "display/display_traits.h"
 #include "display/frame_composer.h"
 #include "display/operator_keys.h"
+#include "display/place_on_display.h"
 #include "display/pointer_control.h"
 #include "display/script_preparation.h"
 #include "display/show_loop.h"
@@ -82,6 +83,7 @@ private:
     void createSteering();
     void connectControls();
     void followDisplays();
+    [[nodiscard]] double refreshRate() const;
     void watchDisplays();
     void keepInFront(QWindow* focused);
     void paintPicture();
@@ -101,10 +103,10 @@ private:
     /// Null without a second display.
     std::unique_ptr<SpeakerScriptM> m_speaker;
 
-    /// The display on which the window stands; display 1 at the start.
-    QRect m_display;
-    /// The speaker's display, SpeakerRect; empty while there is none.
-    QRect m_speakerDisplay;
+    /// The operator's place, display 1 at the start.
+    DisplayPlace m_display;
+    /// The speaker's place, SpeakerRect; empty without a second display.
+    DisplayPlace m_speakerDisplay;
     /// Sizes at the start, which hold for the whole show whatever becomes of the displays.
     GeometryInput m_layout;
     double FontScale = 1;

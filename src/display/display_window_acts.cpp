@@ -1,7 +1,6 @@
 // DisplayWindow: what the loop, the keys and the controls of a running show have it do.
 #include "display/display_window.h"
 
-#include "controllers/controller_buttons.h"
 #include "core/number_format.h"
 #include "core/session.h"
 #include "display/show_find.h"
@@ -14,18 +13,6 @@
 #include <QKeyEvent>
 
 namespace velmora {
-
-namespace {
-
-/// A key held down repeats a change of speed or a step of the shuttle, not a toggle or a jump.
-bool repeats(int keyCode, int shift, int controllerType) {
-    translateWirelessKey(keyCode, controllerType);
-    const bool speedKey = keyCode >= key::End && keyCode <= key::Down;
-    const bool shuttle = keyCode >= key::F13 && keyCode <= key::F22 && shift == key::NoShift;
-    return speedKey || shuttle;
-}
-
-} // namespace
 
 void DisplayWindow::setElapsedText(const QString& text) {
     m_controls.Label1->setText(text);
@@ -121,9 +108,9 @@ bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {
         const auto* keyEvent = static_cast<QKeyEvent*>(event);
         int keyCode = virtualKey(*keyEvent);
         int shift = shiftState(*keyEvent);
-        const bool plain = (shift & ~key::Shift) == 0;
-        if (plain && (!keyEvent->isAutoRepeat() ||
-                      repeats(keyCode, shift, m_session.settings.ControllerType))) {
+        const bool plain =
+            (shift & ~key::Shift) == 0 && !keyEvent->modifiers().testFlag(Qt::MetaModifier);
+        if (plain && (!keyEvent->isAutoRepeat() || m_keys->repeats(keyCode, shift))) {
             Picture1_KeyDown(keyCode, shift);
         }
         return true;

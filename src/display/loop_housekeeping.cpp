@@ -16,7 +16,6 @@ constexpr double NoticeSeconds = 2;
 /// Last housekeeping phase: one more where the cycle is measured.
 constexpr int LastPhaseMeasured = 90;
 constexpr int LastPhase = 89;
-constexpr int StepsPerCycle = 91;
 
 } // namespace
 
@@ -46,13 +45,28 @@ bool LoopHousekeeping::advanceFramePhase() {
 
 /// Control updates are spread over the steps, so that none pays for more than one.
 void LoopHousekeeping::updateControls() {
+    switch (m_framePhase) {
+    case 15:
+        m_screen.setScrollValue(m_tables.scanTable.at(m_session.show.ScrollRow).line - 1);
+        break;
+    case 60:
+        checkNotice();
+        break;
+    case LastPhaseMeasured:
+        measureCycle();
+        break;
+    default:
+        if (m_shownSecond == PhasesShowClocks) {
+            updateClockOfPhase();
+        }
+    }
+}
+
+void LoopHousekeeping::updateClockOfPhase() {
     ShowState& show = m_session.show;
     switch (m_framePhase) {
     case 0:
         m_screen.setRemainingText(show.CaptionBuffer);
-        break;
-    case 15:
-        m_screen.setScrollValue(m_tables.scanTable.at(show.ScrollRow).line - 1);
         break;
     case 30:
         guardMidnight();
@@ -61,19 +75,23 @@ void LoopHousekeeping::updateControls() {
     case 45:
         m_screen.setElapsedText(show.CaptionBuffer);
         break;
-    case 60:
-        checkNotice();
-        break;
     case 75:
-        show.CaptionBuffer =
-            remainingText(m_tables.LastScrollRow - show.ScrollRow, m_secondsPerStep);
-        break;
-    case LastPhaseMeasured:
-        measureCycle();
+        show.CaptionBuffer = remainingNow();
         break;
     default:
         break;
     }
+}
+
+void LoopHousekeeping::updateClocks(double secondsPerStep) {
+    const int second = static_cast<int>(m_session.platform.clock.Timer());
+    if (second == m_shownSecond) {
+        return;
+    }
+    m_shownSecond = second;
+    m_secondsPerStep = secondsPerStep;
+    showElapsed();
+    m_screen.setRemainingText(remainingNow());
 }
 
 void LoopHousekeeping::measureCycle() {
@@ -104,6 +122,10 @@ void LoopHousekeeping::checkNotice() {
         show.MessageShownAt = 0;
         m_screen.showState();
     }
+}
+
+QString LoopHousekeeping::remainingNow() const {
+    return remainingText(m_tables.LastScrollRow - m_session.show.ScrollRow, m_secondsPerStep);
 }
 
 QString LoopHousekeeping::elapsedNow() const {

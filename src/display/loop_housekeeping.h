@@ -29,6 +29,13 @@ public:
     bool advanceFramePhase();
     /// Does the work of the current phase, at most one control.
     void updateControls();
+    /// For steps so long that a cycle of them takes more than a second: from now on the clocks
+    /// follow the time, as often as this is called, and the phases leave them alone.
+    void updateClocks(double secondsPerStep);
+    /// The clocks follow the phases again.
+    void leaveClocksToPhases() { m_shownSecond = PhasesShowClocks; }
+    /// Steps of a cycle.
+    static constexpr int StepsPerCycle = 91;
 
     /// Label1 shows the time since the start.
     void showElapsed();
@@ -37,9 +44,11 @@ public:
 
 private:
     void measureCycle();
+    void updateClockOfPhase();
     /// The elapsed clock restarts when midnight has passed.
     void guardMidnight();
     [[nodiscard]] QString elapsedNow() const;
+    [[nodiscard]] QString remainingNow() const;
 
     Session& m_session;
     ShowScreen& m_screen;
@@ -50,6 +59,9 @@ private:
     std::int64_t m_cycleStart = 0;
     /// Measured seconds a step; 0 until the first measured cycle has ended.
     double m_secondsPerStep = 0;
+    static constexpr int PhasesShowClocks = -1;
+    /// Second of the day that the clocks show, where they follow the time.
+    int m_shownSecond = PhasesShowClocks;
 };
 
 } // namespace velmora

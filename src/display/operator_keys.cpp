@@ -7,8 +7,8 @@
 #include "display/show_steering.h"
 #include "platform/devices/key_numbers.h"
 
+#include <algorithm>
 #include <array>
-#include <span>
 #include <utility>
 
 namespace velmora {
@@ -43,6 +43,8 @@ struct OperatorKeys::Row final {
     bool (OperatorKeys::*when)() const;
     void (*act)(OperatorKeys& keys, int key);
     int becomes = 0;
+    /// Acts again while the key is held down.
+    bool repeats = false;
 };
 
 /// A looping show is unattended: the keys that steer it are dead.
@@ -50,13 +52,14 @@ const OperatorKeys::Row OperatorKeys::SteeredRows[] = {
     {key::F12, key::F12, ShiftIs::Any, &OperatorKeys::canBlank,
      [](OperatorKeys& k, int) { k.m_parts.actions.toggleBlank(); }},
     {AnyKey, AnyKey, ShiftIs::Any, &OperatorKeys::blanked, nothing},
-    {key::F15, key::F21, ShiftIs::Any, nullptr,
-     [](OperatorKeys& k, int code) { k.turnRing(code); }},
-    {key::F22, key::F22, ShiftIs::Up, nullptr, [](OperatorKeys& k, int code) { k.turnRing(code); }},
+    {key::F15, key::F21, ShiftIs::Any, nullptr, [](OperatorKeys& k, int code) { k.turnRing(code); },
+     0, true},
+    {key::F22, key::F22, ShiftIs::Up, nullptr, [](OperatorKeys& k, int code) { k.turnRing(code); },
+     0, true},
     {key::Escape, key::Escape, ShiftIs::Any, nullptr,
      [](OperatorKeys& k, int) { k.m_parts.steering.leave(); }},
     {key::F13, key::F14, ShiftIs::Up, nullptr,
-     [](OperatorKeys& k, int code) { k.m_jogWheel.keyDown(code); }},
+     [](OperatorKeys& k, int code) { k.m_jogWheel.keyDown(code); }, 0, true},
     {key::F24, key::F24, ShiftIs::Up, nullptr,
      [](OperatorKeys& k, int) { k.m_parts.steering.reverse(); }},
     {key::F24, key::F24, ShiftIs::Down, nullptr, nothing, key::F10},
@@ -93,7 +96,7 @@ const OperatorKeys::Row OperatorKeys::SteeredRows[] = {
     {key::PageDown, key::PageDown, ShiftIs::Any, &OperatorKeys::notLooping,
      [](OperatorKeys& k, int) { k.m_session.show.BookmarkJump = bookmark_jump::Next; }},
     {key::End, key::Down, ShiftIs::Any, &OperatorKeys::notLooping,
-     [](OperatorKeys& k, int code) { k.changeSpeed(code); }},
+     [](OperatorKeys& k, int code) { k.changeSpeed(code); }, 0, true},
 };
 
 const OperatorKeys::Row OperatorKeys::TimedRows[] = {
@@ -119,18 +122,36 @@ void OperatorKeys::keyDown(int& keyCode, int& shift) {
         translateWirelessKey(keyCode, m_session.settings.ControllerType);
     }
     translateControllerButton(keyCode, shift, m_session.settings);
-    for (const Row& row : steered ? std::span<const Row>(SteeredRows) : std::span(TimedRows)) {
-        const bool fits =
-            row.firstKey == AnyKey || (keyCode >= row.firstKey && keyCode <= row.lastKey);
-        const bool shiftFits =
-            row.shift == ShiftIs::Any || (row.shift == ShiftIs::Down) == (shift == key::Shift);
-        if (keyCode != 0 && fits && shiftFits && (row.when == nullptr || (this->*row.when)())) {
+    for (const Row& row : rows()) {
+        if (keyCode != 0 && fits(row, keyCode, shift) &&
+            (row.when == nullptr || (this->*row.when)())) {
             row.act(*this, keyCode);
             keyCode = row.becomes;
             shift = 0;
         }
     }
     keyCode = 0;
+}
+
+bool OperatorKeys::repeats(int keyCode, int shift) const {
+    if (m_keyboard == Keyboard::Steered) {
+        translateWirelessKey(keyCode, m_session.settings.ControllerType);
+    }
+    return std::ranges::any_of(
+        rows(), [&](const Row& row) { return row.repeats && fits(row, keyCode, shift); });
+}
+
+std::span<const OperatorKeys::Row> OperatorKeys::rows() const {
+    return m_keyboard == Keyboard::Steered ? std::span<const Row>(SteeredRows)
+                                           : std::span<const Row>(TimedRows);
+}
+
+bool OperatorKeys::fits(const Row& row, int keyCode, int shift) {
+    const bool keyFits =
+        row.firstKey == AnyKey || (keyCode >= row.firstKey && keyCode <= row.lastKey);
+    const bool shiftFits =
+        row.shift == ShiftIs::Any || (row.shift == ShiftIs::Down) == (shift == key::Shift);
+    return keyFits && shiftFits;
 }
 
 /// A screen that is blank must come back, whatever has happened to the pause meanwhile.

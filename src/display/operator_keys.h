@@ -2,6 +2,8 @@
 
 #include "controllers/shuttle_wheel.h"
 
+#include <span>
+
 namespace velmora {
 
 class Session;
@@ -43,9 +45,14 @@ public:
     /// Carries out a key. shift is 1 with the Shift key, else 0. keyCode is 0 behind it, whether
     /// the key was one of the show's or not.
     void keyDown(int& keyCode, int& shift);
+    /// Whether the key acts again and again while it is held down: a change of speed or a step of
+    /// the shuttle does, a toggle or a jump does not.
+    [[nodiscard]] bool repeats(int keyCode, int shift) const;
 
 private:
     struct Row;
+    [[nodiscard]] std::span<const Row> rows() const;
+    [[nodiscard]] static bool fits(const Row& row, int keyCode, int shift);
 
     [[nodiscard]] bool canBlank() const;
     [[nodiscard]] bool blanked() const;

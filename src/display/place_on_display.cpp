@@ -5,7 +5,22 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace velmora {
+
+void DisplayPlace::choose(const std::vector<QRect>& displays, const QRect& taken) {
+    const auto isFree = [&](const QRect& display) { return display != taken; };
+    const auto isThere = [&](const QRect& display) {
+        return isFree(display) && std::ranges::find(displays, display) != displays.end();
+    };
+    if (isThere(home)) {
+        now = home;
+    } else if (!isThere(now)) {
+        const auto other = std::ranges::find_if(displays, isFree);
+        now = other == displays.end() ? QRect() : *other;
+    }
+}
 
 void fillDisplay(QWidget& window, const QRect& display) {
     window.setGeometry(display);

@@ -108,7 +108,6 @@ ScrollLoop::PassEnd ScrollLoop::runTurns() {
             }
             continue;
         }
-        m_parts.pollDevices();
         const bool split = !isFullRange(settings.ScrollSpeedControl);
         if (split) {
             applySplitDirection();
@@ -116,13 +115,13 @@ ScrollLoop::PassEnd ScrollLoop::runTurns() {
         if (split ? inDeadBand(settings.ScrollSpeed) : inStopZone(settings.ScrollSpeed)) {
             idleTurn();
         } else {
-            const StepEnd end = step();
-            if (end == StepEnd::Limit) {
+            const ShowNavigation::Advance end = step();
+            if (end == ShowNavigation::Advance::Limit) {
                 const LimitEnd limit = atLimit();
                 if (limit != LimitEnd::Continue) {
                     return limit == LimitEnd::Again ? PassEnd::Again : PassEnd::Leave;
                 }
-            } else if (end == StepEnd::Skipped) {
+            } else if (end == ShowNavigation::Advance::Skipped) {
                 m_housekeeping.restartCycle();
                 continue;
             }
@@ -164,23 +163,15 @@ void ScrollLoop::idleTurn() {
     m_housekeeping.showElapsed();
     m_housekeeping.checkNotice();
     waitIdly();
+    m_parts.pollDevices();
     m_housekeeping.restartCycle();
     forgetPace();
 }
 
-ScrollLoop::StepEnd ScrollLoop::step() {
-    ShowState& show = m_session.show;
-    show.ScrollRow += show.SignedRowStep;
-    const bool atEnd = show.ScrollDirection > 0
-                           ? m_parts.tables.scanTable.at(show.ScrollRow).line == 0
-                           : show.ScrollRow <= 0;
-    if (atEnd) {
-        const bool inside = show.ScrollRow > 0 && show.ScrollRow < m_parts.tables.LastScrollRow;
-        if (!inside) {
-            // The overshoot is undone: the picture stays a function of ScrollRow.
-            show.ScrollRow -= show.SignedRowStep;
-        }
-        return inside ? StepEnd::Skipped : StepEnd::Limit;
+ShowNavigation::Advance ScrollLoop::step() {
+    const ShowNavigation::Advance advance = m_parts.navigation.advance();
+    if (advance != ShowNavigation::Advance::Taken) {
+        return advance;
     }
     m_housekeeping.advanceFramePhase();
     m_blitStamp = m_session.platform.clock.counter();
@@ -193,7 +184,7 @@ ScrollLoop::StepEnd ScrollLoop::step() {
         m_housekeeping.checkNotice();
         m_session.platform.pump.DoEvents();
     }
-    return StepEnd::Taken;
+    return advance;
 }
 
 void ScrollLoop::waitForNextStep() {
@@ -217,7 +208,11 @@ void ScrollLoop::waitForNextStep() {
                                    ? std::clamp(m_lastDue + locked - waitTicks,
                                                 stepStart - mostOwed, stepStart + waitTicks / 20)
                                    : stepStart - std::min(m_owedTicks, waitTicks);
-    const Pacer::Wait wait = m_pacer.wait(start, waitMs);
+    const Pacer::Wait wait = m_pacer.wait(start, [&] {
+        // In every slice: a pedal is tapped faster than a slow script takes its steps.
+        m_parts.pollDevices();
+        return waitMs();
+    });
     const std::int64_t late = wait.end - wait.due;
     m_owedTicks = isLocked ? 0 : std::min(m_owedTicks - (stepStart - start) + late, mostOwed);
     m_lastDue = wait.due;
@@ -324,11 +319,12 @@ ScrollLoop::LimitEnd ScrollLoop::waitAtLimit() {
     show.ReverseToBackward = 0;
     show.ReverseToForward = 0;
     if (jumped) {
+        // A pause like any other: the operator starts the next take.
         m_parts.screen.showState();
     } else {
         turn(-show.ScrollDirection);
+        show.PauseState = pause::Scrolling;
     }
-    show.PauseState = pause::Scrolling;
     startTiming();
     return LimitEnd::Continue;
 }

@@ -2,6 +2,7 @@
 
 #include "controllers/speed_mapping.h"
 #include "display/show_loop.h"
+#include "display/show_navigation.h"
 #include "platform/timing/pacer.h"
 
 #include <cstdint>
@@ -24,7 +25,6 @@ public:
 
 private:
     enum class PassEnd { Leave, Again };
-    enum class StepEnd { Taken, Skipped, Limit };
     enum class LimitEnd { Leave, Again, Continue };
     enum class LoopingWait { Over, Left, Jumped };
 
@@ -37,7 +37,7 @@ private:
     PassEnd runTurns();
     bool pausedTurn();
     void idleTurn();
-    StepEnd step();
+    ShowNavigation::Advance step();
     void waitForNextStep();
     void applySplitDirection();
     void serveRequests();

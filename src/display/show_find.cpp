@@ -33,20 +33,22 @@ void ShowFind::findNext() {
     step(1);
 }
 
-int ShowFind::startPosition() {
+/// The last hit, where the search goes on behind it.
+std::optional<int> ShowFind::standingHit() const {
     const bool stands = m_hit >= 0 && m_hitText == m_session.find.LastFindText &&
                         m_hitTopRow == m_navigation.topRow();
-    return stands ? m_hit : m_session.script.rtb1.lineIndex(m_navigation.takeTopLine());
+    return stands ? std::optional(m_hit) : std::nullopt;
 }
 
 /// The next hit behind the start, or the last one before it; the text goes there.
 bool ShowFind::step(int direction) {
     RichTextBox& rtb1 = m_session.script.rtb1;
     const QString& text = m_session.find.LastFindText;
-    const int from = startPosition();
+    const std::optional<int> last = standingHit();
+    const int from = last.value_or(rtb1.lineIndex(m_navigation.currentLine()));
     int hit = -1;
     if (direction > 0) {
-        hit = rtb1.Find(text, from + 1);
+        hit = rtb1.Find(text, last ? from + 1 : from);
     } else if (from > 0) {
         hit = static_cast<int>(rtb1.Text().lastIndexOf(text, from - 1, Qt::CaseInsensitive));
     }

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 class QWidget;
 
@@ -24,8 +25,9 @@ public:
     void findNext();
 
 private:
-    /// Where the next search starts: the last hit while its picture stands, else the top line.
-    [[nodiscard]] int startPosition();
+    /// The last hit while its picture stands: a search goes on behind it, else from the top line
+    /// on.
+    [[nodiscard]] std::optional<int> standingHit() const;
     bool step(int direction);
 
     Session& m_session;

@@ -22,7 +22,7 @@ struct ShowLoopParts final {
     FrameComposer& composer;
     ShowNavigation& navigation;
     Presenter& presenter;
-    /// Asks the devices that do not tell by themselves; may be empty.
+    /// Asks the devices that do not tell by themselves.
     std::function<void()> pollDevices;
     LoopHousekeeping::Measured measured = LoopHousekeeping::Measured::ForwardSplitRange;
     /// May be null.

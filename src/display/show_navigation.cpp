@@ -35,6 +35,22 @@ int ShowNavigation::lineCount() const {
     return static_cast<int>(m_parts.tables.lineTable.size());
 }
 
+ShowNavigation::Advance ShowNavigation::advance() {
+    ShowState& show = m_session.show;
+    show.ScrollRow += show.SignedRowStep;
+    const bool atEnd = show.ScrollDirection > 0
+                           ? m_parts.tables.scanTable.at(show.ScrollRow).line == 0
+                           : show.ScrollRow <= 0;
+    if (!atEnd) {
+        return Advance::Taken;
+    }
+    if (show.ScrollRow > 0 && show.ScrollRow < m_parts.tables.LastScrollRow) {
+        return Advance::Skipped;
+    }
+    show.ScrollRow -= show.SignedRowStep;
+    return Advance::Limit;
+}
+
 double ShowNavigation::startLine() const {
     const ShowState& show = m_session.show;
     return show.StartFromCursor == 0 ? 0 : std::min<double>(show.StartPosition, lineCount());
@@ -52,9 +68,13 @@ void ShowNavigation::showStart(double startLine) {
     show.ScrollRow = m_parts.textRows - 1;
     m_parts.composer.showTop(0);
     if (m_parts.tables.scanTable.at(show.ScrollRow).line == 0) {
-        show.ReachedEnd = 1;
-        show.ElapsedStart = m_session.platform.clock.Timer();
+        noteReachedEnd();
     }
+}
+
+void ShowNavigation::noteReachedEnd() {
+    m_session.show.ReachedEnd = 1;
+    m_session.show.ElapsedStart = m_session.platform.clock.Timer();
 }
 
 void ShowNavigation::reposition(int line) {
@@ -65,8 +85,7 @@ void ShowNavigation::reposition(int line) {
     top = std::min(top, tables.LastScrollRow - textRows);
     top = std::max<std::int64_t>(top, 0);
     if (top == 0 && tables.scanTable.at(textRows - 1).line == 0) {
-        show.ReachedEnd = 1;
-        show.ElapsedStart = m_session.platform.clock.Timer();
+        noteReachedEnd();
     }
     show.ScrollRow = show.ScrollDirection > 0 ? top + textRows - 1 : top;
     m_parts.composer.showTop(top);
@@ -79,8 +98,12 @@ void ShowNavigation::jumpTo(int line) {
     m_parts.presenter.presentNow();
 }
 
+int ShowNavigation::currentLine() const {
+    return std::clamp(topLine() - 1, 0, lineCount());
+}
+
 int ShowNavigation::takeTopLine() {
-    const int line = std::clamp(topLine() - 1, 0, lineCount());
+    const int line = currentLine();
     m_parts.screen.setScrollValue(line);
     return line;
 }

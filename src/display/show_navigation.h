@@ -37,6 +37,13 @@ public:
     /// Lines of the show; Vscroll1's Max.
     [[nodiscard]] int lineCount() const;
 
+    /// What became of a step. Skipped: the row is one of the blank ones inside the script, which
+    /// are passed without a picture. Limit: the script ends here.
+    enum class Advance { Taken, Skipped, Limit };
+    /// Takes ScrollRow on by SignedRowStep. At a limit the overshoot is undone: the picture stays a
+    /// function of ScrollRow.
+    Advance advance();
+
     /// The line at which the show starts, 0 for the beginning.
     [[nodiscard]] double startLine() const;
     /// The first picture of a pass: the script's beginning, or a line further down.
@@ -45,6 +52,8 @@ public:
     void reposition(int line);
     /// The same by an operator's act: Vscroll1 follows, and the picture goes to the screen at once.
     void jumpTo(int line);
+    /// The line at the window's top, as Vscroll1 would have it.
+    [[nodiscard]] int currentLine() const;
     /// Sets Vscroll1 to the line that is really at the window's top; a relative act starts there.
     int takeTopLine();
     /// A step of the shuttle ring: by so many lines, up to an end.
@@ -60,6 +69,9 @@ public:
     [[nodiscard]] int repositions() const { return m_repositions; }
 
 private:
+    /// The script's end stands in the window from the start on.
+    void noteReachedEnd();
+
     Session& m_session;
     Parts m_parts;
     ShowBookmarks m_bookmarks;

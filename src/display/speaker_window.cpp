@@ -28,6 +28,7 @@ void SpeakerScriptM::standOn(const QRect& display, const DisplayGeometry& geomet
     }
     Picture1->setGeometry(geometry.speakerPicture1);
     Picture3->setGeometry(geometry.speakerPicture3);
+    Picture3->setShare(geometry.speakerShare);
     fillDisplay(*this, display);
 }
 

@@ -16,7 +16,7 @@ public:
     explicit SpeakerScriptM(QRgb background);
 
     /// Stands on a display, filling it; an empty rectangle hides the window until the display is
-    /// there again. The picture keeps its size and stands in the display's middle.
+    /// there again. The picture stands in the display's middle, shrunk where that is too small.
     void standOn(const QRect& display, const DisplayGeometry& geometry);
     /// Paints the picture at once.
     void present();

@@ -25,8 +25,18 @@ void TextWindow::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QRect text(0, TextTopMargin, m_surface.width(), m_surface.rows());
     const QColor background = QColor::fromRgb(m_background);
-    if (m_blank) {
+    const bool shrunk = width() < m_surface.width();
+    if (m_blank || shrunk) {
         painter.fillRect(event->rect(), background);
+    }
+    if (m_blank) {
+        return;
+    }
+    if (shrunk) {
+        const double share = static_cast<double>(width()) / m_surface.width();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.scale(share, share);
+        m_surface.paint(painter, text.left(), text.top(), text);
         return;
     }
     for (const QRect& margin : QRegion(event->rect()).subtracted(text)) {

@@ -6,9 +6,9 @@
 
 namespace velmora {
 
-/// Picture1: the visible text window. Shows a ScrollSurface between its margins, or nothing while
-/// the screen is blanked. Has the focus and all keys of a show, which its owner takes by an event
-/// filter.
+/// Picture1: the visible text window. Shows a ScrollSurface between its margins, shrunk where the
+/// window is narrower than the surface, or nothing while the screen is blanked. Has the focus and
+/// all keys of a show, which its owner takes by an event filter.
 class TextWindow final : public QWidget {
     Q_OBJECT
 public:

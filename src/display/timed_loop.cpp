@@ -56,6 +56,7 @@ void TimedLoop::makeReady(double startLine) {
     m_parts.screen.setElapsedText(QStringLiteral("00:00"));
     m_parts.screen.setRemainingText(QStringLiteral("00:00"));
     m_parts.navigation.showStart(startLine);
+    m_repositions = m_parts.navigation.repositions();
     m_pace.set(m_session.settings.TimedDisplaySeconds, rowsLeft());
     m_parts.screen.showState();
     m_parts.screen.showPicture();
@@ -68,6 +69,11 @@ bool TimedLoop::waitForStart() {
         m_session.platform.pump.waitForEvents(IdleWaitMs);
         m_parts.pollDevices();
     }
+    if (m_repositions != m_parts.navigation.repositions()) {
+        // The start has another place than the one for which the pace was computed.
+        m_repositions = m_parts.navigation.repositions();
+        m_pace.set(m_session.settings.TimedDisplaySeconds, rowsLeft());
+    }
     show.ElapsedStart = m_session.platform.clock.Timer();
     ShowStartCounter = m_session.platform.clock.counter();
     m_lastDue = static_cast<double>(ShowStartCounter);
@@ -79,31 +85,23 @@ bool TimedLoop::waitForStart() {
 }
 
 void TimedLoop::runThrough() {
-    while (m_session.show.ExitRequested == 0) {
-        m_parts.pollDevices();
-        if (!step()) {
-            return;
-        }
+    while (m_session.show.ExitRequested == 0 && step()) {
     }
 }
 
 /// False at the script's end.
 bool TimedLoop::step() {
-    ShowState& show = m_session.show;
-    Clock& clock = m_session.platform.clock;
-    show.ScrollRow += show.SignedRowStep;
-    if (m_parts.tables.scanTable.at(show.ScrollRow).line == 0) {
-        const bool inside = show.ScrollRow > 0 && show.ScrollRow < m_parts.tables.LastScrollRow;
-        if (!inside) {
-            // The overshoot is undone: the picture stays a function of ScrollRow.
-            show.ScrollRow -= show.SignedRowStep;
-        }
-        return inside;
+    const Clock& clock = m_session.platform.clock;
+    const ShowNavigation::Advance advance = m_parts.navigation.advance();
+    if (advance != ShowNavigation::Advance::Taken) {
+        return advance == ShowNavigation::Advance::Skipped;
     }
     const bool cycleOver = m_housekeeping.advanceFramePhase();
     // A stall behind which the steps do not run after at once may come shortly before the end.
     m_computed = m_computed || cycleOver;
-    if (cycleOver || (m_computed && std::exchange(m_fellBehind, false))) {
+    const bool jumped = std::exchange(m_repositions, m_parts.navigation.repositions()) !=
+                        m_parts.navigation.repositions();
+    if (cycleOver || jumped || (m_computed && std::exchange(m_fellBehind, false))) {
         m_pace.recompute(clock.counter() - ShowStartCounter, rowsLeft(),
                          m_session.settings.RowStep);
     }
@@ -116,9 +114,9 @@ bool TimedLoop::step() {
     return true;
 }
 
-/// Steps are due on a grid of their own: what one is late by, the next ones make up for, and beyond
-/// MostOwedSeconds what is left of the script. Behind the
-/// set time no step waits, but every one pumps.
+/// Steps are due on a grid of their own: a late one is made up for by up to MostOwedSeconds, and
+/// what it is late beyond that is spread over the rows that are left. Behind the set time no step
+/// waits, but every one pumps.
 void TimedLoop::waitForNextStep(std::int64_t composeTicks) {
     const Clock& clock = m_session.platform.clock;
     const double ticks = std::max(0.0, m_pace.stepTicks());
@@ -130,9 +128,20 @@ void TimedLoop::waitForNextStep(std::int64_t composeTicks) {
     record.composeTicks = composeTicks;
     record.painted = m_parts.presenter.stepDone(static_cast<std::int64_t>(ticks));
     const auto due = static_cast<std::int64_t>(m_lastDue);
-    // A short script over a long time has steps of minutes: whoever leaves must not wait for one.
-    const auto waitMs = [this] { return m_session.show.ExitRequested == 0 ? 0.0 : EndOfWaitMs; };
-    const Pacer::Wait wait = m_pacer.wait(due, waitMs);
+    const double secondsPerStep = ticks / static_cast<double>(clock.frequency());
+    const bool slow = secondsPerStep * LoopHousekeeping::StepsPerCycle > 1;
+    if (!slow) {
+        m_housekeeping.leaveClocksToPhases();
+    }
+    // A short script over a long time has steps of minutes: neither whoever leaves nor the pedal
+    // nor the clocks must wait for one.
+    const Pacer::Wait wait = m_pacer.wait(due, [&] {
+        m_parts.pollDevices();
+        if (slow && m_session.settings.FullScreenMode == 0) {
+            m_housekeeping.updateClocks(secondsPerStep);
+        }
+        return m_session.show.ExitRequested == 0 ? 0.0 : EndOfWaitMs;
+    });
     record.lateTicks = wait.end - due;
     if (m_parts.observer != nullptr) {
         m_parts.observer->stepDone(record);

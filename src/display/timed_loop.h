@@ -48,6 +48,8 @@ private:
     /// The pace has been computed in this run; a step has been late by more than is made up for.
     bool m_computed = false;
     bool m_fellBehind = false;
+    /// Repositions that the pace knows of.
+    int m_repositions = 0;
 };
 
 } // namespace velmora

@@ -98,7 +98,7 @@ class TwoMonitorsTest(unittest.TestCase):
             before, (RIGHT[0] + 190, 12, RIGHT[0] + 460, 430), 400))
         desk.key("space")
         desk.set_monitor("monitor2", SMALL_LEFT, "none")
-        self.assert_windows(desk, RIGHT, SMALL_LEFT)
+        self.assert_windows(desk, SMALL_LEFT, RIGHT)
         desk.leave_show(lambda: desk.key("Escape"))
 
     def assert_windows(self, desk, operator, speaker, picture=SMALL_PICTURE):

@@ -15,10 +15,15 @@ constexpr double LockTolerance = 0.01;
 
 RefreshPresenter::RefreshPresenter(const Clock& clock, double refreshRate,
                                    std::function<void()> paint)
-    : m_clock(clock), m_paint(std::move(paint)),
-      m_refreshTicks(static_cast<std::int64_t>(static_cast<double>(clock.frequency()) /
-                                               std::clamp(refreshRate, 24.0, 240.0))),
-      m_lastPaint(clock.counter() - m_refreshTicks) {}
+    : m_clock(clock), m_paint(std::move(paint)) {
+    setRefreshRate(refreshRate);
+    m_lastPaint = clock.counter() - m_refreshTicks;
+}
+
+void RefreshPresenter::setRefreshRate(double refreshRate) {
+    m_refreshTicks = static_cast<std::int64_t>(static_cast<double>(m_clock.frequency()) /
+                                               std::clamp(refreshRate, 24.0, 240.0));
+}
 
 bool RefreshPresenter::stepDone(std::int64_t periodTicks) {
     const std::int64_t now = m_clock.counter();

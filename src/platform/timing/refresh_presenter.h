@@ -17,6 +17,7 @@ public:
     /// screen before it returns.
     RefreshPresenter(const Clock& clock, double refreshRate, std::function<void()> paint);
 
+    void setRefreshRate(double refreshRate);
     bool stepDone(std::int64_t periodTicks) override;
     [[nodiscard]] std::int64_t lockedPeriod(std::int64_t periodTicks) const override;
     void presentNow() override;
@@ -25,8 +26,8 @@ public:
 private:
     const Clock& m_clock;
     std::function<void()> m_paint;
-    std::int64_t m_refreshTicks;
-    std::int64_t m_lastPaint;
+    std::int64_t m_refreshTicks = 0;
+    std::int64_t m_lastPaint = 0;
     bool m_behind = false;
 };
 

@@ -144,9 +144,13 @@ TEST_F(FourWindows, RemainingTimeOfTheFullRangeIsToldInTheMirroredWindowAlone) {
 }
 
 TEST_F(FourWindows, SpeakersWindowRestsWhileItsDisplayIsAway) {
-    twoDisplays(QSize(1024, 600));
+    twoDisplays(QSize(1280, 720));
+    const auto expectFaceInside = [&](QWidget& window, const QWidget& picture) {
+        EXPECT_TRUE(window.rect().contains(picture.geometry()));
+        EXPECT_GT(picture.width(), window.width() / 2);
+    };
     t.pump.in(0.1, [&] {
-        EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 1024, 600));
+        EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 1280, 720));
         control<UpDown>("Vscroll2")->setValue(77);
         EXPECT_EQ(speaker()->Picture3->grab().toImage(),
                   control("Picture3")->grab().toImage().mirrored(true, false));
@@ -170,18 +174,24 @@ TEST_F(FourWindows, SpeakersWindowRestsWhileItsDisplayIsAway) {
         Q_EMIT qGuiApp->screenAdded(nullptr);
         EXPECT_TRUE(speaker()->isVisible());
         EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 800, 600));
-        EXPECT_EQ(speaker()->Picture3->geometry().right(), 799) << "the lines begin there";
+        expectFaceInside(*speaker(), *speaker()->Picture1);
     });
     t.pump.in(2.2, [&] {
-        // The operator's display goes: the speaker's stays, whatever its number is now.
+        // The operator's display goes, and both come home.
         t.monitors.rectangles.erase(t.monitors.rectangles.begin());
         Q_EMIT qGuiApp->screenRemoved(nullptr);
         EXPECT_EQ(display->geometry(), QRect(1280, 0, 800, 600));
-        t.monitors.rectangles.push_back(QRect(0, 0, 1280, 720));
+        EXPECT_FALSE(speaker()->isVisible());
+        expectFaceInside(*display, *display->focusWidget());
+        for (const char* name : {"Picture6", "Command3", "Vscroll1", "Label4"}) {
+            EXPECT_TRUE(display->rect().contains(control(name)->geometry())) << name;
+        }
+        t.monitors.rectangles = {QRect(0, 0, 1280, 720), QRect(1280, 0, 1280, 720)};
         Q_EMIT qGuiApp->screenAdded(nullptr);
-        EXPECT_EQ(display->geometry(), QRect(1280, 0, 800, 600)) << "stays where it is";
+        EXPECT_EQ(display->geometry(), QRect(0, 0, 1280, 720));
+        EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 1280, 720));
         EXPECT_TRUE(speaker()->isVisible());
-        EXPECT_EQ(speaker()->geometry(), QRect(0, 0, 1280, 720));
+        EXPECT_EQ(speaker()->Picture1->size(), display->focusWidget()->size());
     });
     t.pump.in(2.5, [&] {
         QCloseEvent close;

@@ -211,6 +211,7 @@ TEST_F(ShowKeys, FindMovesTheTextAndLeavingWithoutAHitPutsItBack) {
     EXPECT_EQ(search(u"line 20"_qs, u"Find Next"), 20);
     EXPECT_EQ(search(u"LINE 3"_qs, u"Find Previous"), 3);
     EXPECT_EQ(search(u"nowhere"_qs, u"Find Next"), 6);
+    EXPECT_EQ(search(u"line 6"_qs, u"Find Next"), 6) << "on the top line itself";
     // In mid-line, and on the last screen too, the next one follows on the last one.
     t.session.find.LastFindText = u"INE 1"_qs;
     showFor(0.1, [&] {

@@ -109,19 +109,26 @@ TEST_F(ScrollLoopTest, EndOfTheScriptStopsWithTheLastRowAtTheBottomAndTurnsInPla
     EXPECT_GE(observer.limits, 4);
 }
 
-TEST_F(ScrollLoopTest, JumpEndsTheWaitAtALimitWithoutATurn) {
+TEST_F(ScrollLoopTest, JumpAtALimitStandsAtTheNewPlaceUntilTheOperatorGoesOn) {
     prepare(60);
     settings.ScrollSpeed = 0;
     startAt(0);
+    std::int64_t top = 0;
     at(3, [&] {
         EXPECT_EQ(show.PauseState, 1);
         navigation->reposition(5);
+        top = ring.top();
     });
-    at(3.2, [&] {
+    at(3.5, [&] {
+        EXPECT_EQ(show.PauseState, 1);
+        EXPECT_EQ(ring.top(), top);
+        show.PauseState = 0;
+    });
+    at(3.8, [&] {
         EXPECT_EQ(show.ScrollDirection, 1);
-        EXPECT_GT(ring.top(), 5 * LineHeight);
+        EXPECT_GT(ring.top(), top + 200);
     });
-    runUntil(3.3);
+    runUntil(4);
 }
 
 TEST_F(ScrollLoopTest, LoopingShowStartsByItselfAndBeginsAgainAtTheTop) {

@@ -86,10 +86,28 @@ TEST_F(TimedLoopTest, AStallShortlyBeforeTheEndIsCaughtUpWithoutARace) {
     EXPECT_LT(after - before, 8) << "40 rows a second";
 }
 
-TEST_F(TimedLoopTest, AStepOfAMinuteEndsForWhoeverLeaves) {
+TEST_F(TimedLoopTest, APlaceTakenBeforeTheStartOrOnTheWayKeepsTheSetTime) {
+    settings.TimedDisplaySeconds = 10;
+    for (const double jump : {0.5, 4.0}) {
+        prepareTimed(40);
+        watchEnds();
+        at(jump, [&] { navigation->reposition(20); });
+        at(1, [&] { start(); });
+        at(13, [&] { show.ExitRequested = 1; });
+        runLoop();
+        EXPECT_NEAR(took, 10, 0.02) << jump;
+    }
+}
+
+TEST_F(TimedLoopTest, AStepOfAMinuteHoldsUpNeitherTheClocksNorThePedalNorWhoeverLeaves) {
     settings.TimedDisplaySeconds = 3599;
     prepareTimed(1);
     at(1, [&] { start(); });
+    at(10.5, [&] {
+        EXPECT_EQ(screen.elapsed, u"00:09"_qs);
+        EXPECT_GT(polls, 5000);
+        EXPECT_NE(screen.remaining, u"00:00"_qs);
+    });
     at(20, [&] { show.ExitRequested = TimedLoop::ResetRequested; });
     at(20.1, [&] { EXPECT_EQ(show.AwaitingStart, 1); });
     at(21, [&] { start(); });
