@@ -1,6 +1,8 @@
+#include "core/arrangement.h"
 #include "display/display_windows.h"
 #include "display/speaker_window.h"
 #include "show_fixture.h"
+#include "support/modal_action.h"
 
 #include <gtest/gtest.h>
 
@@ -200,4 +202,21 @@ TEST_F(FourWindows, SpeakersWindowRestsWhileItsDisplayIsAway) {
     });
     handOver.RunPrompter();
     EXPECT_LT(t.clock.secondsSinceStart(), 3.5);
+}
+
+TEST_F(FourWindows, ADisplayThatGoesIsMissedDuringThePreparationAndByADialogToo) {
+    twoDisplays(QSize(1280, 720));
+    t.pump.next([&] { t.monitors.rectangles.resize(1); });
+    showFor(0.1, [&] { EXPECT_FALSE(speaker()->isVisible()); });
+
+    twoDisplays(QSize(800, 600));
+    settings.MirrorMode = mirror::OneDisplay;
+    ModalAction user([&](QWidget& dialog) {
+        t.monitors.rectangles.erase(t.monitors.rectangles.begin());
+        Q_EMIT qGuiApp->screenRemoved(nullptr);
+        EXPECT_TRUE(QRect(1280, 0, 800, 600).contains(dialog.frameGeometry()));
+        dialog.close();
+    });
+    showFor(0.1, [&] { press(Qt::Key_F); });
+    EXPECT_TRUE(user.done());
 }

@@ -86,6 +86,7 @@ TEST_F(ShowKeys, KeysDoWhatTheirTableSays) {
         {Qt::Key_End, none, fullRange, [&] { return settings.ScrollSpeed == 255; }},
         {Qt::Key_Left, none, wireless, [&] { return show.BookmarkJump == 2; }},
         {Qt::Key_Space, Qt::ControlModifier, {}, [&] { return show.PauseState == 3; }},
+        {Qt::Key_Space, Qt::MetaModifier, {}, [&] { return show.PauseState == 3; }},
     };
     const Settings defaults = settings;
     for (std::size_t i = 0; i < rows.size(); ++i) {
