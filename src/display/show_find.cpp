@@ -14,7 +14,7 @@ void ShowFind::find(QWidget* window) {
     const std::int64_t rowBefore = m_session.show.ScrollRow;
     const int directionBefore = m_session.show.ScrollDirection;
     bool anyHit = false;
-    Form14 dialog(find, window);
+    Form14 dialog(m_session, window);
     const ShowState& show = m_session.show;
     for (dialog.ask(); !find.FindText.isEmpty() && show.ExitRequested == 0; dialog.ask()) {
         find.LastFindText = find.FindText;

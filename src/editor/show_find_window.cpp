@@ -1,13 +1,21 @@
 #include "editor/show_find_window.h"
 
 #include "core/session.h"
+#include "widgets/dialog_animation.h"
+#include "widgets/push_button.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
+#include <QPainterPath>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <array>
+#include <cmath>
+#include <numbers>
 
 namespace velmora {
 
@@ -20,9 +28,47 @@ QString usualLabel() {
     return QStringLiteral("Search is not case sensitive.\r\nEnter text to search for.");
 }
 
+void drawLines(QPainter& painter, const QColor& colour) {
+    constexpr std::array widths = {37.0, 29.0, 35.0, 20.0};
+    painter.setBrush(colour);
+    double y = 5;
+    for (const double width : widths) {
+        painter.drawRoundedRect(QRectF(3, y, width, 3.5), 1.7, 1.7);
+        y += 10;
+    }
+}
+
+/// A magnifying glass that goes round over lines of text.
+void drawSearch(QPainter& painter, double phase, const QPalette& colours) {
+    constexpr double radius = 10;
+    const double angle = 2 * std::numbers::pi * phase;
+    const QPointF lens(20 - 7 * std::cos(angle), 19.5 - 5.5 * std::sin(angle));
+    drawLines(painter, colours.color(QPalette::PlaceholderText));
+
+    QPainterPath glass;
+    glass.addEllipse(lens, radius, radius);
+    painter.save();
+    painter.setClipPath(glass);
+    painter.fillPath(glass, colours.color(QPalette::Base));
+    painter.translate(lens);
+    painter.scale(1.5, 1.5);
+    painter.translate(-lens);
+    drawLines(painter, colours.color(QPalette::Highlight).lighter(130));
+    painter.restore();
+
+    const QColor metal = colours.color(QPalette::WindowText);
+    const QPointF diagonal(std::numbers::sqrt2 / 2, std::numbers::sqrt2 / 2);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(metal, 4, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(lens + diagonal * (radius + 3), lens + diagonal * (radius + 8.5));
+    painter.setPen(QPen(metal, 2));
+    painter.drawLine(lens + diagonal * radius, lens + diagonal * (radius + 3));
+    painter.drawEllipse(lens, radius, radius);
+}
+
 } // namespace
 
-Form14::Form14(FindState& find, QWidget* parent) : QDialog(parent), m_find(find) {
+Form14::Form14(Session& session, QWidget* parent) : QDialog(parent), m_find(session.find) {
     setWindowTitle(QStringLiteral("Find"));
     Label1 = new QLabel(usualLabel(), this);
     Text1 = new QLineEdit(this);
@@ -35,13 +81,19 @@ Form14::Form14(FindState& find, QWidget* parent) : QDialog(parent), m_find(find)
     for (QPushButton* button : {FindNext, FindPrevious, ExitButton}) {
         buttons->addWidget(button);
     }
+    auto* head = new QHBoxLayout;
+    head->setSpacing(fontMetrics().height());
+    head->addWidget(new DialogAnimation(QStringLiteral("Picture1"), {{43, 44}, 28, drawSearch},
+                                        session.platform.clock, this));
+    head->addWidget(Label1, 1);
     auto* column = new QVBoxLayout(this);
-    column->addWidget(Label1);
+    column->addLayout(head);
     column->addWidget(Text1);
     column->addLayout(buttons);
     connect(FindNext, &QPushButton::clicked, this, [this] { answer(Text1->text(), Forward); });
     connect(FindPrevious, &QPushButton::clicked, this, [this] { answer(Text1->text(), Backward); });
     connect(ExitButton, &QPushButton::clicked, this, &QDialog::reject);
+    usePlainButtonsOnFewColours(*this, session.screen);
 }
 
 void Form14::ask() {

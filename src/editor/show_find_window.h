@@ -9,6 +9,7 @@ class QPushButton;
 namespace velmora {
 
 struct FindState;
+class Session;
 
 /// Form14: the find window over a running show. Each press closes it with what was asked for; the
 /// caller carries it out and asks again.
@@ -19,7 +20,7 @@ public:
     /// meanwhile.
     static constexpr int MessagePauseMs = 1200;
 
-    Form14(FindState& find, QWidget* parent);
+    Form14(Session& session, QWidget* parent);
 
     /// Shows the window with the last search text and waits. Leaves FindText, empty where the
     /// operator left, and FindDirection.

@@ -1,12 +1,20 @@
 #include "setup/monitor_help.h"
 
 #include "core/session.h"
+#include "widgets/dialog_animation.h"
+#include "widgets/push_button.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
+#include <QPainterPath>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <array>
+#include <cmath>
+#include <numbers>
 
 namespace velmora {
 
@@ -29,6 +37,39 @@ QString helpText() {
         "configure multiple monitors.");
 }
 
+void drawMonitor(QPainter& painter, const QRectF& screen, const QPalette& colours) {
+    painter.setBrush(colours.color(QPalette::WindowText));
+    const double middle = screen.center().x();
+    painter.drawRect(QRectF(middle - 1.5, screen.bottom(), 3, 4));
+    painter.drawRoundedRect(QRectF(middle - 5, screen.bottom() + 3, 10, 1.6), 0.8, 0.8);
+    painter.drawRoundedRect(screen.adjusted(-1.5, -1.5, 1.5, 1.5), 2, 2);
+    painter.setBrush(colours.color(QPalette::Base));
+    painter.drawRect(screen);
+}
+
+/// Two monitors, and a text that goes from the one to the other and back.
+void drawMonitors(QPainter& painter, double phase, const QPalette& colours) {
+    const QRectF first(2, 2, 18, 11);
+    const QRectF second(16, 18, 18, 11);
+    drawMonitor(painter, first, colours);
+    drawMonitor(painter, second, colours);
+
+    QPainterPath screens;
+    screens.addRect(first);
+    screens.addRect(second);
+    painter.setClipPath(screens);
+    const double way = (1 - std::cos(2 * std::numbers::pi * phase)) / 2;
+    painter.translate(first.topLeft() + (second.topLeft() - first.topLeft()) * way);
+    painter.fillRect(QRectF(QPointF(), first.size()), colours.color(QPalette::Highlight));
+    painter.setBrush(colours.color(QPalette::HighlightedText));
+    constexpr std::array widths = {13.0, 10.0, 12.0};
+    double y = 2;
+    for (const double width : widths) {
+        painter.drawRect(QRectF((first.width() - width) / 2, y, width, 1.4));
+        y += 2.8;
+    }
+}
+
 } // namespace
 
 Form11::Form11(Session& session, QWidget* parent) : QDialog(parent), m_session(session) {
@@ -43,7 +84,13 @@ Form11::Form11(Session& session, QWidget* parent) : QDialog(parent), m_session(s
     label->setObjectName(QStringLiteral("Label1"));
     label->setWordWrap(true);
     label->setFixedWidth(32 * em);
-    rows->addWidget(label);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(em);
+    top->addWidget(new DialogAnimation(QStringLiteral("Picture3"), {{36, 36}, 29, drawMonitors},
+                                       session.platform.clock, this),
+                   0, Qt::AlignTop);
+    top->addWidget(label);
+    rows->addLayout(top);
 
     auto* bottom = new QHBoxLayout;
     rows->addLayout(bottom);
@@ -59,6 +106,7 @@ Form11::Form11(Session& session, QWidget* parent) : QDialog(parent), m_session(s
     connect(ok, &QPushButton::clicked, this, &Form11::OK_Click);
     bottom->addWidget(ok);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
+    usePlainButtonsOnFewColours(*this, session.screen);
 }
 
 void Form11::showHelp() {
