@@ -14,21 +14,6 @@ namespace velmora {
 
 namespace {
 
-struct CyclingRow final {
-    SettingRowNames names;
-    const CaptionPortSetting* setting;
-};
-
-constexpr CyclingRow CyclingRows[] = {
-    {{u"CCActiveButton", u"Closed Captioning Status", u"StatusLabel"}, &captions::Active},
-    {{u"CCPortButton", u"Communications Port", u"Label4"}, &captions::Port},
-    {{u"CCSpeedButton", u"Port Speed", u"Label5"}, &captions::Speed},
-    {{u"CCParityButton", u"Parity", u"Label6"}, &captions::Parity},
-    {{u"CCDataBitsButton", u"Data Bits", u"Label7"}, &captions::DataBits},
-    {{u"CCStopBitsButton", u"Stop Bits", u"Label8"}, &captions::StopBits},
-    {{u"CCFlowButton", u"Flow Control", u"Label9"}, &captions::Flow},
-};
-
 struct CodeNames final {
     SettingRowNames names;
     QString Settings::*setting;
@@ -99,17 +84,13 @@ void Form30::addHeading(QVBoxLayout& column) {
 }
 
 void Form30::addCyclingRows(SettingRows& grid) {
-    for (const CyclingRow& row : CyclingRows) {
-        const SettingRow added = grid.addRow(row.names);
-        for (const QStringView text : row.setting->texts) {
-            grid.reserveWidth(text.toString());
-        }
-        row.setting->limit(m_session.settings);
-        added.showValue(row.setting->text(m_session.settings));
-        connect(added.button, &CB::clicked, this, [this, added, setting = row.setting] {
+    for (const CyclingSetting* setting :
+         {&captions::Active, &captions::Port, &captions::Speed, &captions::Parity,
+          &captions::DataBits, &captions::StopBits, &captions::Flow}) {
+        setting->limit(m_session.settings);
+        addCyclingRow(grid, *setting, m_session, [this, setting] {
             hideEdits();
-            setting->advance(m_session.settings);
-            added.showValue(setting->text(m_session.settings));
+            setting->limit(m_session.settings);
         });
     }
 }

@@ -2,8 +2,6 @@
 
 #include "core/arrangement.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace velmora {
@@ -36,25 +34,21 @@ constexpr Notice SplitRangeNotice = {
     u"all programmable hand controller button functions are supported.  Split Range mode is the "
     u"recommended setting."};
 
-constexpr std::array Looping = {SettingValue{0, u"Auto Looping Off"},
-                                SettingValue{1, u"Auto Looping On"}};
-constexpr std::array FullScreen = {SettingValue{0, u"Display With Controls"},
-                                   SettingValue{1, u"Display Full Screen"}};
-constexpr std::array FirstLine = {SettingValue{0, u"Start At First Line"},
-                                  SettingValue{1, u"Start At Current Line"}};
-constexpr std::array Turbo = {SettingValue{0, u"Turbo Off, Smooth Scroll"},
-                              SettingValue{1, u"Turbo On, Rougher Scroll", &TurboNotice}};
-constexpr std::array Range = {
-    SettingValue{0, u"Split Range (Recommended)", &SplitRangeNotice},
-    SettingValue{1, u"Full Range", &FullRangeNotice},
+constexpr SettingValue Looping[] = {{0, u"Auto Looping Off"}, {1, u"Auto Looping On"}};
+constexpr SettingValue FullScreen[] = {{0, u"Display With Controls"}, {1, u"Display Full Screen"}};
+constexpr SettingValue FirstLine[] = {{0, u"Start At First Line"}, {1, u"Start At Current Line"}};
+constexpr SettingValue Turbo[] = {{0, u"Turbo Off, Smooth Scroll"},
+                                  {1, u"Turbo On, Rougher Scroll", &TurboNotice}};
+constexpr SettingValue Range[] = {
+    {0, u"Split Range (Recommended)", &SplitRangeNotice},
+    {1, u"Full Range", &FullRangeNotice},
 };
-constexpr std::array Displays = {
-    SettingValue{mirror::OneDisplay, u"One Display"},
-    SettingValue{mirror::Mirrored, u"One Display, Mirrored L-R"},
-    SettingValue{mirror::TwoDisplays, u"Two Displays, Mirrored L-R"},
+constexpr SettingValue Displays[] = {
+    {mirror::OneDisplay, u"One Display"},
+    {mirror::Mirrored, u"One Display, Mirrored L-R"},
+    {mirror::TwoDisplays, u"Two Displays, Mirrored L-R"},
 };
-constexpr std::array Timed = {SettingValue{0, u"Timed Display Off"},
-                              SettingValue{1, u"Timed Display On"}};
+constexpr SettingValue Timed[] = {{0, u"Timed Display Off"}, {1, u"Timed Display On"}};
 
 } // namespace
 
@@ -85,17 +79,6 @@ constexpr CyclingSetting TimedDisplay = {
 
 } // namespace options
 
-const SettingValue* CyclingSetting::find(int value) const {
-    const auto found = std::find_if(values.begin(), values.end(),
-                                    [value](const SettingValue& v) { return v.value == value; });
-    return found == values.end() ? nullptr : &*found;
-}
-
-const SettingValue& CyclingSetting::next(int value) const {
-    const SettingValue* found = find(value);
-    return found == nullptr || found == &values.back() ? values.front() : *(found + 1);
-}
-
 QString controllerText(int controllerType) {
     switch (controllerType) {
     case controller::Trigger:
@@ -110,11 +93,10 @@ QString controllerText(int controllerType) {
 }
 
 void limitDisplayOptions(Settings& settings) {
-    for (const CyclingSetting* row :
+    for (const CyclingSetting* toggle :
          {&options::AutomaticLooping, &options::FullScreenMode, &options::FirstDisplayLine,
           &options::ScrollerTurbo, &options::ScrollSpeedControl, &options::TimedDisplay}) {
-        int& value = settings.*(row->setting);
-        value = std::clamp(value, 0, 1);
+        toggle->limit(settings);
     }
     if (settings.MirrorMode == 2 || settings.MirrorMode == 3) {
         settings.MirrorMode = mirror::TwoDisplays;

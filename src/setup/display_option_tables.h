@@ -1,39 +1,8 @@
 #pragma once
 
-#include "core/settings.h"
-#include "widgets/setting_rows.h"
-
-#include <QStringView>
-
-#include <span>
+#include "setup/cycling_setting.h"
 
 namespace velmora {
-
-/// An information box.
-struct Notice final {
-    QStringView title;
-    QStringView text;
-};
-
-/// A value of a setting, and what the window says of it.
-struct SettingValue final {
-    int value = 0;
-    QStringView text;
-    /// Shown before the setting takes the value; null for none.
-    const Notice* notice = nullptr;
-};
-
-/// A setting that its button leads through its values in turn.
-struct CyclingSetting final {
-    SettingRowNames names;
-    int Settings::*setting;
-    std::span<const SettingValue> values;
-
-    /// The entry of a value; null for one that is not in the table.
-    [[nodiscard]] const SettingValue* find(int value) const;
-    /// The entry behind a value, the first behind the last and behind one that is not in the table.
-    [[nodiscard]] const SettingValue& next(int value) const;
-};
 
 /// The cycling settings of Form8.
 namespace options {

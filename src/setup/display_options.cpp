@@ -12,7 +12,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <utility>
 
 namespace velmora {
 
@@ -90,7 +89,7 @@ void Form8::Form_Load() {
         grid->reserveWidth(controllerText(type));
     }
     for (const Row& row : rows()) {
-        row.cycle != nullptr ? addCycle(*grid, *row.cycle) : addRow(*grid, row);
+        row.cycle != nullptr ? addCyclingRow(*grid, *row.cycle, m_session) : addRow(*grid, row);
     }
     auto* exitButton = new CB(QStringLiteral("ExitButton"), QStringLiteral("Exit"), this);
     exitButton->setMinimumWidth(10 * em);
@@ -108,29 +107,13 @@ void Form8::addRow(SettingRows& grid, const Row& row) {
         connect(added.secondButton, &CB::clicked, this, row.secondClick);
     }
     if (added.value != nullptr) {
-        addValue(added, [this, value = row.value] { return (this->*value)(); });
+        m_values.push_back({added, row.value});
     }
-}
-
-void Form8::addCycle(SettingRows& grid, const CyclingSetting& cycle) {
-    const SettingRow added = grid.addRow(cycle.names);
-    for (const SettingValue& value : cycle.values) {
-        grid.reserveWidth(value.text.toString());
-    }
-    connect(added.button, &CB::clicked, this, [this, &cycle] { advance(cycle); });
-    addValue(added, [this, &cycle] {
-        const SettingValue* found = cycle.find(m_session.settings.*cycle.setting);
-        return found == nullptr ? QString() : found->text.toString();
-    });
-}
-
-void Form8::addValue(const SettingRow& row, std::function<QString()> text) {
-    m_values.push_back({row, std::move(text)});
 }
 
 void Form8::writeValues() {
     for (const Value& value : m_values) {
-        value.row.showValue(value.text());
+        value.row.showValue((this->*value.text)());
     }
 }
 
@@ -154,17 +137,6 @@ QString Form8::delay() {
 }
 
 // --- what the buttons do -------------------------------------------------------------------------
-
-void Form8::advance(const CyclingSetting& cycle) {
-    int& setting = m_session.settings.*cycle.setting;
-    const SettingValue& next = cycle.next(setting);
-    if (next.notice != nullptr) {
-        m_session.platform.messages.show(MessageIcon::Information, next.notice->title.toString(),
-                                         next.notice->text.toString(), MessageButtons::Ok);
-    }
-    setting = next.value;
-    writeValues();
-}
 
 void Form8::moveLineSpacing(int steps) {
     int& index = m_session.settings.LineSpacingIndex;

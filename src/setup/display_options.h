@@ -5,7 +5,6 @@
 
 #include <QDialog>
 
-#include <functional>
 #include <vector>
 
 namespace velmora {
@@ -43,16 +42,13 @@ private:
 
     void Form_Load();
     void addRow(SettingRows& grid, const Row& row);
-    void addCycle(SettingRows& grid, const CyclingSetting& cycle);
-    /// A value label and what it says.
-    void addValue(const SettingRow& row, std::function<QString()> text);
     void writeValues();
     void moveLineSpacing(int steps);
-    void advance(const CyclingSetting& cycle);
 
+    /// A value label and what it says.
     struct Value final {
         SettingRow row;
-        std::function<QString()> text;
+        QString (Form8::*text)();
     };
 
     Session& m_session;
