@@ -1,6 +1,7 @@
 #include "display/control_row.h"
 
 #include "controllers/speed_mapping.h"
+#include "core/speed_range.h"
 #include "display/flipped_face.h"
 
 #include <QMouseEvent>
@@ -118,8 +119,8 @@ void SpeedScale::paintScale(QPainter& painter) const {
     } else {
         shade.setColorAt(0, QColor(Back));
         shade.setColorAt(place(138), QColor(Back).darker(300));
-        shade.setColorAt(place(136), QColor(Still));
-        shade.setColorAt(place(120), QColor(Still));
+        shade.setColorAt(place(speed::DeadBandEnd), QColor(Still));
+        shade.setColorAt(place(speed::DeadBandBegin), QColor(Still));
         shade.setColorAt(place(118), QColor(Go).darker(300));
         shade.setColorAt(1, QColor(Go));
     }

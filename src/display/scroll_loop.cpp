@@ -1,6 +1,7 @@
 #include "display/scroll_loop.h"
 
 #include "core/session.h"
+#include "core/speed_range.h"
 #include "display/frame_composer.h"
 #include "display/show_navigation.h"
 #include "display/show_observer.h"
@@ -225,11 +226,11 @@ void ScrollLoop::waitForNextStep() {
 }
 
 void ScrollLoop::applySplitDirection() {
-    const double speed = m_session.settings.ScrollSpeed;
+    const double scrollSpeed = m_session.settings.ScrollSpeed;
     const int direction = m_session.show.ScrollDirection;
-    if (direction < 0 && speed < 128) {
+    if (direction < 0 && scrollSpeed <= speed::Middle) {
         turn(1);
-    } else if (direction > 0 && speed > 127) {
+    } else if (direction > 0 && scrollSpeed > speed::Middle) {
         turn(-1);
     }
 }
