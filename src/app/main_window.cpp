@@ -73,10 +73,15 @@ void Form1::command(const std::function<void()>& work) {
 
 template<typename Load> void Form1::load(const Load& load) {
     command([&] {
+        const ScriptState& script = m_session.script;
         const int changesBefore = m_changes;
+        const bool intoEmptyEditor = script.rtb1.isEmpty();
         load();
         if (m_changes != changesBefore) {
-            m_shownFile = m_session.script.ScriptFileName;
+            m_shownFile = script.ScriptFileName;
+        }
+        if (m_changes != changesBefore && intoEmptyEditor && !script.ownFile.isEmpty()) {
+            m_rescue.scriptIsSafe();
         }
         updateCaption();
     });
@@ -97,9 +102,9 @@ void Form1::SaveText_Click() {
         m_saver.SaveText();
         if (script.SaveFailed == 0 && !script.rtb1.isEmpty()) {
             m_shownFile = script.ScriptFileName;
+            m_rescue.scriptIsSafe();
         }
         script.SaveFailed = 0;
-        m_rescue.keep();
         updateCaption();
     });
 }

@@ -83,18 +83,20 @@ void Form1::applyCheck(const TwoDisplayCheck& check) {
 }
 
 void Form1::offerRecovered() {
-    const QString recovered = m_rescue.recover();
+    const QString recovered = m_rescue.recoveryPath();
     if (recovered.isEmpty()) {
+        m_rescue.begin(recovered);
         return;
     }
     const MessageAnswer answer = m_session.platform.messages.show(
         MessageIcon::Question, QStringLiteral("Recovered Script"),
         QStringLiteral(
-            "Velmora was ended before a script was saved. I kept it as %1.\r\n\r\nDo you "
+            "Velmora was ended before a script was saved. I keep it as %1.\r\n\r\nDo you "
             "wish to load it now?")
             .arg(recovered),
         MessageButtons::YesNo);
-    if (answer == MessageAnswer::Yes) {
+    // Not before the answer: whatever ends the program meanwhile, the next start asks again.
+    if (m_rescue.begin(recovered) && answer == MessageAnswer::Yes) {
         openScript(recovered);
     }
 }
@@ -121,7 +123,7 @@ void Form1::Form_Unload(bool& cancel) {
     }
     command([this, &cancel] {
         if (m_exit.run()) {
-            m_rescue.discard();
+            m_rescue.scriptIsSafe();
             UnloadAllForms(objectName());
             m_session.platform.pump.DoEvents();
             cancel = false;

@@ -261,6 +261,7 @@ void DisplayWindow::connectControls() {
 void DisplayWindow::watchDisplays() {
     const auto watch = [this](const QScreen* screen) {
         connect(screen, &QScreen::geometryChanged, this, &DisplayWindow::followDisplays);
+        connect(screen, &QScreen::refreshRateChanged, this, &DisplayWindow::followDisplays);
     };
     std::ranges::for_each(QGuiApplication::screens(), watch);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DisplayWindow::followDisplays);
@@ -282,7 +283,11 @@ void DisplayWindow::followDisplays() {
         return;
     }
     const QRect before = m_display.now;
-    m_display.choose(displays);
+    // The text stays on the speaker's display as long as there is another one for the operator.
+    m_display.choose(displays, m_speakerDisplay.seat(displays));
+    if (m_display.now.isEmpty()) {
+        m_display.choose(displays);
+    }
     if (m_speaker) {
         m_speakerDisplay.choose(displays, m_display.now);
     }

@@ -9,6 +9,10 @@
 
 namespace velmora {
 
+QRect DisplayPlace::seat(const std::vector<QRect>& displays) const {
+    return std::ranges::find(displays, home) != displays.end() ? home : now;
+}
+
 void DisplayPlace::choose(const std::vector<QRect>& displays, const QRect& taken) {
     const auto isFree = [&](const QRect& display) { return display != taken; };
     const auto isThere = [&](const QRect& display) {

@@ -1,9 +1,11 @@
 #include "editor/rescue_copy.h"
 
 #include "core/session.h"
+#include "platform/timing/clock.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace velmora {
 
@@ -26,8 +28,36 @@ RescueCopy::RescueCopy(Session& session, int quietMs) : m_session(session) {
     m_timer.callOnTimeout([this] { timeIsUp(); });
 }
 
+QString RescueCopy::recoveryPath() const {
+    if (!m_session.keepsFiles || !QFile::exists(path())) {
+        return QString();
+    }
+    const QString scripts = m_session.settings.ScriptsFolder;
+    const bool usable =
+        !scripts.isEmpty() && QDir().mkpath(scripts) && QFileInfo(scripts).isWritable();
+    return freePath(QDir(usable ? scripts : m_session.AppFolder));
+}
+
+bool RescueCopy::begin(const QString& recoveryPath) {
+    m_inUse =
+        m_session.keepsFiles && (recoveryPath.isEmpty() || QFile::rename(path(), recoveryPath));
+    return m_inUse;
+}
+
 void RescueCopy::scriptChanged() {
-    m_timer.start();
+    m_unsaved = true;
+    const Clock& clock = m_session.platform.clock;
+    if (!m_timer.isActive()) {
+        m_dueSince = clock.counter();
+    }
+    if (clock.counter() - m_dueSince < LongestSeconds * clock.frequency()) {
+        m_timer.start();
+    }
+}
+
+void RescueCopy::scriptIsSafe() {
+    m_unsaved = false;
+    discard();
 }
 
 void RescueCopy::timeIsUp() {
@@ -39,15 +69,15 @@ void RescueCopy::timeIsUp() {
 }
 
 void RescueCopy::keep() {
-    const ScriptState& script = m_session.script;
-    if (script.TextChanged == 0 || script.rtb1.isEmpty()) {
+    const RichTextBox& rtb1 = m_session.script.rtb1;
+    if (!m_unsaved || rtb1.isEmpty()) {
         discard();
         return;
     }
     m_timer.stop();
     if (m_inUse) {
         // As it stands in the editor, white text included.
-        const Outcome written = script.rtb1.SaveFile(path(), FileFormat::Rtf);
+        const Outcome written = rtb1.SaveFile(path(), FileFormat::Rtf);
         static_cast<void>(written);
     }
 }
@@ -57,23 +87,6 @@ void RescueCopy::discard() {
     if (m_inUse) {
         QFile::remove(path());
     }
-}
-
-QString RescueCopy::recover() {
-    m_inUse = m_session.keepsFiles;
-    if (!m_inUse || !QFile::exists(path())) {
-        return QString();
-    }
-    for (const QString& folder : {m_session.settings.ScriptsFolder, m_session.AppFolder}) {
-        if (folder.isEmpty() || !QDir().mkpath(folder)) {
-            continue;
-        }
-        const QString recovered = freePath(QDir(folder));
-        if (QFile::rename(path(), recovered)) {
-            return recovered;
-        }
-    }
-    return path();
 }
 
 QString RescueCopy::path() const {

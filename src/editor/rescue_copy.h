@@ -3,6 +3,8 @@
 #include <QString>
 #include <QTimer>
 
+#include <cstdint>
+
 namespace velmora {
 
 class Session;
@@ -18,27 +20,36 @@ public:
     /// Behind the last change: long enough for whoever types not to notice the writing of a long
     /// script.
     static constexpr int QuietMs = 2000;
+    /// Whoever types without a pause has a copy at least so often.
+    static constexpr int LongestSeconds = 20;
 
     explicit RescueCopy(Session& session, int quietMs = QuietMs);
 
+    /// Where the copy that an earlier session left shall go: among the scripts, under a name that
+    /// no file has. Empty when there is none.
+    [[nodiscard]] QString recoveryPath() const;
+    /// Moves that copy there, if there is one. From now on copies are kept; before, nothing is
+    /// written or removed. False where it cannot be moved: then it stays, and this session keeps
+    /// none.
+    bool begin(const QString& recoveryPath);
+
     /// The script has changed: the copy is due.
     void scriptChanged();
-    /// Makes the copy what the script is now, or removes it where that is saved or empty.
+    /// The script is in a file, or it is given up.
+    void scriptIsSafe();
+    /// Makes the copy what the script is now, or removes it where that is safe or empty.
     void keep();
-    /// The script is given up or has been saved on the way out.
-    void discard();
-
-    /// Puts the copy that an earlier session left among the scripts, under a name that no file has.
-    /// Returns its path; empty when there was none. Before this nothing is kept or removed.
-    [[nodiscard]] QString recover();
 
 private:
     void timeIsUp();
+    void discard();
     [[nodiscard]] QString path() const;
 
     Session& m_session;
     QTimer m_timer;
-    /// What an earlier session left is out of the way.
+    /// The clock's counter at the first change that is in no copy yet.
+    std::int64_t m_dueSince = 0;
+    bool m_unsaved = false;
     bool m_inUse = false;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/desktop/session_end.h"
 
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <utility>
 
@@ -13,15 +14,19 @@ namespace {
 
 constexpr std::array Signals = {SIGTERM, SIGHUP, SIGINT};
 
-/// A handler may do no more than write: it can fall into any line of the program.
 std::atomic<int> handlersEnd = -1;
+std::atomic<bool> signalled = false;
 
+/// A handler may do no more than write: it can fall into any line of the program. A second signal
+/// means that the first was not heard: a program that hangs must end all the same.
 void handleSignal(int signal) {
+    const int error = errno;
     const auto byte = static_cast<char>(signal);
-    if (write(handlersEnd, &byte, 1) != 1) {
+    if (signalled.exchange(true) || write(handlersEnd, &byte, 1) != 1) {
         std::signal(signal, SIG_DFL);
         std::raise(signal);
     }
+    errno = error;
 }
 
 } // namespace

@@ -194,6 +194,17 @@ TEST_F(FourWindows, SpeakersWindowRestsWhileItsDisplayIsAway) {
         EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 1280, 720));
         EXPECT_TRUE(speaker()->isVisible());
         EXPECT_EQ(speaker()->Picture1->size(), display->focusWidget()->size());
+        // It comes back in another mode, or there is a third one: the speaker keeps the own.
+        for (const QRect& other : {QRect(0, 0, 1024, 768), QRect(2560, 0, 1280, 720)}) {
+            t.monitors.rectangles = {QRect(1280, 0, 1280, 720)};
+            Q_EMIT qGuiApp->screenRemoved(nullptr);
+            EXPECT_FALSE(speaker()->isVisible());
+            t.monitors.rectangles.push_back(other);
+            Q_EMIT qGuiApp->screenAdded(nullptr);
+            EXPECT_EQ(display->geometry(), other);
+            EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 1280, 720));
+            EXPECT_TRUE(speaker()->isVisible());
+        }
     });
     t.pump.in(2.5, [&] {
         QCloseEvent close;

@@ -11,12 +11,14 @@ namespace {
 
 class RescueCopyTest : public ::testing::Test {
 protected:
-    void SetUp() override { EXPECT_EQ(rescue.recover(), QString()); }
+    void SetUp() override {
+        EXPECT_EQ(rescue.recoveryPath(), QString());
+        EXPECT_TRUE(rescue.begin(QString()));
+    }
 
     [[nodiscard]] QByteArray copy() const { return t.read(u"unsaved.rtf"_qs); }
     void change(const QString& text) {
         t.session.script.rtb1.setText(text);
-        t.session.script.TextChanged = 1;
         rescue.scriptChanged();
     }
 
@@ -35,7 +37,7 @@ TEST_F(RescueCopyTest, HoldsWhatIsUnsavedAndNothingElse) {
     change(u"Two"_qs);
     EXPECT_TRUE(copy().contains("One")) << "not at every key";
     EXPECT_TRUE(QTest::qWaitFor([&] { return copy().contains("Two"); }));
-    t.session.script.TextChanged = 0;
+    rescue.scriptIsSafe();
     rescue.keep();
     EXPECT_TRUE(copy().isNull()) << "saved";
     change(u"Three"_qs);
@@ -43,10 +45,15 @@ TEST_F(RescueCopyTest, HoldsWhatIsUnsavedAndNothingElse) {
     change(QString());
     rescue.keep();
     EXPECT_TRUE(copy().isNull()) << "empty";
+    // Without a pause: no start of the timer behind the longest time puts it off any more.
+    rescue.scriptIsSafe();
     change(u"Four"_qs);
-    rescue.keep();
-    rescue.discard();
-    EXPECT_TRUE(copy().isNull()) << "given up";
+    t.clock.advanceSeconds(RescueCopy::LongestSeconds + 1);
+    const auto typing = [&] {
+        change(u"Five"_qs);
+        return copy().contains("Five");
+    };
+    EXPECT_TRUE(QTest::qWaitFor(typing));
 }
 
 TEST_F(RescueCopyTest, IsNotWrittenDuringAShowOrALoad) {
@@ -67,22 +74,25 @@ TEST_F(RescueCopyTest, OfAnEarlierSessionGoesAmongTheScriptsAndIsNeverOverwritte
         change(u"Left behind: "_qs + name);
         rescue.keep();
         RescueCopy next(t.session);
-        // The session may end again before the editor is ready.
-        t.session.script.TextChanged = 0;
+        // The session may end again before the editor is ready, or while the user is asked.
         next.keep();
-        next.discard();
-        EXPECT_EQ(next.recover(), t.session.settings.ScriptsFolder + name);
+        next.scriptIsSafe();
+        const QString recovered = next.recoveryPath();
+        EXPECT_EQ(recovered, t.session.settings.ScriptsFolder + name);
+        EXPECT_FALSE(copy().isNull());
+        EXPECT_TRUE(next.begin(recovered));
         EXPECT_TRUE(t.read(u"Scripts/"_qs + name).contains(name.toLatin1()));
         EXPECT_TRUE(copy().isNull());
-        EXPECT_EQ(next.recover(), QString());
+        EXPECT_EQ(next.recoveryPath(), QString());
     }
 }
 
 TEST_F(RescueCopyTest, LeavesNothingBehindInAnUnattendedRun) {
     t.session.keepsFiles = false;
     RescueCopy unattended(t.session);
-    EXPECT_EQ(unattended.recover(), QString());
-    change(u"One"_qs);
+    EXPECT_FALSE(unattended.begin(unattended.recoveryPath()));
+    t.session.script.rtb1.setText(u"One"_qs);
+    unattended.scriptChanged();
     unattended.keep();
     EXPECT_TRUE(copy().isNull());
 }
