@@ -262,14 +262,21 @@ TEST_F(HandOver, FullRangeTurnsByKeyOnTheWayAndAtEitherEnd) {
 }
 
 TEST_F(HandOver, FindOpensWhereTheTextStandsStill) {
-    for (const auto& [range, speed, opens] :
-         {std::tuple(0, 120, true), {0, 137, false}, {1, 250, true}, {1, 249, false}}) {
-        showFor(0.1, [&, range = range, speed = speed, opens = opens] {
+    for (const auto& [range, speed, looping, opens] : {std::tuple(0, 120, 0, true),
+                                                       {0, 137, 0, false},
+                                                       {0, 120, 1, false},
+                                                       {1, 250, 0, true},
+                                                       {1, 249, 0, false}}) {
+        showFor(0.1, [&, range = range, speed = speed, looping = looping, opens = opens] {
             std::tie(settings.ScrollSpeedControl, settings.ScrollSpeed, show.PauseState) =
                 std::tuple(range, speed, 0);
+            settings.AutomaticLooping = looping;
             const ModalAction leave([](QWidget& window) { window.close(); });
             press(Qt::Key_F);
             EXPECT_EQ(leave.done(), opens) << range << " at " << speed;
+            const std::int64_t row = show.ScrollRow;
+            press(Qt::Key_F3);
+            EXPECT_EQ(show.ScrollRow, row) << "nothing has been looked for";
         });
     }
 }

@@ -3,6 +3,8 @@
 #include "gui/setup/window_controls.h"
 #include "support/modal_action.h"
 
+#include <QPushButton>
+
 #include <utility>
 
 namespace velmora {
@@ -33,6 +35,27 @@ TEST_F(Form8Test, EachButtonLeadsItsSettingRound) {
     open();
     for (const Cycle& cycle : cycles) {
         leadRound(*form, settings, cycle);
+    }
+}
+
+TEST_F(Form8Test, TheOtherButtonsCaptionsAndThePlainStyleOfFewColours) {
+    const std::pair<const char16_t*, const char16_t*> captions[] = {
+        {u"SetDisplayDefaults", u"Default Editor Settings"},
+        {u"SetLineSpacing1", u"Spacing -"},
+        {u"SetLineSpacing2", u"Spacing +"},
+        {u"ConfigureController", u"Setup Speed Controller"},
+        {u"CCSetup", u"Configure Closed Caption"},
+        {u"DelayLess", u"Max Speed -"},
+        {u"DelayMore", u"Max Speed +"},
+        {u"ExitButton", u"Exit"}};
+    for (const int depth : {32, 8}) {
+        test.session.screen.ColorDepth = depth;
+        open();
+        for (const auto& [name, caption] : captions) {
+            const auto& button = control<QPushButton>(*form, QString::fromUtf16(name));
+            EXPECT_EQ(button.text(), QString::fromUtf16(caption));
+            EXPECT_EQ(button.isFlat(), depth == 8);
+        }
     }
 }
 
