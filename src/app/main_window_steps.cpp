@@ -83,9 +83,9 @@ void Form1::applyCheck(const TwoDisplayCheck& check) {
 }
 
 void Form1::offerRecovered() {
-    const QString recovered = m_rescue.recoveryPath();
-    if (recovered.isEmpty()) {
-        m_rescue.begin(recovered);
+    const QString path = m_rescue.recoveryPath();
+    if (path.isEmpty()) {
+        m_rescue.begin(path);
         return;
     }
     const MessageAnswer answer = m_session.platform.messages.show(
@@ -93,10 +93,11 @@ void Form1::offerRecovered() {
         QStringLiteral(
             "Velmora was ended before a script was saved. I keep it as %1.\r\n\r\nDo you "
             "wish to load it now?")
-            .arg(recovered),
+            .arg(path),
         MessageButtons::YesNo);
     // Not before the answer: whatever ends the program meanwhile, the next start asks again.
-    if (m_rescue.begin(recovered) && answer == MessageAnswer::Yes) {
+    const QString recovered = m_rescue.begin(path);
+    if (answer == MessageAnswer::Yes) {
         openScript(recovered);
     }
 }

@@ -56,7 +56,7 @@ void LoopHousekeeping::updateControls() {
         measureCycle();
         break;
     default:
-        if (m_shownSecond == PhasesShowClocks) {
+        if (!m_shownSecond) {
             updateClockOfPhase();
         }
     }

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 namespace velmora {
 
@@ -33,7 +34,7 @@ public:
     /// follow the time, as often as this is called, and the phases leave them alone.
     void updateClocks(double secondsPerStep);
     /// The clocks follow the phases again.
-    void leaveClocksToPhases() { m_shownSecond = PhasesShowClocks; }
+    void leaveClocksToPhases() { m_shownSecond.reset(); }
     /// Steps of a cycle.
     static constexpr int StepsPerCycle = 91;
 
@@ -59,9 +60,8 @@ private:
     std::int64_t m_cycleStart = 0;
     /// Measured seconds a step; 0 until the first measured cycle has ended.
     double m_secondsPerStep = 0;
-    static constexpr int PhasesShowClocks = -1;
-    /// Second of the day that the clocks show, where they follow the time.
-    int m_shownSecond = PhasesShowClocks;
+    /// Second of the day that the clocks show; none where they follow the phases.
+    std::optional<int> m_shownSecond;
 };
 
 } // namespace velmora

@@ -69,9 +69,7 @@ bool TimedLoop::waitForStart() {
         m_session.platform.pump.waitForEvents(IdleWaitMs);
         m_parts.pollDevices();
     }
-    if (m_repositions != m_parts.navigation.repositions()) {
-        // The start has another place than the one for which the pace was computed.
-        m_repositions = m_parts.navigation.repositions();
+    if (placeTaken()) {
         m_pace.set(m_session.settings.TimedDisplaySeconds, rowsLeft());
     }
     show.ElapsedStart = m_session.platform.clock.Timer();
@@ -99,9 +97,7 @@ bool TimedLoop::step() {
     const bool cycleOver = m_housekeeping.advanceFramePhase();
     // A stall behind which the steps do not run after at once may come shortly before the end.
     m_computed = m_computed || cycleOver;
-    const bool jumped = std::exchange(m_repositions, m_parts.navigation.repositions()) !=
-                        m_parts.navigation.repositions();
-    if (cycleOver || jumped || (m_computed && std::exchange(m_fellBehind, false))) {
+    if (placeTaken() || cycleOver || (m_computed && std::exchange(m_fellBehind, false))) {
         m_pace.recompute(clock.counter() - ShowStartCounter, rowsLeft(),
                          m_session.settings.RowStep);
     }
@@ -173,6 +169,13 @@ bool TimedLoop::waitForReset() {
     }
     show.ExitRequested = 0;
     return true;
+}
+
+/// The text stands elsewhere than where the pace was computed for: since the last look, the start
+/// of the run included.
+bool TimedLoop::placeTaken() {
+    const int repositions = m_parts.navigation.repositions();
+    return std::exchange(m_repositions, repositions) != repositions;
 }
 
 std::int64_t TimedLoop::rowsLeft() const {

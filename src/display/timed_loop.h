@@ -34,6 +34,7 @@ private:
     void endRun();
     bool waitForReset();
 
+    [[nodiscard]] bool placeTaken();
     [[nodiscard]] std::int64_t rowsLeft() const;
     [[nodiscard]] bool exitRequested() const;
 

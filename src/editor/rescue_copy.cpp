@@ -38,10 +38,10 @@ QString RescueCopy::recoveryPath() const {
     return freePath(QDir(usable ? scripts : m_session.AppFolder));
 }
 
-bool RescueCopy::begin(const QString& recoveryPath) {
+QString RescueCopy::begin(const QString& recoveryPath) {
     m_inUse =
         m_session.keepsFiles && (recoveryPath.isEmpty() || QFile::rename(path(), recoveryPath));
-    return m_inUse;
+    return m_inUse ? recoveryPath : path();
 }
 
 void RescueCopy::scriptChanged() {

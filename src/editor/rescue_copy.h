@@ -28,10 +28,10 @@ public:
     /// Where the copy that an earlier session left shall go: among the scripts, under a name that
     /// no file has. Empty when there is none.
     [[nodiscard]] QString recoveryPath() const;
-    /// Moves that copy there, if there is one. From now on copies are kept; before, nothing is
-    /// written or removed. False where it cannot be moved: then it stays, and this session keeps
-    /// none.
-    bool begin(const QString& recoveryPath);
+    /// Moves that copy there, if there is one, and returns where it is. From now on copies are
+    /// kept; before, nothing is written or removed. One that cannot be moved stays where it was,
+    /// and this session keeps none.
+    QString begin(const QString& recoveryPath);
 
     /// The script has changed: the copy is due.
     void scriptChanged();

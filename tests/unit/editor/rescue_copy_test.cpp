@@ -13,7 +13,7 @@ class RescueCopyTest : public ::testing::Test {
 protected:
     void SetUp() override {
         EXPECT_EQ(rescue.recoveryPath(), QString());
-        EXPECT_TRUE(rescue.begin(QString()));
+        EXPECT_EQ(rescue.begin(QString()), QString());
     }
 
     [[nodiscard]] QByteArray copy() const { return t.read(u"unsaved.rtf"_qs); }
@@ -80,7 +80,7 @@ TEST_F(RescueCopyTest, OfAnEarlierSessionGoesAmongTheScriptsAndIsNeverOverwritte
         const QString recovered = next.recoveryPath();
         EXPECT_EQ(recovered, t.session.settings.ScriptsFolder + name);
         EXPECT_FALSE(copy().isNull());
-        EXPECT_TRUE(next.begin(recovered));
+        EXPECT_EQ(next.begin(recovered), recovered);
         EXPECT_TRUE(t.read(u"Scripts/"_qs + name).contains(name.toLatin1()));
         EXPECT_TRUE(copy().isNull());
         EXPECT_EQ(next.recoveryPath(), QString());
@@ -90,7 +90,7 @@ TEST_F(RescueCopyTest, OfAnEarlierSessionGoesAmongTheScriptsAndIsNeverOverwritte
 TEST_F(RescueCopyTest, LeavesNothingBehindInAnUnattendedRun) {
     t.session.keepsFiles = false;
     RescueCopy unattended(t.session);
-    EXPECT_FALSE(unattended.begin(unattended.recoveryPath()));
+    unattended.begin(unattended.recoveryPath());
     t.session.script.rtb1.setText(u"One"_qs);
     unattended.scriptChanged();
     unattended.keep();
