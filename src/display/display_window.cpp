@@ -62,7 +62,9 @@ void DisplayWindow::load() {
             MessageButtons::Ok);
         return;
     }
-    prepare();
+    if (!prepare()) {
+        return;
+    }
     connectControls();
     runLoop();
     leave();
@@ -89,8 +91,9 @@ bool DisplayWindow::findDisplays() {
     return true;
 }
 
-/// Line count, scale and colours first, then the geometry, then the ranges, then the tables.
-void DisplayWindow::prepare() {
+/// Line count, scale and colours first, then the geometry, then the ranges, then the tables. False
+/// where the operator left meanwhile.
+bool DisplayWindow::prepare() {
     ScriptLineCount = std::min(m_session.script.rtb1.lineCount(), MaxScriptLines);
     FontScale = fitScriptScale(m_session.show.ScriptRtf, m_display.home.width()).FontScale;
     layOut();
@@ -101,16 +104,21 @@ void DisplayWindow::prepare() {
         openSpeakerWindow();
     }
     prepareTables();
+    if (m_session.show.ExitRequested == 1) {
+        return false;
+    }
     startComposer();
     createSteering();
     if (m_observer != nullptr) {
         m_observer->showPrepared(m_tables, m_geometry, *this);
     }
+    return true;
 }
 
 void DisplayWindow::prepareTables() {
     RichTextBox& rtb1 = m_session.script.rtb1;
     Form23 progress(preparationText(ScriptLineCount), this);
+    connect(&progress, &Form23::leaveRequested, this, [this] { m_steering.leave(); });
     progress.show();
     m_session.platform.pump.DoEvents();
     PreparationInput input{ScriptLineCount, FontScale, m_session.settings.LineSpacingIndex, 0};

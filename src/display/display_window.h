@@ -60,6 +60,7 @@ public:
     void toggleArrow() override;
     void toggleFullScreen() override;
     void startOrReset() override;
+    void changeDuration(int seconds) override;
 
     // ShowActions
     void Picture1_KeyDown(int& keyCode, int& shift) override;
@@ -73,7 +74,7 @@ protected:
 
 private:
     bool findDisplays();
-    void prepare();
+    [[nodiscard]] bool prepare();
     void prepareTables();
     void startComposer();
     void layOut();

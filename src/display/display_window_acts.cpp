@@ -93,6 +93,10 @@ void DisplayWindow::startOrReset() {
     focusPicture();
 }
 
+void DisplayWindow::changeDuration(int seconds) {
+    m_controls.Hscroll1->setValue(m_controls.Hscroll1->value() + seconds);
+}
+
 void DisplayWindow::setSpeed(double scrollSpeed) {
     m_steering.setSpeed(scrollSpeed);
 }

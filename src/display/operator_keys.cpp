@@ -22,6 +22,14 @@ constexpr std::array<std::pair<int, SpeedKey>, 6> SpeedKeys = {{{key::Left, Spee
                                                                 {key::Home, SpeedKey::Home},
                                                                 {key::End, SpeedKey::End}}};
 
+/// What a key adds to the duration of a timed show, in seconds.
+constexpr std::array<std::pair<int, int>, 6> DurationKeys = {{{key::Left, -1},
+                                                              {key::Right, 1},
+                                                              {key::Up, 10},
+                                                              {key::Down, -10},
+                                                              {key::PageUp, 60},
+                                                              {key::PageDown, -60}}};
+
 /// From here on a speed of Full Range stands still enough for a search.
 constexpr double SearchSpeed = 250;
 
@@ -110,6 +118,8 @@ const OperatorKeys::Row OperatorKeys::TimedRows[] = {
      [](OperatorKeys& k, int) { k.m_parts.actions.toggleFullScreen(); }},
     {key::Space, key::Space, ShiftIs::Any, nullptr,
      [](OperatorKeys& k, int) { k.m_parts.actions.startOrReset(); }},
+    {key::PageUp, key::Down, ShiftIs::Any, &OperatorKeys::awaitingStart,
+     [](OperatorKeys& k, int code) { k.changeDuration(code); }, 0, true},
 };
 
 OperatorKeys::OperatorKeys(const Parts& parts, Keyboard keyboard)
@@ -183,6 +193,10 @@ bool OperatorKeys::canFindNext() const {
     return !m_session.find.LastFindText.isEmpty();
 }
 
+bool OperatorKeys::awaitingStart() const {
+    return m_session.show.AwaitingStart == 1;
+}
+
 void OperatorKeys::turnRing(int code) {
     if (const auto lines = shuttleRingLines(code)) {
         m_parts.navigation.stepLines(*lines);
@@ -194,6 +208,14 @@ void OperatorKeys::changeSpeed(int key) {
         if (key == code) {
             m_parts.steering.setSpeed(speedAfterKey(speedKey, m_session.settings.ScrollSpeed,
                                                     m_session.settings.ScrollSpeedControl));
+        }
+    }
+}
+
+void OperatorKeys::changeDuration(int key) {
+    for (const auto& [code, seconds] : DurationKeys) {
+        if (key == code) {
+            m_parts.actions.changeDuration(seconds);
         }
     }
 }

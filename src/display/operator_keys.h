@@ -23,6 +23,8 @@ public:
     virtual void toggleFullScreen() = 0;
     /// Of a timed show.
     virtual void startOrReset() = 0;
+    /// Of a timed show that awaits its start; limited like the duration bar.
+    virtual void changeDuration(int seconds) = 0;
 };
 
 /// The keys of a running show, by virtual-key number and Shift, tested in a fixed order. A branch
@@ -60,8 +62,10 @@ private:
     [[nodiscard]] bool fullRange() const;
     [[nodiscard]] bool canFind() const;
     [[nodiscard]] bool canFindNext() const;
+    [[nodiscard]] bool awaitingStart() const;
     void turnRing(int code);
     void changeSpeed(int key);
+    void changeDuration(int key);
 
     static const Row SteeredRows[];
     static const Row TimedRows[];

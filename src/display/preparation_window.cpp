@@ -1,6 +1,7 @@
 #include "display/preparation_window.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -53,7 +54,14 @@ void Form23::setProgress(int progress) {
     Picture1->setProgress(progress);
 }
 
+void Form23::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        Q_EMIT leaveRequested();
+    }
+}
+
 void Form23::closeEvent(QCloseEvent* event) {
+    Q_EMIT leaveRequested();
     event->ignore();
 }
 

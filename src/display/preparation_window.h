@@ -5,8 +5,8 @@
 
 namespace velmora {
 
-/// Form23: the small window that shows the progress of a script's preparation. Closing it by its
-/// frame does nothing: the preparation goes on.
+/// Form23: the small window that shows the progress of a script's preparation. It stays until its
+/// owner is through; Escape and its frame only ask to leave.
 class Form23 final : public QWidget {
     Q_OBJECT
 public:
@@ -16,7 +16,11 @@ public:
     /// 0 to 295; paints at once.
     void setProgress(int progress);
 
+Q_SIGNALS:
+    void leaveRequested();
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:

@@ -106,7 +106,7 @@ void collectBookmarks(const RichTextBox& rtb1, ShowTables& tables) {
     const std::vector<int> selective = linesOfMark(rtb1, SelectiveBookmarkMarker);
     tables.BookmarkLines.insert(tables.BookmarkLines.end(), selective.begin(), selective.end());
     std::sort(tables.BookmarkLines.begin(), tables.BookmarkLines.end());
-    tables.SelectiveBookmarkLines.assign(SelectiveSlots, 0);
+    tables.SelectiveBookmarkLines.assign(SelectiveSlots, std::nullopt);
     const auto direct = std::min<std::size_t>(selective.size(), DirectSelectiveLines);
     std::copy_n(selective.begin(), direct, tables.SelectiveBookmarkLines.begin() + 1);
 }

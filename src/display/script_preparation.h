@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace velmora {
@@ -23,8 +24,8 @@ struct ShowTables final {
     std::int64_t LastScrollRow = 0;
     /// Lines that carry a marker, ascending; a line with both kinds stands twice.
     std::vector<int> BookmarkLines;
-    /// Lines of the first eight selective bookmarks in slots 1 to 8; 0 is none.
-    std::vector<int> SelectiveBookmarkLines;
+    /// Lines of the first eight selective bookmarks in slots 1 to 8.
+    std::vector<std::optional<int>> SelectiveBookmarkLines;
 };
 
 /// Most lines of a script that a show can hold, from the 16-bit scroll bar.

@@ -18,7 +18,7 @@ int findline(int topLine, int scrollDirection) {
 
 } // namespace
 
-ShowBookmarks::ShowBookmarks(std::vector<int> lines, std::vector<int> selective)
+ShowBookmarks::ShowBookmarks(std::vector<int> lines, std::vector<std::optional<int>> selective)
     : BookmarkLines(std::move(lines)), SelectiveBookmarkLines(std::move(selective)) {
     BookmarkLines.resize(std::min<std::size_t>(BookmarkLines.size(), MostLines));
 }
@@ -37,8 +37,7 @@ std::optional<int> ShowBookmarks::previous(int topLine, int scrollDirection) con
 
 std::optional<int> ShowBookmarks::selective(int digit) const {
     const auto slot = static_cast<std::size_t>(digit - 1);
-    if (digit < FirstDigit || digit > LastDigit || slot >= SelectiveBookmarkLines.size() ||
-        SelectiveBookmarkLines[slot] == 0) {
+    if (digit < FirstDigit || digit > LastDigit || slot >= SelectiveBookmarkLines.size()) {
         return std::nullopt;
     }
     return SelectiveBookmarkLines[slot];

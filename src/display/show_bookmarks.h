@@ -17,7 +17,7 @@ public:
     ShowBookmarks() = default;
     /// lines: ascending; those beyond MostLines are left out. selective: the lines of the keys 2 to
     /// 9 in slots 1 to 8, 0 for none.
-    ShowBookmarks(std::vector<int> lines, std::vector<int> selective);
+    ShowBookmarks(std::vector<int> lines, std::vector<std::optional<int>> selective);
 
     /// The bookmark that a jump from the line at the window's top goes to, if there is one. The
     /// margin of the reading direction keeps a jump from the bookmark that the text stands on.
@@ -34,7 +34,7 @@ public:
 
 private:
     std::vector<int> BookmarkLines;
-    std::vector<int> SelectiveBookmarkLines;
+    std::vector<std::optional<int>> SelectiveBookmarkLines;
     /// In the order in which they were added.
     std::vector<int> InsertedBookmarks;
 };

@@ -2,6 +2,7 @@
 #include "display/display_window.h"
 #include "display/script_preparation.h"
 #include "display/show_hand_over.h"
+#include "display/show_text.h"
 #include "platform/desktop/appearance_effects.h"
 #include "show_fixture.h"
 #include "support/modal_action.h"
@@ -281,8 +282,43 @@ TEST_F(HandOver, FindOpensWhereTheTextStandsStill) {
     }
 }
 
+TEST_F(HandOver, EscapeAndTheFrameLeaveDuringThePreparation) {
+    rtb1.setSelStart(rtb1.lineIndex(7));
+    for (const bool byKey : {true, false}) {
+        t.pump.next([&] {
+            QWidget* form23 = QApplication::activeModalWidget();
+            ASSERT_NE(form23, nullptr);
+            if (byKey) {
+                QTest::keyClick(form23, Qt::Key_Escape);
+            } else {
+                EXPECT_FALSE(form23->close());
+            }
+        });
+        handOver.RunPrompter();
+        EXPECT_EQ(shows, 0);
+        EXPECT_EQ(caretLine(), 7);
+        EXPECT_EQ(show.ExitRequested, 0);
+    }
+}
+
 TEST_F(HandOver, TimedWindowsKnowTheirKeys) {
     settings.TimedDisplay = 1;
+    settings.TimedDisplaySeconds = 100;
+    t.pump.at(0.1, [&] {
+        for (const auto& [key, seconds] : {std::pair(Qt::Key_Right, 101),
+                                           {Qt::Key_Up, 111},
+                                           {Qt::Key_PageUp, 171},
+                                           {Qt::Key_Left, 170},
+                                           {Qt::Key_Down, 160},
+                                           {Qt::Key_PageDown, 100},
+                                           {Qt::Key_PageDown, 40},
+                                           {Qt::Key_PageDown, 10},
+                                           {Qt::Key_End, 10}}) {
+            press(key);
+            EXPECT_EQ(settings.TimedDisplaySeconds, seconds) << key;
+        }
+        EXPECT_EQ(control<ShowText>("Label3")->text(), u"00:10"_qs);
+    });
     const auto seen = [&](const char* name) { return control(name)->isVisibleTo(display); };
     t.pump.at(0.2, [&] {
         press(Qt::Key_F10);
@@ -293,6 +329,8 @@ TEST_F(HandOver, TimedWindowsKnowTheirKeys) {
     });
     t.pump.at(0.4, [&] {
         EXPECT_EQ(show.PauseState, 0) << "started";
+        press(Qt::Key_Up);
+        EXPECT_EQ(settings.TimedDisplaySeconds, 10) << "only before the start";
         press(Qt::Key_F24, Qt::ShiftModifier);
         EXPECT_TRUE(seen("Command2") && seen("Label3"));
         press(Qt::Key_F9);

@@ -23,9 +23,10 @@ TEST(ShowBookmarks, JumpsLeaveTheBookmarkThatTheTextStandsOn) {
 }
 
 TEST(ShowBookmarks, AddedOnesAreLiveInOrderAndBounded) {
-    ShowBookmarks bookmarks({10}, {0, 7, 0});
-    EXPECT_EQ(bookmarks.selective(2), 7);
-    EXPECT_EQ(bookmarks.selective(3), std::nullopt);
+    ShowBookmarks bookmarks({10}, {std::nullopt, 0, 7, std::nullopt});
+    EXPECT_EQ(bookmarks.selective(2), 0) << "the first line is one like any other";
+    EXPECT_EQ(bookmarks.selective(3), 7);
+    EXPECT_EQ(bookmarks.selective(4), std::nullopt);
     EXPECT_EQ(bookmarks.selective(9), std::nullopt);
     EXPECT_TRUE(bookmarks.add(20));
     EXPECT_TRUE(bookmarks.add(3));
