@@ -5,11 +5,11 @@
 #include "core/line_spacing.h"
 #include "core/list_items.h"
 #include "core/number_format.h"
+#include "platform/files/whole_file.h"
 #include "platform/text_services/text_encoding.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <array>
@@ -231,9 +231,8 @@ SettingsFile::LoadResult SettingsFile::load(Settings& settings) {
         return LoadResult::FirstRun;
     }
     settings = Settings();
-    QFile file(path());
-    m_damaged = !file.open(QIODevice::ReadOnly) ||
-                !readFields(decodeText(file.read(std::min(file.size(), MaxBytes))), settings);
+    QByteArray bytes;
+    m_damaged = !readWholeFile(path(), MaxBytes, bytes) || !readFields(decodeText(bytes), settings);
     if (m_damaged) {
         resetAfterDamage(settings, std::move(defaults));
     }
@@ -249,20 +248,17 @@ Outcome SettingsFile::save(const Settings& settings) {
     if (m_damaged) {
         keepDamagedFile();
     }
-    const QByteArray bytes = encodeText(text);
-    QSaveFile file(path());
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return Outcome::failure(file.errorString());
-    }
-    m_damaged = false;
-    return Outcome::success();
+    Outcome written = writeWholeFile(path(), encodeText(text));
+    m_damaged = m_damaged && !written;
+    return written;
 }
 
 void SettingsFile::keepDamagedFile() const {
     const QString kept = path() + QStringLiteral(".damaged");
     QFile::remove(kept);
-    // A file that may not be read can still be moved.
-    if (!QFile::copy(path(), kept)) {
+    // A file that may not be read can still be moved, and so can a pipe, whose copy would never
+    // end.
+    if (!QFileInfo(path()).isFile() || !QFile::copy(path(), kept)) {
         QFile::rename(path(), kept);
     }
 }

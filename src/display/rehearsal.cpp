@@ -12,14 +12,15 @@
 #include "editor/script_conventions.h"
 #include "editor/script_loader.h"
 #include "editor/unattended_host.h"
+#include "platform/files/whole_file.h"
 #include "platform/timing/clock.h"
 #include "platform/timing/process_usage.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QPixmap>
 #include <QPointer>
-#include <QSaveFile>
 #include <QTimer>
 #include <QWidget>
 
@@ -175,27 +176,22 @@ private:
 };
 
 bool complain(const QString& path, const QString& reason) {
-    std::fprintf(stderr, "velmora: could not write %s: %s\n", qPrintable(path), qPrintable(reason));
+    std::fprintf(stderr, "velmora: %s: %s\n", qPrintable(path), qPrintable(reason));
     return false;
 }
 
+bool writeOut(const QString& path, const QByteArray& bytes) {
+    const Outcome written = writeWholeFile(path, bytes);
+    return written ? true : complain(path, written.reason());
+}
+
 bool writeReport(const QString& path, const RehearsalFigures& figures) {
-    if (path.isEmpty()) {
-        return true;
-    }
-    QSaveFile file(path);
-    const QByteArray json = QJsonDocument(figures.toJson()).toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit()) {
-        return complain(path, file.errorString());
-    }
-    return true;
+    return path.isEmpty() || writeOut(path, QJsonDocument(figures.toJson()).toJson());
 }
 
 bool writePicture(const QString& path, const QPixmap& picture) {
-    if (path.isEmpty() || picture.save(path, "PNG")) {
-        return true;
-    }
-    return complain(path, QStringLiteral("the picture could not be saved; check the folder"));
+    QBuffer png;
+    return path.isEmpty() || (picture.save(&png, "PNG") && writeOut(path, png.data()));
 }
 
 } // namespace

@@ -1,9 +1,7 @@
 #include "editor/recent_files.h"
 
+#include "platform/files/whole_file.h"
 #include "platform/text_services/text_encoding.h"
-
-#include <QFile>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <utility>
@@ -21,11 +19,11 @@ RecentFileTable::RecentFileTable(QString appFolder) : m_appFolder(std::move(appF
 
 void RecentFileTable::read() {
     m_read = true;
-    QFile file(m_appFolder + fileName());
-    if (!file.open(QIODevice::ReadOnly)) {
+    QByteArray bytes;
+    if (!readWholeFile(m_appFolder + fileName(), MaxBytes, bytes)) {
         return;
     }
-    QString text = decodeText(file.read(std::min(file.size(), MaxBytes)));
+    QString text = decodeText(bytes);
     const QStringList lines =
         text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split(u'\n');
     for (qsizetype i = 0; i + 1 < lines.size() && i / 2 < Rows; i += 2) {
@@ -55,12 +53,7 @@ Outcome RecentFileTable::write(int entries) const {
         const Row& row = m_rows[static_cast<std::size_t>(i)];
         text += row.path + QStringLiteral("\r\n") + row.second + QStringLiteral("\r\n");
     }
-    const QByteArray bytes = encodeText(text);
-    QSaveFile file(m_appFolder + fileName());
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return Outcome::failure(file.errorString());
-    }
-    return Outcome::success();
+    return writeWholeFile(m_appFolder + fileName(), encodeText(text));
 }
 
 QStringList RecentFileTable::paths() const {

@@ -5,7 +5,7 @@ platform, that is not allowed.
     check_includes.py SOURCE_DIR QT_WIDGETS_HEADER_DIR
 
 Also refused: a header of ours that is not named from src/ downwards, Qt Widgets within reach of
-core, and a test for an operating system outside platform."""
+core, a test for an operating system outside platform, and what belongs to one folder elsewhere."""
 
 import os
 import re
@@ -30,10 +30,14 @@ PLATFORM_PARTS = {
     "desktop": [],
     "devices": [],
     "drawing": [],
+    "files": [],
     "text_services": [],
     "timing": [],
-    "rich_text": ["drawing", "text_services"],
+    "rich_text": ["drawing", "files", "text_services"],
 }
+
+# What only one folder may use, because it is easily used wrongly.
+ONE_FOLDER = {"QSaveFile": "platform/files"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 SYSTEM_TEST = re.compile(
@@ -103,6 +107,8 @@ def violations(root, widget_headers):
             found.append(f"{where}: {layer} is not a layer")
             continue
         for mark, name in includes_of(path):
+            if where.parent.as_posix() != ONE_FOLDER.get(name, where.parent.as_posix()):
+                found.append(f"{where}: only {ONE_FOLDER[name]} may include {name}")
             target = name.split("/")[0]
             if target in LAYERS and "/" in name:
                 if target not in reachable(layer):

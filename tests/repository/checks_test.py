@@ -47,6 +47,7 @@ class IncludesTest(PlantedTree):
             ("editor/a.cpp", '#include "a.moc"\n'),
             ("platform/rich_text/a.h", '#include "platform/drawing/b.h"\n'),
             ("platform/drawing/a.h", '#include "platform/outcome.h"\n'),
+            ("platform/files/a.cpp", "#include <QSaveFile>\n"),
             ("platform/a_linux.cpp", "#ifdef Q_OS_LINUX\n#endif\n"),
         ]:
             with self.subTest(path):
@@ -68,6 +69,7 @@ class IncludesTest(PlantedTree):
             ("core/a.h", "#include <QtWidgets/QLabel>\n", "QtWidgets/QLabel"),
             ("core/a.h", '#include "platform/rich_text/view.h"\n', "view.h > QWidget"),
             ("widgets/a.cpp", "#if defined(Q_OS_WIN)\n#endif\n", "Q_OS_WIN"),
+            ("editor/a.cpp", "#include <QSaveFile>\n", "only platform/files"),
             ("stray/a.cpp", "", "stray is not a layer"),
         ]:
             with self.subTest(path=path, text=text):

@@ -4,6 +4,7 @@
 #include "editor/script_conventions.h"
 #include "editor/script_loader.h"
 #include "support/flat_text.h"
+#include "support/full_disk.h"
 #include "support/test_session.h"
 
 #include <gtest/gtest.h>
@@ -133,6 +134,15 @@ TEST_F(ScriptSaverTest, FailureKeepsTheOldFileAndSaysWhy) {
     EXPECT_EQ(session.script.SaveFailed, 1);
     EXPECT_EQ(test.host.focusGiven, 1);
     expectAllPutAway();
+    // A full disk, and a script so small that it is in the program's own buffer until the end.
+    const QString full = test.write(u"full.rtf"_qs, "old");
+    {
+        const FileSizeLimit limit(20);
+        saveAs(full, RichTextFilter);
+    }
+    EXPECT_EQ(test.messages.boxes.size(), 2U);
+    EXPECT_EQ(test.read(u"full.rtf"_qs), "old");
+    EXPECT_EQ(session.script.TextChanged, 1);
 }
 
 TEST_F(ScriptSaverTest, ExitLearnsWhetherTheScriptWasWritten) {
