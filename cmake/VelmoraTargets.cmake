@@ -77,9 +77,21 @@ function(velmora_tests name folder)
     set(arg_TIMEOUT 300)
   endif()
   add_test(NAME ${name} COMMAND ${name})
+  velmora_test_home(${name} ${VELMORA_TEST_FONTS})
+  set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT})
+  if(arg_LABEL STREQUAL unit)
+    # Once more with other fonts: nothing hangs on those that a machine happens to have.
+    add_test(NAME ${name}_other_fonts COMMAND ${name})
+    velmora_test_home(${name}_other_fonts ${VELMORA_OTHER_FONTS})
+    set_tests_properties(${name}_other_fonts PROPERTIES LABELS other_fonts TIMEOUT ${arg_TIMEOUT})
+  endif()
+endfunction()
+
+# velmora_test_home(NAME FONTS): what a test finds around it, the font configuration FONTS among it.
+function(velmora_test_home name fonts)
   # A home of its own: no test reads or writes what belongs to the user who runs it.
   set(home ${CMAKE_CURRENT_BINARY_DIR}/${name}_home)
   file(MAKE_DIRECTORY ${home})
-  set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT}
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;HOME=${home};XDG_CONFIG_HOME=${home}/config;VELMORA_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+  set_tests_properties(${name} PROPERTIES
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;HOME=${home};XDG_CONFIG_HOME=${home}/config;FONTCONFIG_FILE=${fonts};VELMORA_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
 endfunction()

@@ -67,9 +67,11 @@ struct PlacedGlyphs final {
         QRgb color = 0;
     };
     std::vector<Other> others;
-    /// First and last + 1 column with ink; others do not count.
+    /// First and last + 1 column and row with ink; others do not count.
     int inkLeft = std::numeric_limits<int>::max();
     int inkRight = std::numeric_limits<int>::min();
+    int inkTop = std::numeric_limits<int>::max();
+    int inkBottom = std::numeric_limits<int>::min();
 };
 
 void placeOthers(PlacedGlyphs& placed, const GlyphStretch& stretch,
@@ -104,6 +106,8 @@ void placeStretch(PlacedGlyphs& placed, const GlyphStretch& stretch, const Place
             const QPoint corner = pen + mask.offset;
             placed.inkLeft = std::min(placed.inkLeft, corner.x());
             placed.inkRight = std::max(placed.inkRight, corner.x() + mask.coverage.width());
+            placed.inkTop = std::min(placed.inkTop, corner.y());
+            placed.inkBottom = std::max(placed.inkBottom, corner.y() + mask.coverage.height());
             placed.masks.push_back({mask.coverage, corner, color});
         }
     }
@@ -120,6 +124,17 @@ int inwardShift(const PlacedGlyphs& placed, const PrintBox& box) {
     if (placed.inkLeft < windowLeft)
         return std::min(windowLeft - placed.inkLeft, std::max(0, windowRight - placed.inkRight));
     return -std::clamp(placed.inkRight - windowRight, 0, placed.inkLeft - windowLeft);
+}
+
+/// Whole pixels by which the line is lifted: by what its feet reach below their own font's descent,
+/// as far as there is room above its ink. The row would cut them.
+int lift(const PlacedGlyphs& placed, const LineShape& shape, const PrintBox& box,
+         const Placement& place) {
+    if (placed.masks.empty())
+        return 0;
+    const int descent = rounded((shape.height - shape.ascent) * place.scale);
+    const int deepest = std::max(box.rowHeight, place.baseline + descent);
+    return std::clamp(placed.inkBottom - deepest, 0, std::max(0, placed.inkTop));
 }
 
 /// Text backgrounds, as high as the row. Cells that touch meet in the same column.
@@ -193,9 +208,10 @@ void drawStrokes(Surface& target, const LineShape& shape, const std::vector<Styl
     }
 }
 
-void drawGlyphs(Surface& target, const PlacedGlyphs& placed, const QRect& rows, int shift) {
+void drawGlyphs(Surface& target, const PlacedGlyphs& placed, const QRect& rows,
+                const QPoint& shift) {
     for (const PlacedMask& mask : placed.masks)
-        blendCoverage(target, rows, mask.coverage, mask.corner + QPoint(shift, 0), mask.color);
+        blendCoverage(target, rows, mask.coverage, mask.corner + shift, mask.color);
     if (placed.others.empty())
         return;
     QPainter painter(&target.image());
@@ -203,7 +219,7 @@ void drawGlyphs(Surface& target, const PlacedGlyphs& placed, const QRect& rows, 
     painter.setRenderHint(QPainter::Antialiasing);
     for (const PlacedGlyphs::Other& other : placed.others) {
         painter.setPen(QColor::fromRgb(other.color));
-        painter.drawGlyphRun(QPointF(shift, 0), other.glyphs);
+        painter.drawGlyphRun(shift, other.glyphs);
     }
 }
 
@@ -222,8 +238,9 @@ void printLine(Surface& target, const LineShape& shape, const std::vector<Styled
     PlacedGlyphs placed;
     for (const GlyphStretch& stretch : shape.stretches)
         placeStretch(placed, stretch, place, toPixel(runs[stretch.run].format.color), cache);
-    const int shift = inwardShift(placed, box);
-    place.left += shift;
+    const QPoint shift(inwardShift(placed, box), -lift(placed, shape, box, place));
+    place.left += shift.x();
+    place.baseline += shift.y();
     drawBackgrounds(target, shape, runs, box, place);
     drawStrokes(target, shape, runs, box, place);
     drawGlyphs(target, placed, QRect(0, 0, target.width(), box.rowHeight), shift);
