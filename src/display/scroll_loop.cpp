@@ -26,7 +26,7 @@ constexpr std::int64_t LeastStepTicks = 100;
 ScrollLoop::ScrollLoop(const ShowLoopParts& parts, int textRows)
     : m_parts(parts), m_session(parts.session),
       m_pacer(parts.session.platform.clock, parts.session.platform.pump),
-      m_housekeeping(parts.session, parts.screen, parts.tables, parts.measured),
+      m_housekeeping(parts.session, parts.screen, parts.tables, parts.navigation, parts.measured),
       m_textRows(textRows) {}
 
 void ScrollLoop::run() {
@@ -174,7 +174,7 @@ ShowNavigation::Advance ScrollLoop::step() {
     if (advance != ShowNavigation::Advance::Taken) {
         return advance;
     }
-    m_housekeeping.advanceFramePhase();
+    m_housekeeping.advanceFramePhase(plannedSeconds());
     m_blitStamp = m_session.platform.clock.counter();
     m_parts.composer.showTop(m_parts.navigation.topRow());
     if (m_session.settings.FullScreenMode == 0) {
@@ -188,13 +188,23 @@ ShowNavigation::Advance ScrollLoop::step() {
     return advance;
 }
 
+std::int64_t ScrollLoop::waitTicks() const {
+    const double ms = speedDelayMs(m_delays, m_session.settings.ScrollSpeed);
+    return static_cast<std::int64_t>(ms / 1000.0 *
+                                     static_cast<double>(m_session.platform.clock.frequency()));
+}
+
+/// A step's wait by the table, locked to the screen where it will be.
+double ScrollLoop::plannedSeconds() const {
+    return static_cast<double>(m_parts.presenter.lockedPeriod(waitTicks())) /
+           static_cast<double>(m_session.platform.clock.frequency());
+}
+
 void ScrollLoop::waitForNextStep() {
     Clock& clock = m_session.platform.clock;
     const std::int64_t stepStart = clock.counter();
-    const auto waitMs = [this] { return speedDelayMs(m_delays, m_session.settings.ScrollSpeed); };
     const std::int64_t composeTicks = stepStart - m_blitStamp;
-    const auto waitTicks =
-        static_cast<std::int64_t>(waitMs() / 1000.0 * static_cast<double>(clock.frequency()));
+    const std::int64_t waitTicks = this->waitTicks();
     // Painting lies inside the wait, so it does not slow the script down. What the machine was late
     // by is taken off the next waits, or the pace would depend on how busy it is and how long a
     // paint takes; a long stall is not made up for, because the text would visibly race.
@@ -212,7 +222,7 @@ void ScrollLoop::waitForNextStep() {
     const Pacer::Wait wait = m_pacer.wait(start, [&] {
         // In every slice: a pedal is tapped faster than a slow script takes its steps.
         m_parts.pollDevices();
-        return waitMs();
+        return speedDelayMs(m_delays, m_session.settings.ScrollSpeed);
     });
     const std::int64_t late = wait.end - wait.due;
     m_owedTicks = isLocked ? 0 : std::min(m_owedTicks - (stepStart - start) + late, mostOwed);

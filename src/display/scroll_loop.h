@@ -38,6 +38,8 @@ private:
     bool pausedTurn();
     void idleTurn();
     ShowNavigation::Advance step();
+    [[nodiscard]] std::int64_t waitTicks() const;
+    [[nodiscard]] double plannedSeconds() const;
     void waitForNextStep();
     void applySplitDirection();
     void serveRequests();

@@ -2,15 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace velmora {
 
-QString remainingText(std::int64_t rows, double secondsPerStep) {
-    const auto seconds = static_cast<std::int64_t>(
-        std::llround(std::max(0.0, static_cast<double>(rows) * secondsPerStep)));
+QString remainingText(double seconds) {
+    const auto whole = static_cast<std::int64_t>(std::llround(std::max(0.0, seconds)));
     return QStringLiteral("%1:%2")
-        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
+        .arg(whole / 60 % 60, 2, 10, QLatin1Char('0'))
+        .arg(whole % 60, 2, 10, QLatin1Char('0'));
 }
 
 } // namespace velmora

@@ -25,7 +25,7 @@ constexpr double EndOfWaitMs = -1e9;
 TimedLoop::TimedLoop(const ShowLoopParts& parts, TimedPace& pace)
     : m_parts(parts), m_session(parts.session), m_pace(pace),
       m_pacer(parts.session.platform.clock, parts.session.platform.pump),
-      m_housekeeping(parts.session, parts.screen, parts.tables, parts.measured) {}
+      m_housekeeping(parts.session, parts.screen, parts.tables, parts.navigation, parts.measured) {}
 
 void TimedLoop::run() {
     const double startLine = m_parts.navigation.startLine();
@@ -94,7 +94,8 @@ bool TimedLoop::step() {
     if (advance != ShowNavigation::Advance::Taken) {
         return advance == ShowNavigation::Advance::Skipped;
     }
-    const bool cycleOver = m_housekeeping.advanceFramePhase();
+    const bool cycleOver = m_housekeeping.advanceFramePhase(m_pace.stepTicks() /
+                                                            static_cast<double>(clock.frequency()));
     // A stall behind which the steps do not run after at once may come shortly before the end.
     m_computed = m_computed || cycleOver;
     if (placeTaken() || cycleOver || (m_computed && std::exchange(m_fellBehind, false))) {
@@ -124,17 +125,12 @@ void TimedLoop::waitForNextStep(std::int64_t composeTicks) {
     record.composeTicks = composeTicks;
     record.painted = m_parts.presenter.stepDone(static_cast<std::int64_t>(ticks));
     const auto due = static_cast<std::int64_t>(m_lastDue);
-    const double secondsPerStep = ticks / static_cast<double>(clock.frequency());
-    const bool slow = secondsPerStep * LoopHousekeeping::StepsPerCycle > 1;
-    if (!slow) {
-        m_housekeeping.leaveClocksToPhases();
-    }
     // A short script over a long time has steps of minutes: neither whoever leaves nor the pedal
     // nor the clocks must wait for one.
     const Pacer::Wait wait = m_pacer.wait(due, [&] {
         m_parts.pollDevices();
-        if (slow && m_session.settings.FullScreenMode == 0) {
-            m_housekeeping.updateClocks(secondsPerStep);
+        if (m_session.settings.FullScreenMode == 0) {
+            m_housekeeping.updateSlowClocks();
         }
         return m_session.show.ExitRequested == 0 ? 0.0 : EndOfWaitMs;
     });

@@ -20,7 +20,17 @@ protected:
         ScrollLoop loop(parts(LoopHousekeeping::Measured::ForwardSplitRange), TextRows);
         run(loop);
     }
-    [[nodiscard]] double stepSeconds(int speed) const { return std::pow(1.025, speed) / 1000; }
+    [[nodiscard]] double stepSeconds(double speed) const { return std::pow(1.025, speed) / 1000; }
+    /// What Label4 tells, in seconds.
+    [[nodiscard]] int remaining() const {
+        const QStringList parts = screen.remaining.split(u':');
+        return parts[0].toInt() * 60 + parts.last().toInt();
+    }
+    /// What is left by the rows and the table of waits.
+    [[nodiscard]] double left() const {
+        return static_cast<double>(tables.LastScrollRow - show.ScrollRow) *
+               stepSeconds(settings.ScrollSpeed);
+    }
 };
 
 } // namespace
@@ -196,13 +206,70 @@ TEST_F(ScrollLoopTest, HousekeepingFollowsTheStepsInForwardSplitRange) {
     runUntil(10);
     // Set once at the start, then once in 91 steps.
     EXPECT_NEAR(static_cast<double>(screen.scrollValues.size()), presenter.steps / 91.0 + 1, 1.5);
-    const auto rowsLeft = static_cast<double>(tables.LastScrollRow - show.ScrollRow);
-    const double secondsLeft = rowsLeft * stepSeconds(60);
-    const QStringList shown = screen.remaining.split(u':');
-    ASSERT_EQ(shown.size(), 2);
-    ASSERT_GT(secondsLeft, 90);
+    ASSERT_GT(left(), 90);
     // The text is a cycle old at most.
-    EXPECT_NEAR(shown[0].toInt() * 60 + shown[1].toInt(), secondsLeft, 182 * stepSeconds(60) + 1);
+    EXPECT_NEAR(remaining(), left(), 182 * stepSeconds(60) + 1);
+    EXPECT_EQ(screen.elapsed, u"00:09"_qs);
+}
+
+TEST_F(ScrollLoopTest, RemainingTimeIsThatOfUninterruptedStepsAlone) {
+    struct Row {
+        const char* name;
+        std::function<void()> interrupt;
+        std::function<void()> goOn;
+    };
+    const auto speed = [&](double to) { return [this, to] { settings.ScrollSpeed = to; }; };
+    for (const Row& row :
+         {Row{"pause", [&] { show.PauseState = 1; }, [&] { show.PauseState = 0; }},
+          Row{"dead band", speed(128), speed(60)}, Row{"turn", speed(195), speed(60)},
+          Row{"full screen", [&] { settings.FullScreenMode = 1; },
+              [&] { settings.FullScreenMode = 0; }},
+          Row{"jump", [&] { navigation->reposition(1500); }, [] {}},
+          Row{"another speed", speed(0), speed(50)},
+          Row{"limit", [&] { navigation->reposition(2989); },
+              [&] {
+                  EXPECT_EQ(show.PauseState, 1);
+                  navigation->reposition(1000);
+                  t.pump.in(0.1, [this] { show.PauseState = 0; });
+              }}}) {
+        settings.ScrollSpeed = 60;
+        prepare(3000);
+        startAt(0);
+        at(0.9, [&] { EXPECT_NEAR(remaining(), left(), 1.5) << "from the table at first"; });
+        // In the middle of a cycle, with the elapsed time ready to be shown.
+        at(3 + 35 * stepSeconds(60), row.interrupt);
+        at(6.1, row.goOn);
+        for (double second = 6.8; second < 9; second += 0.1) {
+            at(second, [&] { EXPECT_NEAR(remaining(), left(), 1.5) << row.name; });
+        }
+        runUntil(9);
+    }
+}
+
+TEST_F(ScrollLoopTest, ClocksGoOnByASecondWhateverTheMachineDoes) {
+    for (const int scrollSpeed : {60, 110}) {
+        for (const int rowStep : {1, 2}) {
+            settings.RowStep = rowStep;
+            settings.ScrollSpeed = scrollSpeed;
+            prepare(3000);
+            startAt(0);
+            int shown = 0;
+            int elapsed = 0;
+            for (double second = 1.5; second < 20; second += 0.03) {
+                at(second, [&] {
+                    if (shown > 0) {
+                        EXPECT_LE(std::abs(remaining() - shown), 1) << scrollSpeed;
+                        EXPECT_LE(screen.elapsed.last(2).toInt() - elapsed, 1) << scrollSpeed;
+                    }
+                    shown = remaining();
+                    elapsed = screen.elapsed.last(2).toInt();
+                });
+            }
+            at(5, [&] { t.clock.advanceSeconds(0.5); });
+            runUntil(20);
+            EXPECT_NEAR(shown, left(), 5);
+        }
+    }
 }
 
 TEST_F(ScrollLoopTest, BusyMachineDoesNotSlowTheTextDown) {
@@ -307,22 +374,28 @@ TEST_F(ScrollLoopTest, NoticeGoesAfterTwoSeconds) {
     runUntil(9);
 }
 
-TEST_F(ScrollLoopTest, EveryWaitingStateCanBeLeft) {
+TEST_F(ScrollLoopTest, EveryWaitingStateCanBeLeftAndAsksThePedal) {
     struct State {
         const char* name;
         std::function<void()> enter;
+        bool polled = true;
     };
     const State states[] = {
         {"before the start", [] {}},
         {"paused", [&] { show.PauseState = 1; }},
-        {"blanked", [&] { show.PauseState = 1, show.BlankState = 1; }},
+        {"blanked", [&] { show.PauseState = 1, show.BlankState = 1; }, false},
         {"dead band", [&] { show.PauseState = 0, settings.ScrollSpeed = 128; }},
+        {"limit",
+         [&] { show.PauseState = 0, settings.ScrollSpeed = 0, navigation->reposition(100); }},
     };
     for (const State& state : states) {
         SCOPED_TRACE(state.name);
         prepare(100);
         at(1, state.enter);
+        at(1.5, [&] { polls = 0; });
         runUntil(2);
         EXPECT_LT(lasted, 2.1);
+        EXPECT_EQ(polls > 0, state.polled);
     }
+    EXPECT_EQ(observer.limits, 1);
 }
