@@ -160,7 +160,7 @@ void SpeedPointer::dragDirection(const PointerMove& move) {
         return;
     }
     ShowState& show = m_session.show;
-    (down < 0 ? show.ReverseToForward : show.ReverseToBackward) = 1;
+    show.requestTurn(down < 0 ? 1 : -1);
     MouseAnchorY = rounded(move.position.y());
     show.PauseState = 0;
 }

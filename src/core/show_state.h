@@ -63,6 +63,11 @@ struct ShowState final {
     [[nodiscard]] int comingDirection() const {
         return ReverseToForward != 0 ? 1 : ReverseToBackward != 0 ? -1 : ScrollDirection;
     }
+    /// The latest request holds: a second one takes the first one back.
+    void requestTurn(int direction) {
+        ReverseToForward = direction > 0 ? 1 : 0;
+        ReverseToBackward = direction < 0 ? 1 : 0;
+    }
     /// 1 next bookmark, 2 previous; cleared by the loop.
     int BookmarkJump = bookmark_jump::None;
     /// 1 when the first fill or a reposition found the end of the script inside the window.

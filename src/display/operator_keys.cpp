@@ -164,9 +164,14 @@ bool OperatorKeys::fits(const Row& row, int keyCode, int shift) {
     return keyFits && shiftFits;
 }
 
+/// A script that is in the window as a whole stands, paused or not.
+bool OperatorKeys::textStands() const {
+    return m_session.show.PauseState > 0 || m_session.show.ReachedEnd == 1;
+}
+
 /// A screen that is blank must come back, whatever has happened to the pause meanwhile.
 bool OperatorKeys::canBlank() const {
-    return m_session.show.PauseState > 0 || m_session.show.BlankState == 1;
+    return textStands() || m_session.show.BlankState == 1;
 }
 
 bool OperatorKeys::blanked() const {
@@ -184,8 +189,7 @@ bool OperatorKeys::fullRange() const {
 /// A search may only begin where the text stands still.
 bool OperatorKeys::canFind() const {
     const double speed = m_session.settings.ScrollSpeed;
-    const bool still =
-        m_session.show.PauseState > 0 || (fullRange() ? speed >= SearchSpeed : inDeadBand(speed));
+    const bool still = textStands() || (fullRange() ? speed >= SearchSpeed : inDeadBand(speed));
     return still && notLooping();
 }
 

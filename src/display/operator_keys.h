@@ -56,6 +56,7 @@ private:
     [[nodiscard]] std::span<const Row> rows() const;
     [[nodiscard]] static bool fits(const Row& row, int keyCode, int shift);
 
+    [[nodiscard]] bool textStands() const;
     [[nodiscard]] bool canBlank() const;
     [[nodiscard]] bool blanked() const;
     [[nodiscard]] bool notLooping() const;

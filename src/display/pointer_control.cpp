@@ -69,7 +69,10 @@ bool PointerControl::pictureEvent(QEvent* event) {
         Picture1_MouseDown(*static_cast<QMouseEvent*>(event));
         return true;
     case QEvent::MouseButtonDblClick:
-        // Its first press was the press.
+        // Of a mouse the first press was the press; who steers by hand presses as fast as this.
+        if (m_session.settings.SpeedControllerInUse == 1) {
+            Picture1_MouseDown(*static_cast<QMouseEvent*>(event));
+        }
         return true;
     case QEvent::MouseMove:
         Picture1_MouseMove(*static_cast<QMouseEvent*>(event));

@@ -39,17 +39,12 @@ void ShowSteering::leave() {
 
 void ShowSteering::reverse() {
     if (isFullRange(m_session.settings.ScrollSpeedControl)) {
-        requestTurn(m_session.show.ScrollDirection > 0 ? -1 : 1);
+        m_session.show.requestTurn(-m_session.show.comingDirection());
+        m_session.show.PauseAtLimit = EndLimitWait;
+        m_screen.showState();
     } else {
         setSpeed(FastestBackward - m_session.settings.ScrollSpeed);
     }
-}
-
-void ShowSteering::requestTurn(int direction) {
-    ShowState& show = m_session.show;
-    (direction > 0 ? show.ReverseToForward : show.ReverseToBackward) = 1;
-    show.PauseAtLimit = EndLimitWait;
-    m_screen.showState();
 }
 
 void ShowSteering::setSpeed(double scrollSpeed) {

@@ -21,8 +21,6 @@ public:
     void setSpeed(double scrollSpeed);
 
 private:
-    void requestTurn(int direction);
-
     Session& m_session;
     ShowScreen& m_screen;
 };

@@ -30,13 +30,15 @@ private:
 };
 
 /// A button of the control row, with its face flipped in a mirrored window. Takes no focus and has
-/// no menu: both would take the show out of the operator's hands.
+/// no menu: both would take the show out of the operator's hands. A double click is one press: its
+/// second one would reach the button that has come in the place of the first.
 class ShowButton final : public QPushButton {
     Q_OBJECT
 public:
     ShowButton(const QString& text, Orientation orientation, QWidget* parent);
 
 protected:
+    void mouseDoubleClickEvent(QMouseEvent*) override {}
     void paintEvent(QPaintEvent* event) override;
 
 private:

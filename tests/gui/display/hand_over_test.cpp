@@ -187,6 +187,19 @@ TEST_F(HandOver, BlankScreenAlwaysComesBack) {
     EXPECT_LT(t.clock.secondsSinceStart(), 21);
 }
 
+TEST_F(HandOver, ScriptThatFitsTheWindowStandsWhateverIsPressed) {
+    rtb1.setText(u"One line"_qs);
+    showFor(0.5, [&] {
+        press(Qt::Key_Space);
+        const ModalAction leave([](QWidget& window) { window.close(); });
+        press(Qt::Key_F);
+        EXPECT_TRUE(leave.done());
+        press(Qt::Key_F12);
+        EXPECT_EQ(show.BlankState, 1);
+        press(Qt::Key_F12);
+    });
+}
+
 TEST_F(HandOver, NothingOfTheDisplayOpensAMenuInWhichTheShowWouldStand) {
     showFor(0.1, [&] {
         const auto children = display->findChildren<QWidget*>();
@@ -258,6 +271,13 @@ TEST_F(HandOver, FullRangeTurnsByKeyOnTheWayAndAtEitherEnd) {
             EXPECT_EQ(control("Picture5")->isVisibleTo(display), row.direction < 0);
         });
     }
+    t.pump.at(0.1, [&] {
+        for (const int coming : {-1, 1}) {
+            press(Qt::Key_Backspace);
+            EXPECT_EQ(show.comingDirection(), coming)
+                << "the second press takes the first one back";
+        }
+    });
     t.pump.at(0.2, [&] { press(Qt::Key_Space); });
     showFor(35, [&] { EXPECT_EQ(settings.ScrollSpeed, 0) << "folded at the start"; });
 }
