@@ -42,8 +42,8 @@ bool accepted(Session& session, const Question& question, Orientation face, QWid
 }
 
 /// All places are taken before the first mark goes in, and the last comes first, so that no mark
-/// moves another.
-void insertMarks(RichTextBox& rtb1, const std::vector<int>& lines) {
+/// moves another. Returns how far they have moved what was at the position.
+int insertMarks(RichTextBox& rtb1, const std::vector<int>& lines, int position) {
     std::vector<int> places;
     places.reserve(lines.size());
     for (const int line : lines) {
@@ -55,17 +55,19 @@ void insertMarks(RichTextBox& rtb1, const std::vector<int>& lines) {
         rtb1.setSelLength(0);
         rtb1.setSelText(QString(BookmarkMarker));
     }
+    return static_cast<int>(
+        std::ranges::count_if(places, [position](int place) { return place <= position; }));
 }
 
 } // namespace
 
-void offerBookmarks(Session& session, const std::vector<int>& inserted, Orientation face,
-                    QWidget* window) {
+int offerBookmarks(Session& session, const std::vector<int>& inserted, Orientation face,
+                   QWidget* window, int position) {
     if (inserted.empty() || !accepted(session, questionFor(inserted.size()), face, window)) {
-        return;
+        return position;
     }
-    insertMarks(session.script.rtb1, inserted);
     session.script.TextChanged = 1;
+    return position + insertMarks(session.script.rtb1, inserted, position);
 }
 
 } // namespace velmora

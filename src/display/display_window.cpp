@@ -255,6 +255,10 @@ void DisplayWindow::openSpeakerWindow() {
 void DisplayWindow::connectControls() {
     Picture1->installEventFilter(this);
     connect(m_controls.Vscroll1, &QScrollBar::valueChanged, this, &DisplayWindow::Vscroll1_Change);
+    connect(m_controls.Vscroll1, &QScrollBar::actionTriggered, this,
+            &DisplayWindow::Vscroll1_Action);
+    connect(m_controls.Vscroll1, &QScrollBar::sliderPressed, this,
+            [this] { m_thumbAhead = m_controls.Vscroll1->value() - m_navigation->currentLine(); });
     connect(m_controls.Vscroll2, &UpDown::valueChanged, this, &DisplayWindow::Vscroll2_Change);
     connect(m_controls.Hscroll1, &QScrollBar::valueChanged, this, &DisplayWindow::Hscroll1_Change);
     connect(m_controls.Command1, &ShowButton::clicked, this, &DisplayWindow::startOrReset);
@@ -362,9 +366,13 @@ void DisplayWindow::runLoop() {
 void DisplayWindow::leave() {
     setElapsedText(QString());
     setRemainingText(QString());
-    m_session.show.ShowTopLine = m_navigation->returnLine();
     m_pointer->freePointer();
-    offerBookmarks(m_session, m_navigation->bookmarks().inserted(), m_traits.face, this);
+    RichTextBox& rtb1 = m_session.script.rtb1;
+    const double topLine = m_navigation->returnLine();
+    const int top = rtb1.lineIndex(std::max(0, static_cast<int>(topLine) - 1));
+    const int topNow =
+        offerBookmarks(m_session, m_navigation->bookmarks().inserted(), m_traits.face, this, top);
+    m_session.show.ShowTopLine = topNow == top ? topLine : rtb1.GetLineFromChar(topNow) + 1;
 }
 
 } // namespace velmora

@@ -92,6 +92,7 @@ private:
     void leave();
 
     void Vscroll1_Change(int value);
+    void Vscroll1_Action(int action);
     void Vscroll2_Change(int value);
     void Hscroll1_Change(int value);
 
@@ -101,6 +102,8 @@ private:
 
     TextWindow* Picture1 = nullptr;
     DisplayControls m_controls;
+    /// By how many lines Vscroll1's value was ahead of the line on top when its thumb was taken.
+    int m_thumbAhead = 0;
     /// Null without a second display.
     std::unique_ptr<SpeakerScriptM> m_speaker;
 

@@ -12,6 +12,8 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace velmora {
 
 void DisplayWindow::setElapsedText(const QString& text) {
@@ -23,6 +25,10 @@ void DisplayWindow::setRemainingText(const QString& text) {
 }
 
 void DisplayWindow::setScrollValue(int line) {
+    if (m_controls.Vscroll1->isSliderDown()) {
+        // The thumb is in the operator's hand.
+        return;
+    }
     m_session.show.SuppressScrollEvent = 1;
     m_controls.Vscroll1->setValue(line);
     m_session.show.SuppressScrollEvent = 0;
@@ -128,8 +134,37 @@ void DisplayWindow::Picture1_KeyDown(int& keyCode, int& shift) {
     focusPicture();
 }
 
+/// Arrows and trough act from the line that is on top, not from the leading edge that the bar
+/// tells.
+void DisplayWindow::Vscroll1_Action(int action) {
+    QScrollBar& bar = *m_controls.Vscroll1;
+    int lines = 0;
+    switch (action) {
+    case QAbstractSlider::SliderSingleStepAdd:
+        lines = bar.singleStep();
+        break;
+    case QAbstractSlider::SliderSingleStepSub:
+        lines = -bar.singleStep();
+        break;
+    case QAbstractSlider::SliderPageStepAdd:
+        lines = bar.pageStep();
+        break;
+    case QAbstractSlider::SliderPageStepSub:
+        lines = -bar.pageStep();
+        break;
+    default:
+        return;
+    }
+    bar.setSliderPosition(m_navigation->takeTopLine() + lines);
+}
+
+/// A thumb that is dragged moves the text by as much as itself; its ends are those of the script.
 void DisplayWindow::Vscroll1_Change(int value) {
     if (m_session.show.SuppressScrollEvent == 0) {
+        const QScrollBar& bar = *m_controls.Vscroll1;
+        if (bar.isSliderDown() && value != bar.minimum() && value != bar.maximum()) {
+            value = std::clamp(value - m_thumbAhead, bar.minimum(), bar.maximum());
+        }
         m_navigation->reposition(value);
         m_presenter->presentNow();
     }

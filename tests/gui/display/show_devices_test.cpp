@@ -1,9 +1,12 @@
+#include "display/display_geometry.h"
+#include "display/script_preparation.h"
 #include "show_fixture.h"
 
 #include <gtest/gtest.h>
 
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyleOptionSlider>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -13,6 +16,10 @@ namespace {
 
 class ShowDevices : public ShowFixture {
 protected:
+    /// 0-based line on top of the window, going forward.
+    [[nodiscard]] int topLine() const {
+        return tables->scanTable.at(show.ScrollRow - geometry->textRows() + 1).line - 1;
+    }
     static void turnWheel(QWidget* target) {
         QWheelEvent wheel(QPointF(50, 50), target->mapToGlobal(QPointF(50, 50)), QPoint(),
                           QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -74,6 +81,43 @@ TEST_F(ShowDevices, ReachTheShow) {
     });
 }
 
+TEST_F(ShowDevices, ArrowsTroughAndThumbOfTheScrollBarStartFromTheLineOnTop) {
+    struct Row {
+        QStyle::SubControl part;
+        int dragged, from, to;
+    };
+    settings.ScrollSpeed = 0;
+    show.StartFromCursor = 1;
+    show.StartPosition = 4;
+    int before = 0;
+    for (const Row& row :
+         {Row{QStyle::SC_ScrollBarSubLine, 0, -1, -1}, Row{QStyle::SC_ScrollBarAddLine, 0, 1, 1},
+          Row{QStyle::SC_ScrollBarSubPage, 0, -2, -2}, Row{QStyle::SC_ScrollBarAddPage, 0, 2, 2},
+          Row{QStyle::SC_ScrollBarSlider, 1, 0, 1}, Row{QStyle::SC_ScrollBarSlider, 50, 2, 5},
+          Row{QStyle::SC_ScrollBarSlider, -50, -5, -2},
+          Row{QStyle::SC_ScrollBarSlider, -900, -99, -99}}) {
+        SCOPED_TRACE(testing::Message() << row.part << " dragged by " << row.dragged);
+        t.pump.in(0.1, [&] { press(Qt::Key_Space); });
+        t.pump.in(0.7, [&] { press(Qt::Key_Space); });
+        showFor(0.8, [&] {
+            auto* bar = control<QScrollBar>("Vscroll1");
+            before = topLine();
+            EXPECT_GT(bar->value(), before + 3) << "it tells the leading edge";
+            QStyleOptionSlider option;
+            option.initFrom(bar);
+            option.orientation = Qt::Vertical;
+            option.maximum = bar->maximum();
+            option.pageStep = bar->pageStep();
+            option.sliderPosition = bar->value();
+            const QPointF at =
+                bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, row.part, bar).center();
+            drag(bar, at, at + QPointF(0, row.dragged));
+            EXPECT_GE(topLine() - before, std::max(row.from, -before));
+            EXPECT_LE(topLine() - before, std::max(row.to, -before));
+        });
+    }
+}
+
 TEST_F(ShowDevices, TheWheelDuringThePreparationDoesNothing) {
     bool turned = false;
     t.pump.next([&] {
@@ -118,6 +162,8 @@ TEST_F(ShowDevices, MovesOverTheTextSteerAsTheControllerSays) {
         EXPECT_EQ(show.ReverseToBackward, 1);
         mouse(text, QEvent::MouseButtonDblClick, QPointF(9, 9), Qt::RightButton);
         EXPECT_EQ(show.PauseState, 0) << "its first press was the press";
+        drag(text, QPointF(300, 300), QPointF(300, 290), Qt::RightButton);
+        EXPECT_EQ(show.comingDirection(), 1) << "the other way takes the turn back";
         turnWheel(control("Vscroll1"));
         EXPECT_EQ(settings.ScrollSpeed, 68) << "the wheel is the speed's everywhere";
         show.PauseState = 1;
@@ -139,7 +185,29 @@ TEST_F(ShowDevices, MovesOverTheTextSteerAsTheControllerSays) {
         EXPECT_EQ(settings.ScrollSpeed, 73);
         QTest::mouseClick(text, Qt::RightButton, Qt::NoModifier, QPoint(9, 9));
         EXPECT_EQ(settings.FullScreenMode, 1);
+        QTest::mouseDClick(display->windowHandle(), Qt::RightButton, {}, QPoint(600, 300));
+        EXPECT_EQ(settings.FullScreenMode, 1) << "there and back";
     });
+}
+
+TEST_F(ShowDevices, ADoubleClickOnStartOrResetOrTheTextIsOnePress) {
+    settings.TimedDisplay = 1;
+    const auto doubleClick = [&](QWidget* target) {
+        QTest::mouseDClick(display->windowHandle(), Qt::LeftButton, {},
+                           target->mapTo(display, target->rect().center()));
+    };
+    t.pump.at(0.2, [&] { doubleClick(control("Command1")); });
+    t.pump.at(0.4, [&] {
+        EXPECT_EQ(show.PauseState, 0);
+        EXPECT_EQ(show.ExitRequested, 0) << "Reset has come where Start was";
+        doubleClick(control("Command2"));
+    });
+    t.pump.at(0.6, [&] {
+        EXPECT_EQ(show.AwaitingStart, 1);
+        doubleClick(display->focusWidget());
+        EXPECT_EQ(show.ExitRequested, 0);
+    });
+    showFor(0.8, [&] { EXPECT_EQ(show.PauseState, 0); });
 }
 
 TEST_F(ShowDevices, PedalStartsATimedShowOfTheLengthThatItsBarTells) {

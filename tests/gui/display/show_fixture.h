@@ -14,7 +14,8 @@
 
 namespace velmora {
 
-/// A show over a script of forty lines, with acts on its window at given moments.
+/// A show over a script of forty lines, with acts on its window at given moments. Every even line
+/// is full to the brim and goes on in the odd one without a line end: a mark on it breaks it anew.
 class ShowFixture : public ::testing::Test, public QuietObserver {
 protected:
     void SetUp() override {
@@ -22,16 +23,28 @@ protected:
         rtb1.setDefaultFormat({u"Liberation Sans"_qs, 52, White});
         rtb1.setWrapWidth(wrapWidthForMargin(12));
         rtb1.setZoom(6);
-        QStringList lines;
-        for (int line = 0; line < 40; ++line) {
-            lines.append(u"Line %1"_qs.arg(line));
+        QString text;
+        for (int line = 0; line < 40; line += 2) {
+            text += fullLine(u"Line %1 "_qs.arg(line)) + u" Line %1 too\r\n"_qs.arg(line + 1);
         }
-        rtb1.setText(lines.join(u"\r\n"_qs));
+        text.chop(2);
+        rtb1.setText(text);
         t.monitors.rectangles = {QRect(0, 0, 1280, 720)};
         handOver.setObserver(this);
     }
 
-    void showPrepared(const ShowTables&, const DisplayGeometry&, QWidget& window) override {
+    /// The words, with as much behind them as a line takes.
+    QString fullLine(QString words) {
+        do {
+            words += u'x';
+            rtb1.setText(words + u'x');
+        } while (rtb1.lineCount() == 1);
+        return words;
+    }
+    void showPrepared(const ShowTables& prepared, const DisplayGeometry& laidOut,
+                      QWidget& window) override {
+        tables = &prepared;
+        geometry = &laidOut;
         display = &window;
     }
     void loopStarted() override { ++shows; }
@@ -64,6 +77,9 @@ protected:
     RichTextBox& rtb1 = t.session.script.rtb1;
     ShowHandOver handOver{t.session, t.host};
     QPointer<QWidget> display;
+    /// Of the show that runs.
+    const ShowTables* tables = nullptr;
+    const DisplayGeometry* geometry = nullptr;
     int shows = 0;
 };
 

@@ -103,6 +103,7 @@ TEST_F(ShowKeys, KeysDoWhatTheirTableSays) {
 }
 
 TEST_F(ShowKeys, BookmarksAreJumpedToByEveryKeyThatNamesThem) {
+    // The mark on line 12, full to the brim, makes two lines of it.
     markLines({5, 9, 20}, u"^"_qs);
     markLines({12}, u"~"_qs);
     const auto after = [&](std::initializer_list<int> keys) {
@@ -121,26 +122,34 @@ TEST_F(ShowKeys, BookmarksAreJumpedToByEveryKeyThatNamesThem) {
     EXPECT_EQ(after({Qt::Key_F18, Qt::Key_F17}), 12) << "eight and four lines";
     EXPECT_EQ(after({Qt::Key_F18, Qt::Key_F19}), 7);
     // Jumps are served by the loop's next turn, outside this handler.
-    const auto jump = [&](int key, int times) {
-        for (int i = 0; i < times; ++i) {
-            t.pump.in(0.2 + 0.2 * i, [this, key] { press(key); });
+    const auto jump = [&](std::initializer_list<int> keys) {
+        double second = 0;
+        for (const int key : keys) {
+            t.pump.in(second += 0.2, [this, key] { press(key); });
         }
-        showFor(0.4 + 0.2 * times, [] {});
+        showFor(second + 0.1, [] {});
         return caretLine();
     };
-    EXPECT_EQ(jump(Qt::Key_PageDown, 1), 5);
-    EXPECT_EQ(jump(Qt::Key_PageDown, 3), 12);
-    EXPECT_EQ(jump(Qt::Key_PageDown, 9), 20) << "the last one is left alone";
-    EXPECT_EQ(jump(Qt::Key_PageUp, 1), 0);
+    const int next = Qt::Key_PageDown;
+    const int previous = Qt::Key_PageUp;
+    EXPECT_EQ(jump({next}), 5);
+    EXPECT_EQ(jump({next, next, next}), 12);
+    EXPECT_EQ(jump({next, next, next, next, next, next}), 21) << "the last one is left alone";
+    EXPECT_EQ(jump({Qt::Key_2, previous, previous}), 5);
+    EXPECT_EQ(jump({Qt::Key_2, previous, previous, previous}), 0) << "the top of the script";
+    settings.ScrollSpeed = 115;
+    EXPECT_EQ(jump({Qt::Key_Space, next, next, previous, next}), 9) << "while the text runs";
+    settings.ScrollSpeed = 0;
+    EXPECT_EQ(jump({Qt::Key_0, Qt::Key_Space, next, previous}), 21) << "at the end";
 }
 
 TEST_F(ShowKeys, NewBookmarksGoIntoTheScriptOnYesAtTheLinesThatWereSeen) {
     const auto addTwo = [&] {
         showFor(0.1, [&] {
-            control<QScrollBar>("Vscroll1")->setValue(9);
-            press(Qt::Key_B);
-            press(Qt::Key_B);
             control<QScrollBar>("Vscroll1")->setValue(4);
+            press(Qt::Key_B);
+            press(Qt::Key_B);
+            control<QScrollBar>("Vscroll1")->setValue(9);
             press(Qt::Key_B);
         });
     };
@@ -156,8 +165,10 @@ TEST_F(ShowKeys, NewBookmarksGoIntoTheScriptOnYesAtTheLinesThatWereSeen) {
     addTwo();
     EXPECT_EQ(t.session.script.TextChanged, 1);
     EXPECT_EQ(rtb1.Text().count(u'^'), 2);
-    EXPECT_TRUE(rtb1.Text().contains(u"^Line 4\r"_qs));
-    EXPECT_TRUE(rtb1.Text().contains(u"^Line 9\r"_qs));
+    EXPECT_TRUE(rtb1.Text().contains(u"^Line 4 "_qs));
+    EXPECT_TRUE(rtb1.Text().contains(u"^Line 9 "_qs));
+    EXPECT_EQ(rtb1.lineCount(), 41) << "the mark does not fit on line 4";
+    EXPECT_TRUE(rtb1.Text().mid(rtb1.SelStart()).startsWith(u"^Line 9"_qs));
 }
 
 TEST_F(ShowKeys, MirroredQuestionIsAskedByItsOwnWindow) {
