@@ -60,9 +60,22 @@ struct DesktopServices final {
                       joystick, pointer, sleepInhibitor, effects};
 };
 
+/// It may be another user's, or cut short by a full disk: to start all the same could mean two
+/// programs that write the same settings.
+int complainOfLock(MessageBoxes& messages, const QString& lockFile) {
+    const QString text =
+        QStringLiteral("I cannot tell whether Velmora is running already: the lock file %1 cannot "
+                       "be read.\r\n\r\nIf it is not running, remove that file and start again.")
+            .arg(lockFile);
+    std::fprintf(stderr, "velmora: %s\n", qPrintable(text.simplified()));
+    messages.show(MessageIcon::Critical, QStringLiteral("Could Not Start"), text,
+                  MessageButtons::Ok);
+    return 1;
+}
+
 int runEditor(const CommandLine& line, char** argv) {
     const SingleInstance instance;
-    if (!instance.isFirst()) {
+    if (instance.found() == SingleInstance::Found::Another) {
         return 0;
     }
     auto environment = std::make_unique<LaunchEnvironment>(LaunchEnvironment::Windows::OnDesktop);
@@ -74,6 +87,9 @@ int runEditor(const CommandLine& line, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     DesktopServices services;
+    if (instance.found() == SingleInstance::Found::Riddle) {
+        return complainOfLock(services.messages, instance.lockFile());
+    }
     Session session(services.platform);
     if (line.displays) {
         applyDisplayRectangles(*line.displays, session.displays);
@@ -102,6 +118,7 @@ int runEditor(const CommandLine& line, char** argv) {
 } // namespace
 
 int runApplication(int argc, char** argv) {
+    outliveBrokenPipes();
     const CommandLine line = parseCommandLine(argumentsOf(argc, argv), QDir::currentPath());
     switch (line.action) {
     case CommandLine::Action::ShowHelp:

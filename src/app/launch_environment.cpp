@@ -1,5 +1,7 @@
 #include "app/launch_environment.h"
 
+#include "platform/desktop/bus_probe.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryFile>
@@ -10,6 +12,10 @@ namespace velmora {
 namespace {
 
 constexpr QSize UnwatchedScreen(1920, 1080);
+
+/// An address at which the bus library looks in vain, at once.
+constexpr const char* NoBus = "unix:path=/dev/null";
+constexpr int BusPatienceMs = 300;
 
 const char* const ScalingVariables[] = {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS",
                                         "QT_USE_PHYSICAL_DPI"};
@@ -37,6 +43,9 @@ LaunchEnvironment::LaunchEnvironment(Windows windows, QSize screen, int screens)
         setOffscreenScreens(screen.isValid() ? screen : UnwatchedScreen, screens);
     }
     hideDesktop();
+    if (windows != Windows::None) {
+        nameSessionBus();
+    }
 }
 
 LaunchEnvironment::~LaunchEnvironment() {
@@ -79,6 +88,14 @@ void LaunchEnvironment::setOffscreenScreens(QSize size, int count) {
     m_screenFile->close();
     qputenv("QT_QPA_PLATFORM",
             "offscreen:configfile=" + QFile::encodeName(m_screenFile->fileName()));
+}
+
+/// For the toolkit, which asks the session bus whether there is a screen reader: it would wait for
+/// ever for a bus that takes connections and says nothing, and start one where there is none.
+void LaunchEnvironment::nameSessionBus() {
+    const QString address = sessionBusAddress();
+    qputenv("DBUS_SESSION_BUS_ADDRESS",
+            busAnswers(address, BusPatienceMs) ? address.toUtf8() : QByteArray(NoBus));
 }
 
 void LaunchEnvironment::hideDesktop() {

@@ -42,6 +42,7 @@ private:
     void choosePlatform(Windows windows);
     void setOffscreenScreens(QSize size, int count);
     void hideDesktop();
+    static void nameSessionBus();
 
     std::vector<Hidden> m_hidden;
     std::unique_ptr<QTemporaryFile> m_screenFile;

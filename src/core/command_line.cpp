@@ -202,9 +202,12 @@ CommandLine parseRehearsal(const QStringList& arguments, const QDir& folder) {
 CommandLine parseOptions(const QStringList& arguments, const QDir& folder) {
     const QString& option = arguments.first();
     CommandLine line;
-    if (option == u"--help" || option == u"--version") {
-        line.action =
-            option == u"--help" ? CommandLine::Action::ShowHelp : CommandLine::Action::ShowVersion;
+    if (option == u"--help" || option == u"-h") {
+        line.action = CommandLine::Action::ShowHelp;
+        return line;
+    }
+    if (option == u"--version") {
+        line.action = CommandLine::Action::ShowVersion;
         return line;
     }
     if (option == u"--rehearse") {
@@ -231,7 +234,9 @@ CommandLine parseOptions(const QStringList& arguments, const QDir& folder) {
 CommandLine parseCommandLine(const QStringList& arguments, const QString& currentFolder) {
     CommandLine line;
     const QDir folder(currentFolder);
-    const auto isOption = [](const QString& argument) { return argument.startsWith(u"--"); };
+    const auto isOption = [](const QString& argument) {
+        return argument.startsWith(u"--") || argument == u"-h";
+    };
     if (arguments.join(u' ').trimmed().isEmpty()) {
         return line;
     }

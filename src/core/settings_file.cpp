@@ -2,6 +2,7 @@
 
 #include "core/app_folder.h"
 #include "core/arrangement.h"
+#include "core/colour_tables.h"
 #include "core/line_spacing.h"
 #include "core/list_items.h"
 #include "core/number_format.h"
@@ -95,6 +96,9 @@ constexpr std::size_t FirstCaptionField = 32;
 constexpr std::size_t CaptionFieldEnd = 44;
 
 constexpr int FontSizeAfterDamage = 27;
+/// Points. A size beyond the lists is somebody's choice; beyond this one no word fits a line.
+constexpr int LeastFontSize = 8;
+constexpr int GreatestFontSize = 200;
 /// Far above what 46 values take; something else may bear the name.
 constexpr qint64 MaxBytes = 1 << 20;
 
@@ -193,6 +197,9 @@ void limitSettings(Settings& s) {
     if (!(s.Delay >= MinDelay && s.Delay <= MaxDelay)) {
         s.Delay = 1.0;
     }
+    s.ScreenFontSize = std::clamp(s.ScreenFontSize, LeastFontSize, GreatestFontSize);
+    s.ScreenBackColor = colourOfSetting(s.ScreenBackColor);
+    s.ScreenTextColor = colourOfSetting(s.ScreenTextColor);
     limitOr(s.ControllerButton1, 0, 10, 0);
     limitOr(s.ControllerButton2, 0, 10, 0);
     const Settings defaults;

@@ -33,18 +33,13 @@ namespace velmora {
 namespace {
 
 constexpr int ReportedLines = 40;
-/// Samples kept without growing inside the loop: ten minutes at the fastest pace.
-constexpr std::size_t ReservedSamples = 600'000;
 constexpr double MicrosecondsPerSecond = 1e6;
 
 /// Starts the show, measures it, takes the picture half-way and leaves at the end.
 class Rehearsal final : public ShowObserver {
 public:
     Rehearsal(Session& session, const RehearsalArguments& arguments)
-        : m_session(session), m_arguments(arguments) {
-        m_late.reserve(ReservedSamples);
-        m_compose.reserve(ReservedSamples);
-    }
+        : m_session(session), m_arguments(arguments) {}
 
     void showPrepared(const ShowTables& tables, const DisplayGeometry& geometry,
                       QWidget& window) override {
@@ -85,8 +80,8 @@ public:
         m_lastStep = now;
         ++m_figures.steps;
         m_figures.paints += step.painted ? 1 : 0;
-        m_late.push_back(inMicroseconds(step.lateTicks));
-        m_compose.push_back(inMicroseconds(step.composeTicks));
+        m_late.add(inMicroseconds(step.lateTicks));
+        m_compose.add(inMicroseconds(step.composeTicks));
         if (m_figures.steps == m_stepsPredicted / 2) {
             takePicture();
         }
@@ -105,8 +100,8 @@ public:
         const std::int64_t actual = timed() ? std::max(m_runEnd, m_lastStep) - m_start
                                             : m_lastStep - m_firstStep - m_pictureTicks;
         m_figures.secondsActual = inMicroseconds(actual) / MicrosecondsPerSecond;
-        m_figures.lateMicroseconds = spreadOf(std::move(m_late));
-        m_figures.composeMicroseconds = spreadOf(std::move(m_compose));
+        m_figures.lateMicroseconds = m_late.spread();
+        m_figures.composeMicroseconds = m_compose.spread();
         // A script that never moved has its picture taken where it stands.
         takePicture();
     }
@@ -164,8 +159,8 @@ private:
     QObject m_timerContext;
     QPointer<QWidget> m_window;
     QPixmap m_picture;
-    std::vector<double> m_late;
-    std::vector<double> m_compose;
+    Samples m_late;
+    Samples m_compose;
     std::int64_t m_stepsPredicted = 0;
     std::int64_t m_start = 0;
     std::int64_t m_runEnd = 0;

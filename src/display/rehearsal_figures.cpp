@@ -31,12 +31,29 @@ QString spreadToText(const Spread& spread) {
 
 } // namespace
 
-Spread spreadOf(std::vector<double> samples) {
-    if (samples.empty()) {
+void Samples::add(double sample) {
+    m_greatest = m_kept.empty() ? sample : std::max(m_greatest, sample);
+    if (--m_untilNext > 0) {
+        return;
+    }
+    if (m_kept.size() == Most) {
+        for (std::size_t i = 0; 2 * i < Most; ++i) {
+            m_kept[i] = m_kept[2 * i];
+        }
+        m_kept.resize((Most + 1) / 2);
+        m_stride *= 2;
+    }
+    m_kept.push_back(sample);
+    m_untilNext = m_stride;
+}
+
+Spread Samples::spread() const {
+    if (m_kept.empty()) {
         return {};
     }
-    std::sort(samples.begin(), samples.end());
-    return {percentile(samples, 0.5), percentile(samples, 0.99), samples.back()};
+    std::vector<double> sorted = m_kept;
+    std::sort(sorted.begin(), sorted.end());
+    return {percentile(sorted, 0.5), percentile(sorted, 0.99), m_greatest};
 }
 
 QJsonObject RehearsalFigures::toJson() const {

@@ -14,7 +14,25 @@ struct Spread final {
     double p99 = 0;
     double max = 0;
 };
-[[nodiscard]] Spread spreadOf(std::vector<double> samples);
+
+/// Samples of a run of any length in a memory that does not grow: when it is full every second one
+/// goes, and from then on only every second one of those that come is kept. The greatest stays.
+class Samples final {
+public:
+    /// Ten minutes at the fastest pace.
+    static constexpr std::size_t Most = 600'000;
+
+    Samples() { m_kept.reserve(Most); }
+    void add(double sample);
+    [[nodiscard]] Spread spread() const;
+
+private:
+    std::vector<double> m_kept;
+    /// One of so many samples is kept.
+    std::size_t m_stride = 1;
+    std::size_t m_untilNext = 1;
+    double m_greatest = 0;
+};
 
 /// What a rehearsal found: the keys of its report. Times in seconds unless the name says otherwise.
 struct RehearsalFigures final {

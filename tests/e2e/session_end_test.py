@@ -40,6 +40,7 @@ class SessionEndTest(unittest.TestCase):
 
     def test_a_signal_ends_the_program_and_the_next_start_offers_the_typed_text(self):
         desk = self.desk_with_running_show()
+        desk.program.send_signal(signal.SIGPIPE)  # as a write to a terminal that is gone
         desk.key("Up")
         desk.program.send_signal(signal.SIGTERM)
         self.assertEqual(desk.program.wait(10), -signal.SIGTERM)

@@ -4,6 +4,10 @@
 
 namespace velmora {
 
+/// Where the session bus is, or would be. Named so because the library, asked for a session bus
+/// where there is none, starts one.
+[[nodiscard]] QString sessionBusAddress();
+
 /// Whether a message bus answers at an address of the form "unix:path=..." or "unix:abstract=...",
 /// as the D-Bus specification has them, within so many milliseconds: it must greet a client. Asked
 /// before the bus library is, which waits for a bus that hangs as long as it likes. Any other kind

@@ -59,6 +59,12 @@ bool connectTo(const Socket& socket, const QByteArray& name, bool isAbstract) {
 
 } // namespace
 
+QString sessionBusAddress() {
+    return qEnvironmentVariable(
+        "DBUS_SESSION_BUS_ADDRESS",
+        QStringLiteral("unix:path=%1/bus").arg(qEnvironmentVariable("XDG_RUNTIME_DIR")));
+}
+
 bool busAnswers(const QString& address, int timeoutMs) {
     const Socket socket;
     const QByteArray path = addressValue(address, u"path");

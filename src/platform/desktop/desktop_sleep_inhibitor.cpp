@@ -18,14 +18,6 @@ constexpr int AnswerTimeoutMs = 500;
 
 const QString program = QStringLiteral("Velmora");
 
-/// The buses are named by their addresses: asked for a session bus where there is none, the
-/// library would start one.
-QString sessionBusAddress() {
-    return qEnvironmentVariable(
-        "DBUS_SESSION_BUS_ADDRESS",
-        QStringLiteral("unix:path=%1/bus").arg(qEnvironmentVariable("XDG_RUNTIME_DIR")));
-}
-
 QString systemBusAddress() {
     return qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS",
                                 QStringLiteral("unix:path=/var/run/dbus/system_bus_socket"));

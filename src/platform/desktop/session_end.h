@@ -8,6 +8,9 @@
 
 namespace velmora {
 
+/// A terminal or another program that no longer listens to what this one prints does not end it.
+void outliveBrokenPipes();
+
 /// The end of the session as the desktop imposes it, by SIGTERM, SIGHUP or SIGINT: an action runs
 /// in the event loop, in a show too, and then the process ends as it would have without it. One at
 /// a time; needs the application object.

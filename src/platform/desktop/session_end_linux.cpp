@@ -31,6 +31,10 @@ void handleSignal(int signal) {
 
 } // namespace
 
+void outliveBrokenPipes() {
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
 SessionEnd::SessionEnd(std::function<void()> lastAction) : m_lastAction(std::move(lastAction)) {
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, m_ends.data()) != 0) {
         return;

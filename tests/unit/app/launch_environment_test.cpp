@@ -8,6 +8,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace velmora {
 namespace {
@@ -63,6 +68,27 @@ TEST(LaunchEnvironment, SwitchesQtsScalingOffAndHidesTheDesktopOnlyWhileItLives)
     }
     EXPECT_EQ(qgetenv("XDG_CURRENT_DESKTOP"), "Any");
     EXPECT_FALSE(qEnvironmentVariableIsSet("DESKTOP_SESSION"));
+}
+
+TEST(LaunchEnvironment, ASessionBusThatIsDumbOrMissingIsNotAskedByTheToolkit) {
+    const QTemporaryDir folder;
+    sockaddr_un place{};
+    place.sun_family = AF_UNIX;
+    qstrncpy(place.sun_path, qPrintable(folder.filePath(u"bus"_qs)), sizeof place.sun_path);
+    const int dumb = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(::bind(dumb, reinterpret_cast<const sockaddr*>(&place), sizeof place), 0);
+    ASSERT_EQ(::listen(dumb, 5), 0);
+    const QByteArray taken = QByteArray("unix:path=") + place.sun_path;
+    for (const std::optional<QByteArray>& address :
+         {std::optional(taken), std::optional(QByteArray("unix:path=/nowhere")),
+          std::optional<QByteArray>()}) {
+        const ScopedVariables scope({{"QT_QPA_PLATFORM", QByteArray("offscreen")},
+                                     {"XDG_RUNTIME_DIR", folder.path().toUtf8()},
+                                     {"DBUS_SESSION_BUS_ADDRESS", address}});
+        const LaunchEnvironment environment(Windows::OnDesktop);
+        EXPECT_EQ(qgetenv("DBUS_SESSION_BUS_ADDRESS"), "unix:path=/dev/null");
+    }
+    ::close(dumb);
 }
 
 TEST(LaunchEnvironment, AnUnwatchedScreenHasTheSizeAskedForAndItsFileGoesAway) {

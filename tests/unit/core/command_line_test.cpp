@@ -51,6 +51,7 @@ TEST_F(CommandLineTest, ReadsDisplayRectanglesFromTheirColumns) {
 
 TEST_F(CommandLineTest, UnderstandsTheUnattendedRuns) {
     EXPECT_EQ(parseWords("--help").action, Action::ShowHelp);
+    EXPECT_EQ(parseWords("-h").action, Action::ShowHelp);
     EXPECT_EQ(parseWords("--version").action, Action::ShowVersion);
     const CommandLine convert = parseWords("--convert in.rtf /abs/out.txt");
     EXPECT_EQ(convert.action, Action::Convert);
