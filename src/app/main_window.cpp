@@ -32,8 +32,9 @@ struct Form1::Key final {
 Form1::Form1(Session& session)
     : m_session(session), m_handOver(session, *this), m_recentFiles(session.AppFolder),
       m_loader(session, *this, session.keepsFiles ? &m_recentFiles : nullptr),
-      m_saver(session, *this), m_rescue(session), m_start(session, *this, [this] { runShow(); }),
-      m_exit(session, *this, exitSteps()), m_controls(*this, session) {
+      m_saver(session, *this), m_rescue(session, *this),
+      m_start(session, *this, [this] { runShow(); }), m_exit(session, *this, exitSteps()),
+      m_controls(*this, session) {
     setObjectName(QStringLiteral("Form1"));
     setAcceptDrops(true);
     connectControls();

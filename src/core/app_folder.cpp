@@ -48,6 +48,10 @@ QString findAppFolder() {
                      QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
     // A failure shows when the settings are written; until then everything works.
     QDir().mkpath(folder);
+    if (folder != withSlash(QCoreApplication::applicationDirPath())) {
+        // It holds the copy of an unsaved script, which is nobody else's.
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
     return folder;
 }
 

@@ -1,15 +1,23 @@
 #include "editor/rescue_copy.h"
 
+#include "core/editor_host.h"
 #include "core/session.h"
+#include "platform/files/whole_file.h"
 #include "platform/timing/clock.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <utility>
+
 namespace velmora {
 
 namespace {
+
+/// Between two looks whether the copy is due.
+constexpr int LookMs = 100;
 
 /// A path in the folder that no file has.
 QString freePath(const QDir& folder) {
@@ -22,10 +30,12 @@ QString freePath(const QDir& folder) {
 
 } // namespace
 
-RescueCopy::RescueCopy(Session& session, int quietMs) : m_session(session) {
-    m_timer.setSingleShot(true);
-    m_timer.setInterval(quietMs);
-    m_timer.callOnTimeout([this] { timeIsUp(); });
+RescueCopy::RescueCopy(Session& session, EditorHost& host)
+    : m_session(session), m_host(host),
+      m_waitTicks(static_cast<std::int64_t>(
+          WaitSeconds * static_cast<double>(session.platform.clock.frequency()))) {
+    m_timer.setInterval(LookMs);
+    m_timer.callOnTimeout([this] { keepIfDue(); });
 }
 
 QString RescueCopy::recoveryPath() const {
@@ -46,11 +56,8 @@ QString RescueCopy::begin(const QString& recoveryPath) {
 
 void RescueCopy::scriptChanged() {
     m_unsaved = true;
-    const Clock& clock = m_session.platform.clock;
     if (!m_timer.isActive()) {
-        m_dueSince = clock.counter();
-    }
-    if (clock.counter() - m_dueSince < LongestSeconds * clock.frequency()) {
+        m_dueAt = m_session.platform.clock.counter() + m_waitTicks;
         m_timer.start();
     }
 }
@@ -60,12 +67,11 @@ void RescueCopy::scriptIsSafe() {
     discard();
 }
 
-void RescueCopy::timeIsUp() {
-    if (m_session.show.ShowRunning == 1 || m_session.script.fileInProgress) {
-        m_timer.start();
-        return;
+void RescueCopy::keepIfDue() {
+    const bool maySave = m_session.show.ShowRunning == 0 && !m_session.script.fileInProgress;
+    if (maySave && m_timer.isActive() && m_session.platform.clock.counter() >= m_dueAt) {
+        keep();
     }
-    keep();
 }
 
 void RescueCopy::keep() {
@@ -76,10 +82,30 @@ void RescueCopy::keep() {
     }
     m_timer.stop();
     if (m_inUse) {
-        // As it stands in the editor, white text included.
-        const Outcome written = rtb1.SaveFile(path(), FileFormat::Rtf);
-        static_cast<void>(written);
+        write();
     }
+}
+
+void RescueCopy::write() {
+    const Clock& clock = m_session.platform.clock;
+    const std::int64_t start = clock.counter();
+    // As it stands in the editor, white text included.
+    const Outcome written = writeWholeFile(path(), m_session.script.rtb1.TextRTF(),
+                                           QFile::ReadOwner | QFile::WriteOwner);
+    const std::int64_t cost = clock.counter() - start;
+    m_waitTicks =
+        std::max(static_cast<std::int64_t>(WaitSeconds * static_cast<double>(clock.frequency())),
+                 CostShare * cost);
+    if (written) {
+        m_failing = false;
+        return;
+    }
+    if (!std::exchange(m_failing, true)) {
+        m_host.showNotice(
+            QStringLiteral("No copy of the unsaved script can be kept in %1. %2 Please save it.")
+                .arg(path(), written.reason()));
+    }
+    scriptChanged();
 }
 
 void RescueCopy::discard() {

@@ -7,23 +7,24 @@
 
 namespace velmora {
 
+class EditorHost;
 class Session;
 
 /// The copy of a script that is in no file yet, beside the settings: what is left of it when the
 /// session, the screen or the machine ends without a word to the program. Owned by the main window.
 ///
-/// It is written a moment after the last change, never during a show, and is gone as soon as there
-/// is nothing left to rescue. A copy that cannot be written is let go without a word: the script is
-/// still in the editor, and its save will tell.
+/// It is written a moment after the first change since the last copy, however long typing goes on,
+/// but never during a show, and is gone as soon as there is nothing left to rescue. One that cannot
+/// be written is told and tried again. Nobody but its user may read it.
 class RescueCopy final {
 public:
-    /// Behind the last change: long enough for whoever types not to notice the writing of a long
-    /// script.
-    static constexpr int QuietMs = 2000;
-    /// Whoever types without a pause has a copy at least so often.
-    static constexpr int LongestSeconds = 20;
+    /// From a change to its copy, as long as writing one takes less than a tenth of it.
+    static constexpr double WaitSeconds = 2;
+    /// Otherwise so many times what the last one took.
+    static constexpr int CostShare = 10;
 
-    explicit RescueCopy(Session& session, int quietMs = QuietMs);
+    /// host is told of a copy that cannot be written.
+    RescueCopy(Session& session, EditorHost& host);
 
     /// Where the copy that an earlier session left shall go: among the scripts, under a name that
     /// no file has. Empty when there is none.
@@ -39,18 +40,25 @@ public:
     void scriptIsSafe();
     /// Makes the copy what the script is now, or removes it where that is safe or empty.
     void keep();
+    /// The same if the copy is due and may be written now. The timer calls it.
+    void keepIfDue();
 
 private:
-    void timeIsUp();
+    void write();
     void discard();
     [[nodiscard]] QString path() const;
 
     Session& m_session;
+    EditorHost& m_host;
+    /// Runs while a copy is to be written.
     QTimer m_timer;
-    /// The clock's counter at the first change that is in no copy yet.
-    std::int64_t m_dueSince = 0;
+    /// Of the clock's counter.
+    std::int64_t m_dueAt = 0;
+    std::int64_t m_waitTicks = 0;
     bool m_unsaved = false;
     bool m_inUse = false;
+    /// The last one could not be written, and that was told.
+    bool m_failing = false;
 };
 
 } // namespace velmora

@@ -16,14 +16,18 @@ LINES = "\n".join(f"Line {n}" for n in range(60))
 
 
 class SessionEndTest(unittest.TestCase):
-    def desk_with_running_show(self):
-        """The script has been typed into since it was loaded, and is on its way up."""
+    def desk_with_typed_text(self):
+        """The script has been typed into since it was loaded, a moment ago."""
         desk = desk_for(self, SCREEN)
         self.script = desk.home / "lines.txt"
         self.script.write_text(LINES)
         desk.open_script(program_path(), self.script, {SCROLL_SPEED: SPEED})
-        self.settings = desk.settings_file.read_bytes()
         desk.type("New ")
+        return desk
+
+    def desk_with_running_show(self):
+        """That script is on its way up."""
+        desk = self.desk_with_typed_text()
         desk.open_show()
         before = desk.still_picture(TEXT, "the show before its start")
         desk.key("space")
@@ -56,11 +60,28 @@ class SessionEndTest(unittest.TestCase):
         recovered = desk.settings_file.parent / "Recovered Script.rtf"
         self.assertIn(b"New Line 0", recovered.read_bytes())
 
+    def test_two_signals_at_once_lose_nothing(self):
+        desk = self.desk_with_typed_text()
+        desk.program.send_signal(signal.SIGTERM)
+        desk.program.send_signal(signal.SIGHUP)
+        self.assertLess(desk.program.wait(10), 0)
+        self.assert_the_script_is_rescued(desk)
+
+    def test_the_end_of_the_screen_with_the_editor_or_a_dialog_in_front_loses_nothing(self):
+        for dialog in (None, SAVE_DIALOG):
+            desk = self.desk_with_typed_text()
+            if dialog:
+                desk.key("ctrl+s")
+                desk.wait_for_focus(desk.wait_for_window(dialog))
+            desk.end_server()
+            self.assertEqual(desk.program.wait(10), 1)
+            self.assert_the_script_is_rescued(desk)
+
     def test_the_end_of_the_screen_ends_the_program_and_leaves_its_files_whole(self):
         desk = self.desk_with_running_show()
         desk.end_server()
         self.assertEqual(desk.program.wait(10), 1, "no crash on the way out")
-        self.assertEqual(desk.settings_file.read_bytes(), self.settings)
+        self.assertEqual(self.speed_setting(desk), SPEED)
         self.assert_the_script_is_rescued(desk)
 
     def test_the_show_closed_by_its_frame_leaves_the_typed_text_to_be_saved(self):

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <utility>
 
 #include <sys/socket.h>
@@ -14,15 +15,20 @@ namespace {
 
 constexpr std::array Signals = {SIGTERM, SIGHUP, SIGINT};
 
-std::atomic<int> handlersEnd = -1;
-std::atomic<bool> signalled = false;
+/// Desktops send two at once, SIGTERM and SIGHUP; the third means that the first was not heard.
+constexpr int MostSignals = 2;
 
-/// A handler may do no more than write: it can fall into any line of the program. A second signal
-/// means that the first was not heard: a program that hangs must end all the same.
+std::atomic<int> handlersEnd = -1;
+std::atomic<int> signalsSeen = 0;
+/// For the end that nobody announces.
+std::atomic<SessionEnd*> unannounced = nullptr;
+
+/// A handler may do no more than write: it can fall into any line of the program. A program that
+/// hangs must end all the same.
 void handleSignal(int signal) {
     const int error = errno;
     const auto byte = static_cast<char>(signal);
-    if (signalled.exchange(true) || write(handlersEnd, &byte, 1) != 1) {
+    if (++signalsSeen > MostSignals || write(handlersEnd, &byte, 1) != 1) {
         std::signal(signal, SIG_DFL);
         std::raise(signal);
     }
@@ -40,6 +46,13 @@ SessionEnd::SessionEnd(std::function<void()> lastAction) : m_lastAction(std::mov
         return;
     }
     handlersEnd = m_ends[0];
+    static const int registered = std::atexit([] {
+        if (SessionEnd* const session = unannounced.exchange(nullptr)) {
+            session->processExits();
+        }
+    });
+    static_cast<void>(registered);
+    unannounced = this;
     m_notifier.emplace(m_ends[1], QSocketNotifier::Read);
     QObject::connect(&*m_notifier, &QSocketNotifier::activated, &*m_notifier,
                      [this] { arrived(); });
@@ -59,6 +72,7 @@ SessionEnd::~SessionEnd() {
         std::signal(signal, SIG_DFL);
     }
     handlersEnd = -1;
+    unannounced = nullptr;
     m_notifier.reset();
     for (const int end : m_ends) {
         close(end);
@@ -70,9 +84,19 @@ void SessionEnd::arrived() {
     if (read(m_ends[1], &signal, 1) != 1) {
         return;
     }
-    m_lastAction();
+    act();
     std::signal(signal, SIG_DFL);
     std::raise(signal);
+}
+
+void SessionEnd::processExits() {
+    act();
+}
+
+void SessionEnd::act() {
+    if (const auto action = std::exchange(m_lastAction, nullptr)) {
+        action();
+    }
 }
 
 } // namespace velmora

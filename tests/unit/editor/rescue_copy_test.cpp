@@ -23,7 +23,7 @@ protected:
     }
 
     TestSession t;
-    RescueCopy rescue{t.session, 20};
+    RescueCopy rescue{t.session, t.host};
 };
 
 } // namespace
@@ -36,7 +36,10 @@ TEST_F(RescueCopyTest, HoldsWhatIsUnsavedAndNothingElse) {
     EXPECT_TRUE(copy().contains("One"));
     change(u"Two"_qs);
     EXPECT_TRUE(copy().contains("One")) << "not at every key";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return copy().contains("Two"); }));
+    t.clock.advanceSeconds(RescueCopy::WaitSeconds);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return copy().contains("Two"); })) << "by the timer";
+    EXPECT_EQ(QFile::permissions(t.path(u"unsaved.rtf"_qs)) & (QFile::ReadGroup | QFile::ReadOther),
+              QFile::Permissions());
     rescue.scriptIsSafe();
     rescue.keep();
     EXPECT_TRUE(copy().isNull()) << "saved";
@@ -45,35 +48,58 @@ TEST_F(RescueCopyTest, HoldsWhatIsUnsavedAndNothingElse) {
     change(QString());
     rescue.keep();
     EXPECT_TRUE(copy().isNull()) << "empty";
-    // Without a pause: no start of the timer behind the longest time puts it off any more.
-    rescue.scriptIsSafe();
-    change(u"Four"_qs);
-    t.clock.advanceSeconds(RescueCopy::LongestSeconds + 1);
-    const auto typing = [&] {
-        change(u"Five"_qs);
-        return copy().contains("Five");
-    };
-    EXPECT_TRUE(QTest::qWaitFor(typing));
 }
 
-TEST_F(RescueCopyTest, IsNotWrittenDuringAShowOrALoad) {
+// A key every 50 ms for a minute: a copy stands at most the wait behind what is typed.
+TEST_F(RescueCopyTest, FollowsWhoeverTypesWithoutAPause) {
+    constexpr int KeysPerWait = static_cast<int>(RescueCopy::WaitSeconds * 20);
+    for (int key = 0; key < 1200; ++key) {
+        change(u"key %1 "_qs.arg(key));
+        t.clock.advanceSeconds(0.05);
+        rescue.keepIfDue();
+        if (key >= KeysPerWait) {
+            const QByteArray text = copy();
+            const auto at = text.indexOf("key ");
+            EXPECT_GE(text.mid(at + 4, text.indexOf(' ', at + 4) - at - 4).toInt(),
+                      key - KeysPerWait);
+        }
+    }
+}
+
+TEST_F(RescueCopyTest, IsNotWrittenDuringAShowOrALoadButRightAfterIt) {
     change(u"One"_qs);
+    t.clock.advanceSeconds(10);
     t.session.show.ShowRunning = 1;
-    QTest::qWait(100);
-    EXPECT_TRUE(copy().isNull());
+    rescue.keepIfDue();
     t.session.show.ShowRunning = 0;
     t.session.script.fileInProgress = true;
-    QTest::qWait(100);
+    rescue.keepIfDue();
     EXPECT_TRUE(copy().isNull());
     t.session.script.fileInProgress = false;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !copy().isNull(); }));
+    rescue.keepIfDue();
+    EXPECT_FALSE(copy().isNull());
+}
+
+TEST_F(RescueCopyTest, OneThatCannotBeWrittenIsToldOnceAndTriedAgain) {
+    QDir().mkpath(t.path(u"unsaved.rtf"_qs));
+    change(u"One"_qs);
+    for (int wait = 0; wait < 3; ++wait) {
+        t.clock.advanceSeconds(RescueCopy::WaitSeconds);
+        rescue.keepIfDue();
+    }
+    ASSERT_EQ(t.host.notices.size(), 1);
+    EXPECT_TRUE(t.host.notices[0].contains(u"It is a folder."_qs));
+    QDir().rmdir(t.path(u"unsaved.rtf"_qs));
+    t.clock.advanceSeconds(RescueCopy::WaitSeconds);
+    rescue.keepIfDue();
+    EXPECT_TRUE(copy().contains("One"));
 }
 
 TEST_F(RescueCopyTest, OfAnEarlierSessionGoesAmongTheScriptsAndIsNeverOverwritten) {
     for (const QString& name : {u"Recovered Script.rtf"_qs, u"Recovered Script 2.rtf"_qs}) {
         change(u"Left behind: "_qs + name);
         rescue.keep();
-        RescueCopy next(t.session);
+        RescueCopy next(t.session, t.host);
         // The session may end again before the editor is ready, or while the user is asked.
         next.keep();
         next.scriptIsSafe();
@@ -89,7 +115,7 @@ TEST_F(RescueCopyTest, OfAnEarlierSessionGoesAmongTheScriptsAndIsNeverOverwritte
 
 TEST_F(RescueCopyTest, LeavesNothingBehindInAnUnattendedRun) {
     t.session.keepsFiles = false;
-    RescueCopy unattended(t.session);
+    RescueCopy unattended(t.session, t.host);
     unattended.begin(unattended.recoveryPath());
     t.session.script.rtb1.setText(u"One"_qs);
     unattended.scriptChanged();
