@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QLabel>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QRegularExpression>
 #include <QString>
 
@@ -46,6 +48,22 @@ QPalette darkPalette() {
     return palette;
 }
 
+/// Labels and tooltips show every text as it stands: the toolkit would guess that some are HTML,
+/// and a font named "<img src=...>" in a script would make the program read that file.
+class PlainTextStyle final : public QProxyStyle {
+public:
+    PlainTextStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override {
+        QProxyStyle::polish(widget);
+        auto* label = qobject_cast<QLabel*>(widget);
+        if (label != nullptr && label->textFormat() == Qt::AutoText) {
+            label->setTextFormat(Qt::PlainText);
+        }
+    }
+};
+
 } // namespace
 
 double controlUnit(const ScreenState& screen) {
@@ -53,7 +71,7 @@ double controlUnit(const ScreenState& screen) {
 }
 
 void applyLook(QApplication& application, const ScreenState& screen) {
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(new PlainTextStyle);
     const QPalette palette = darkPalette();
     QApplication::setPalette(palette);
     // Fusion draws their outlines darker than the window, where nobody would see them.

@@ -9,6 +9,7 @@ import check_documents
 import check_file_lengths
 import check_includes
 import check_names
+import check_plain_text
 
 ROOT = Path(__file__).resolve().parents[2]
 
@@ -75,6 +76,14 @@ class IncludesTest(PlantedTree):
             with self.subTest(path=path, text=text):
                 self.assert_found(self.violations_of(path, text), word)
                 (self.root / path).unlink()
+
+
+class PlainTextTest(PlantedTree):
+    def test_rich_text_is_found_and_plain_text_passes(self):
+        self.plant({"a.cpp": "label->setText(name);\n\nedit.setHtml(name);\n",
+                    "b.h": "label.setTextFormat(Qt::RichText);\n",
+                    "c.md": "setHtml\n"})
+        self.assert_found(check_plain_text.violations(self.root), "a.cpp:3", "b.h:1")
 
 
 class NamesTest(PlantedTree):
