@@ -139,8 +139,14 @@ void Form1::sessionEnds() {
 }
 
 Outcome Form1::writeSettings() {
-    return m_session.keepsFiles && m_settingsFile ? m_settingsFile->save(m_session.settings)
-                                                  : Outcome::success();
+    if (!m_session.keepsFiles || !m_settingsFile) {
+        return Outcome::success();
+    }
+    Settings settings = m_session.settings;
+    if (settings.ControllerType == controller::Unchosen) {
+        settings.ControllerType = m_session.keptControllerType.value_or(controller::Unchosen);
+    }
+    return m_settingsFile->save(settings);
 }
 
 ExitSequence::Steps Form1::exitSteps() {

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace velmora {
 
 /// The primary screen and the reference screen of 640 by 480 on which all layout numbers stand.
@@ -99,6 +101,8 @@ public:
     ScriptState script;
     ShowState show;
     FindState find;
+    /// The ControllerType that holds while Form3 asks for another one, when the setting reads 0.
+    std::optional<int> keptControllerType;
     /// False in an unattended run: no settings, no recent files are written.
     bool keepsFiles = true;
 };

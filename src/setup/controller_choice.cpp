@@ -96,10 +96,12 @@ void Form3::Form_Activate() {
     int& controllerType = m_session.settings.ControllerType;
     const int before = controllerType;
     controllerType = 0;
+    m_session.keptControllerType = before;
     m_finished = false;
     while (!m_finished && controllerType <= 0) {
         m_session.platform.pump.waitForEvents(WaitMs);
     }
+    m_session.keptControllerType.reset();
     if (m_finished) {
         controllerType = before;
     }

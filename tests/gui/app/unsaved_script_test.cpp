@@ -1,4 +1,5 @@
 #include "main_window_fixture.h"
+#include "setup/controller_choice.h"
 
 #include <gtest/gtest.h>
 
@@ -24,8 +25,15 @@ TEST_F(Form1Test, OnlyWhatIsInNoFileIsRescuedAndTheNextStartOffersIt) {
     EXPECT_TRUE(test.read(u"unsaved.rtf"_qs).isNull()) << "saved";
     rtb1().setSelText(u"more "_qs);
     test.session.settings.ScrollSpeed = 99;
-    EXPECT_TRUE(rescued().contains("more "));
+    test.session.settings.ControllerType = 21;
+    test.pump.next([&] {
+        EXPECT_TRUE(rescued().contains("more "));
+        test.session.settings.ControllerType = 10;
+    });
+    Form3(test.session, nullptr).choose();
     EXPECT_EQ(savedSettings()[2].trimmed(), "99");
+    SettingsFile(test.session.AppFolder, 1080).load(settings);
+    EXPECT_EQ(settings.ControllerType, 21) << "while another one is asked for";
 
     for (const auto answer : {MessageAnswer::No, MessageAnswer::Yes}) {
         rtb1().setText(QString());
