@@ -18,7 +18,9 @@ class ColdStartTest(unittest.TestCase):
             self.desk.open_editor(program_path())
             self.load(ROOT / "examples/bulletin.rtf")
             self.play_and_pause()
+            self.desk.key("3")
             self.desk.leave_show(self.desk.close_by_frame)
+            self.caret_stands_before("CAMERA TWO")
             self.assertIsNone(self.desk.program.poll(), "the program ended with its show")
             self.leave_the_program()
 
@@ -42,6 +44,13 @@ class ColdStartTest(unittest.TestCase):
         desk.seen("the text rising", lambda now: now.rise_since(before, TEXT, 500))
         desk.key("space")
         desk.still_picture(TEXT, "the show paused")
+
+    def caret_stands_before(self, words):
+        """Types there, and reads the copy of what is unsaved."""
+        self.desk.key("X")
+        copy = self.desk.settings_file.parent / "unsaved.rtf"
+        self.desk.wait_until("the copy of the typed text", copy.exists)
+        self.assertRegex(copy.read_text("latin-1"), "X[^A-W\\n]*~.*" + words)
 
     def leave_the_program(self):
         """The loaded text has not been saved since: the program asks."""
