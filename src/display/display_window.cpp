@@ -10,6 +10,7 @@
 #include "display/bookmark_question.h"
 #include "display/font_scale.h"
 #include "display/place_on_display.h"
+#include "display/pointer_rest.h"
 #include "display/preparation_window.h"
 #include "display/scroll_loop.h"
 #include "display/show_find.h"
@@ -166,6 +167,14 @@ void DisplayWindow::createSteering() {
         PointerControl::Parts{m_session, m_steering, *this, *this, *Picture1, *m_controls.Picture6},
         m_traits);
     m_controls.Vscroll1->installEventFilter(m_pointer.get());
+    m_pointerRest = std::make_unique<PointerRest>(m_session);
+    // A controller's pointer is hidden already.
+    if (m_traits.timed || m_session.settings.SpeedControllerInUse == 0) {
+        m_pointerRest->watch(*Picture1);
+        if (m_speaker) {
+            m_pointerRest->watch(*m_speaker->Picture1);
+        }
+    }
     m_find = std::make_unique<ShowFind>(m_session, *m_navigation);
     m_pedal = std::make_unique<FootPedal>(
         m_session, *this, m_traits.timed ? FootPedal::Buttons::PauseOnly : FootPedal::Buttons::All);
@@ -352,7 +361,10 @@ void DisplayWindow::runLoop() {
                               m_composer,
                               *m_navigation,
                               *m_presenter,
-                              [this] { m_pedal->poll(); },
+                              [this] {
+                                  m_pedal->poll();
+                                  m_pointerRest->look();
+                              },
                               always ? LoopHousekeeping::Measured::Always
                                      : LoopHousekeeping::Measured::ForwardSplitRange,
                               m_observer};

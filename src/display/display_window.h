@@ -24,6 +24,7 @@
 namespace velmora {
 
 class FootPedal;
+class PointerRest;
 class Session;
 class ShowFind;
 class ShowObserver;
@@ -126,6 +127,7 @@ private:
     std::unique_ptr<ShowNavigation> m_navigation;
     std::unique_ptr<OperatorKeys> m_keys;
     std::unique_ptr<PointerControl> m_pointer;
+    std::unique_ptr<PointerRest> m_pointerRest;
     std::unique_ptr<FootPedal> m_pedal;
     std::unique_ptr<ShowFind> m_find;
 };

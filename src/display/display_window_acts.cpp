@@ -57,7 +57,7 @@ void DisplayWindow::addBookmark() {
 }
 
 void DisplayWindow::find() {
-    m_find->find(this);
+    m_find->find(*Picture1);
     focusPicture();
 }
 

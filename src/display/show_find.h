@@ -1,16 +1,18 @@
 #pragma once
 
+#include <QPoint>
+#include <QRect>
 #include <QString>
 
 #include <cstdint>
 #include <optional>
 
-class QWidget;
-
 namespace velmora {
 
+class Form14;
 class Session;
 class ShowNavigation;
+class TextWindow;
 
 /// The search of a running show: moves the text to the lines that hold what is looked for. The
 /// search text is the editor's too.
@@ -20,7 +22,7 @@ public:
 
     /// Shows the find window over the display until the operator leaves it; the show stands
     /// meanwhile. Leaving it without a hit brings back the picture that stood before.
-    void find(QWidget* window);
+    void find(const TextWindow& picture);
     /// The next place of LastFindText; nothing happens where there is none.
     void findNext();
 
@@ -29,6 +31,10 @@ private:
     /// on.
     [[nodiscard]] std::optional<int> standingHit() const;
     bool step(int direction);
+    /// Shows the dialog and waits for its answer. It stands where the operator has put it, at the
+    /// foot of the picture at first, and steps aside while it would lie over the hit.
+    void ask(Form14& dialog, const TextWindow& picture);
+    [[nodiscard]] QRect placeOf(const Form14& dialog, const TextWindow& picture) const;
 
     Session& m_session;
     ShowNavigation& m_navigation;
@@ -36,6 +42,8 @@ private:
     QString m_hitText;
     int m_hit = -1;
     std::int64_t m_hitTopRow = 0;
+    /// Where the operator has put the find window.
+    std::optional<QPoint> m_put;
 };
 
 } // namespace velmora

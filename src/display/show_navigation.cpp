@@ -31,6 +31,13 @@ double ShowNavigation::returnLine() const {
     return std::clamp(topLine(), 0, lineCount());
 }
 
+ShowNavigation::RowsOfLine ShowNavigation::rowsOfLine(int line) const {
+    const ScanTable& table = m_parts.tables.scanTable;
+    const std::int64_t first = table.firstRowOfLine(line);
+    return {static_cast<int>(first - topRow()),
+            static_cast<int>(table.firstRowOfLine(line + 1) - first)};
+}
+
 int ShowNavigation::lineCount() const {
     return static_cast<int>(m_parts.tables.lineTable.size());
 }

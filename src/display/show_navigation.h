@@ -34,6 +34,13 @@ public:
     /// ShowTopLine for the return to the editor: the 1-based line at the top, 0 where the whole
     /// script fits.
     [[nodiscard]] double returnLine() const;
+    /// Where a line stands in the window: its first row, below 0 where it is further up, and the
+    /// number of its rows.
+    struct RowsOfLine final {
+        int first = 0;
+        int count = 0;
+    };
+    [[nodiscard]] RowsOfLine rowsOfLine(int line) const;
     /// Lines of the show; Vscroll1's Max.
     [[nodiscard]] int lineCount() const;
 

@@ -5,6 +5,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace velmora {
 
 TextWindow::TextWindow(QWidget* parent) : QWidget(parent) {
@@ -21,6 +23,15 @@ void TextWindow::setBlank(bool blank) {
     update();
 }
 
+double TextWindow::share() const {
+    return std::min(1.0, static_cast<double>(width()) / std::max(1, m_surface.width()));
+}
+
+QRect TextWindow::placeOfRows(int first, int count) const {
+    const QRectF place(0, (TextTopMargin + first) * share(), width(), count * share());
+    return place.toAlignedRect();
+}
+
 void TextWindow::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QRect text(0, TextTopMargin, m_surface.width(), m_surface.rows());
@@ -33,9 +44,8 @@ void TextWindow::paintEvent(QPaintEvent* event) {
         return;
     }
     if (shrunk) {
-        const double share = static_cast<double>(width()) / m_surface.width();
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.scale(share, share);
+        painter.scale(share(), share());
         m_surface.paint(painter, text.left(), text.top(), text);
         return;
     }

@@ -18,11 +18,16 @@ public:
     void setBackground(QRgb color);
     /// The picture stays as it is beneath.
     void setBlank(bool blank);
+    /// Where rows of the surface are to be seen.
+    [[nodiscard]] QRect placeOfRows(int first, int count) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Width of the window over that of the surface where it is less.
+    [[nodiscard]] double share() const;
+
     ScrollSurface m_surface;
     QRgb m_background = 0xff000000;
     bool m_blank = false;

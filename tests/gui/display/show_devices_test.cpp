@@ -1,5 +1,6 @@
 #include "display/display_geometry.h"
 #include "display/script_preparation.h"
+#include "display/text_window.h"
 #include "show_fixture.h"
 
 #include <gtest/gtest.h>
@@ -188,6 +189,40 @@ TEST_F(ShowDevices, MovesOverTheTextSteerAsTheControllerSays) {
         QTest::mouseDClick(display->windowHandle(), Qt::RightButton, {}, QPoint(600, 300));
         EXPECT_EQ(settings.FullScreenMode, 1) << "there and back";
     });
+}
+
+TEST_F(ShowDevices, ThePointerThatRestsOnTheRunningTextGoesUntilItIsMoved) {
+    settings.MirrorMode = 4;
+    t.monitors.rectangles = {QRect(0, 0, 1280, 720), QRect(1280, 0, 1280, 720)};
+    const auto expectShown = [&](double second, bool shown) {
+        t.pump.at(second, [second, shown] {
+            int pictures = 0;
+            for (const QWidget* widget : QApplication::allWidgets()) {
+                if (qobject_cast<const TextWindow*>(widget)) {
+                    EXPECT_EQ(widget->cursor().shape() != Qt::BlankCursor, shown) << second;
+                    ++pictures;
+                }
+            }
+            EXPECT_EQ(pictures, 2);
+        });
+    };
+    const auto move = [&](double second, int x) {
+        t.pump.at(second, [&, x] {
+            mouse(display->focusWidget(), QEvent::MouseMove, QPointF(x, 9), Qt::NoButton);
+        });
+    };
+    t.pump.at(2.5, [&] { press(Qt::Key_Space); });
+    expectShown(2.4, true);
+    move(2.6, 9);
+    expectShown(4.5, true);
+    expectShown(4.7, false);
+    move(4.8, 9);
+    expectShown(4.9, false);
+    move(5, 10);
+    expectShown(5.1, true);
+    t.pump.at(5.2, [&] { press(Qt::Key_Space); });
+    expectShown(9, true);
+    showFor(10, [] {});
 }
 
 TEST_F(ShowDevices, ADoubleClickOnStartOrResetOrTheTextIsOnePress) {

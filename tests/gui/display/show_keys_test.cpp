@@ -1,5 +1,7 @@
 #include "core/script_marks.h"
+#include "display/display_geometry.h"
 #include "display/mirrored_question.h"
+#include "display/script_preparation.h"
 #include "editor/show_find_window.h"
 #include "show_fixture.h"
 #include "support/modal_action.h"
@@ -245,4 +247,46 @@ TEST_F(ShowKeys, FindMovesTheTextAndLeavingWithoutAHitPutsItBack) {
         press(Qt::Key_F);
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "not while the text moves";
     });
+}
+
+TEST_F(ShowKeys, FindWindowStandsWhereItWasPutButNeverOnTheHit) {
+    // Hits at the top and, in the last screen, at the foot; and where the window is put after each.
+    struct Row {
+        int line;
+        bool stays;
+        QPoint put;
+    };
+    const Row rows[] = {{20, false, {300, 200}}, {21, true, {300, 20}},  {3, false, {}},
+                        {5, false, {}},          {38, true, {300, 600}}, {39, false, {}}};
+    QPoint put(0, 0);
+    std::size_t round = 0;
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, &user, [&] {
+        auto* window = qobject_cast<Form14*>(QApplication::activeModalWidget());
+        if (window == nullptr) {
+            return;
+        }
+        if (round > 0) {
+            const Row& row = rows[round - 1];
+            SCOPED_TRACE(row.line);
+            EXPECT_EQ(window->pos() == put, row.stays);
+            const auto top = show.ScrollRow - (geometry->textRows() - 1);
+            const auto first = tables->scanTable.firstRowOfLine(row.line) - top + TextTopMargin;
+            const auto end = tables->scanTable.firstRowOfLine(row.line + 1) - top + TextTopMargin;
+            EXPECT_TRUE(window->y() >= end || window->frameGeometry().bottom() < first);
+            if (!row.put.isNull()) {
+                window->move(put = row.put);
+            }
+        }
+        if (round == std::size(rows)) {
+            clickButton(*window, u"Exit");
+            return;
+        }
+        window->findChild<QLineEdit*>()->setText(u"line %1 "_qs.arg(rows[round].line));
+        clickButton(*window, rows[round].line == 3 ? u"Find Previous" : u"Find Next");
+        ++round;
+    });
+    user.start(5);
+    showFor(0.1, [&] { press(Qt::Key_F); });
+    EXPECT_EQ(round, std::size(rows));
 }
