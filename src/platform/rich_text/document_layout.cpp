@@ -139,6 +139,10 @@ void DocumentLayout::documentChanged(int from, int charsRemoved, int charsAdded)
 }
 
 void DocumentLayout::ensureLaidOut() const {
+    layOut({});
+}
+
+void DocumentLayout::layOut(const Progress& goesOn) const {
     if (static_cast<int>(m_heights.size()) != document()->blockCount()) {
         // A listener asks in the middle of a change, of which the layout is told last.
         markAll();
@@ -152,6 +156,11 @@ void DocumentLayout::ensureLaidOut() const {
     m_lastMarked = -1;
     QTextBlock block = document()->findBlockByNumber(first);
     for (int number = first; number <= last && block.isValid(); ++number, block = block.next()) {
+        if (goesOn && !goesOn(static_cast<double>(number - first) / (last - first + 1))) {
+            m_firstMarked = number;
+            m_lastMarked = last;
+            return;
+        }
         double& height = m_heights[static_cast<size_t>(number)];
         if (height == Marked) {
             height = layOutBlock(block);

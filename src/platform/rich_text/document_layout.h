@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/drawing/reference_units.h"
+#include "platform/progress.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QTextBlock>
@@ -48,6 +49,8 @@ public:
 
     /// Lays out what is marked. Every question below does it by itself.
     void ensureLaidOut() const;
+    /// The same while somebody watches; what remains is left for later where that one stops it.
+    void layOut(const Progress& goesOn) const;
 
     /// At least 1.
     [[nodiscard]] int lineCount() const;

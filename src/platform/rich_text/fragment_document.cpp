@@ -77,12 +77,25 @@ Paragraph paragraphOf(const QTextBlock& block, int begin, int end, FormatCollect
     return result;
 }
 
+void setParagraphFormats(QTextDocument& document, int position, const QTextBlockFormat& blockFormat,
+                         const QTextCharFormat& endFormat) {
+    QTextCursor cursor(&document);
+    cursor.setPosition(position);
+    if (cursor.blockFormat() != blockFormat) {
+        cursor.setBlockFormat(blockFormat);
+    }
+    if (cursor.blockCharFormat() != endFormat) {
+        cursor.setBlockCharFormat(endFormat);
+    }
+}
+
 /// Writes a fragment into a document at a cursor, its formats translated once.
 class FragmentInserter final {
 public:
-    FragmentInserter(QTextCursor& cursor, const RichTextFragment& fragment) : m_cursor(cursor) {
-        m_formats.reserve(fragment.formats.size());
-        for (const CharacterFormat& format : fragment.formats) {
+    FragmentInserter(QTextCursor& cursor, const std::vector<CharacterFormat>& formats)
+        : m_cursor(cursor) {
+        m_formats.reserve(formats.size());
+        for (const CharacterFormat& format : formats) {
             m_formats.push_back(toTextFormat(format));
         }
     }
@@ -126,18 +139,6 @@ private:
     QTextBlockFormat m_blockFormat;
     bool m_blockFormatKnown = false;
 };
-
-void setParagraphFormats(QTextDocument& document, int position, const QTextBlockFormat& blockFormat,
-                         const QTextCharFormat& endFormat) {
-    QTextCursor cursor(&document);
-    cursor.setPosition(position);
-    if (cursor.blockFormat() != blockFormat) {
-        cursor.setBlockFormat(blockFormat);
-    }
-    if (cursor.blockCharFormat() != endFormat) {
-        cursor.setBlockCharFormat(endFormat);
-    }
-}
 
 int endOf(const QTextDocument& document) {
     return document.characterCount() - 1;
@@ -193,52 +194,91 @@ RichTextFragment fragmentOf(const QTextDocument& document) {
     return fragmentOf(document, 0, endOf(document));
 }
 
+class RangeReplacement::Private final {
+public:
+    Private(QTextDocument& document, int begin, int end,
+            const std::vector<CharacterFormat>& formats)
+        : m_document(document), m_begin(begin), m_cursor(&document), m_inserter(m_cursor, formats) {
+        const QTextBlock first = document.findBlock(begin);
+        const QTextBlock last = document.findBlock(end);
+        m_textInFront = begin > first.position();
+        m_textBehind = end < last.position() + last.length() - 1;
+        m_frontFormat = first.blockFormat();
+        m_behindFormat = last.blockFormat();
+        m_behindEnd = last.charFormat();
+        m_isJoin = first != last;
+        m_cursor.beginEditBlock();
+        m_cursor.setPosition(begin);
+        m_cursor.setPosition(end, QTextCursor::KeepAnchor);
+        m_cursor.removeSelectedText();
+    }
+
+    void add(const Paragraph& paragraph) {
+        if (m_added == 0) {
+            m_headFormat = toBlockFormat(paragraph.format);
+            m_headEnd = m_inserter.format(paragraph.endFormat);
+            m_inserter.insertRuns(paragraph);
+        } else {
+            m_inserter.insertParagraph(paragraph);
+        }
+        ++m_added;
+    }
+
+    int finish() {
+        const int behind = m_cursor.position();
+        if (m_added > 1) {
+            setParagraphFormats(m_document, m_begin, m_textInFront ? m_frontFormat : m_headFormat,
+                                m_headEnd);
+            if (m_textBehind) {
+                setParagraphFormats(m_document, behind, m_behindFormat, m_behindEnd);
+            }
+        } else if (m_added == 1 && !m_textInFront && !m_textBehind) {
+            setParagraphFormats(m_document, m_begin, m_headFormat, m_headEnd);
+        } else if (m_isJoin) {
+            setParagraphFormats(m_document, m_begin, m_textInFront ? m_frontFormat : m_behindFormat,
+                                m_behindEnd);
+        }
+        m_cursor.endEditBlock();
+        return behind;
+    }
+
+private:
+    QTextDocument& m_document;
+    int m_begin;
+    QTextCursor m_cursor;
+    FragmentInserter m_inserter;
+    bool m_textInFront = false;
+    bool m_textBehind = false;
+    /// The replaced text lies in several paragraphs.
+    bool m_isJoin = false;
+    QTextBlockFormat m_frontFormat;
+    QTextBlockFormat m_behindFormat;
+    QTextCharFormat m_behindEnd;
+    QTextBlockFormat m_headFormat;
+    QTextCharFormat m_headEnd;
+    size_t m_added = 0;
+};
+
+RangeReplacement::RangeReplacement(QTextDocument& document, int begin, int end,
+                                   const std::vector<CharacterFormat>& formats)
+    : d(std::make_unique<Private>(document, begin, end, formats)) {}
+
+RangeReplacement::~RangeReplacement() = default;
+
+void RangeReplacement::add(const Paragraph& paragraph) {
+    d->add(paragraph);
+}
+
+int RangeReplacement::finish() {
+    return d->finish();
+}
+
 int replaceRange(QTextDocument& document, int begin, int end, const RichTextFragment& fragment) {
-    const QTextBlock first = document.findBlock(begin);
-    const QTextBlock last = document.findBlock(end);
-    const bool textInFront = begin > first.position();
-    const bool textBehind = end < last.position() + last.length() - 1;
-    const QTextBlockFormat frontFormat = first.blockFormat();
-    const QTextBlockFormat behindFormat = last.blockFormat();
-    const QTextCharFormat behindEnd = last.charFormat();
-    const bool isJoin = first != last;
-
-    QTextCursor cursor(&document);
-    cursor.beginEditBlock();
-    cursor.setPosition(begin);
-    cursor.setPosition(end, QTextCursor::KeepAnchor);
-    cursor.removeSelectedText();
-    const std::vector<Paragraph>& paragraphs = fragment.paragraphs;
-    if (paragraphs.empty()) {
-        if (isJoin) {
-            setParagraphFormats(document, begin, textInFront ? frontFormat : behindFormat,
-                                behindEnd);
-        }
-        cursor.endEditBlock();
-        return begin;
+    RangeReplacement replacement(document, begin, end, fragment.formats);
+    for (const Paragraph& paragraph : fragment.paragraphs) {
+        replacement.add(paragraph);
     }
-
-    FragmentInserter inserter(cursor, fragment);
-    const Paragraph& head = paragraphs.front();
-    inserter.insertRuns(head);
-    for (size_t i = 1; i < paragraphs.size(); ++i) {
-        inserter.insertParagraph(paragraphs[i]);
-    }
-    const int behind = cursor.position();
-    if (paragraphs.size() > 1) {
-        setParagraphFormats(document, begin, textInFront ? frontFormat : toBlockFormat(head.format),
-                            inserter.format(head.endFormat));
-        if (textBehind) {
-            setParagraphFormats(document, behind, behindFormat, behindEnd);
-        }
-    } else if (!textInFront && !textBehind) {
-        setParagraphFormats(document, begin, toBlockFormat(head.format),
-                            inserter.format(head.endFormat));
-    } else if (isJoin) {
-        setParagraphFormats(document, begin, textInFront ? frontFormat : behindFormat, behindEnd);
-    }
-    cursor.endEditBlock();
-    return behind;
+    return replacement.finish();
 }
 
 namespace {

@@ -6,6 +6,9 @@
 #include <QTextCharFormat>
 #include <QTextDocument>
 
+#include <memory>
+#include <vector>
+
 namespace velmora {
 
 [[nodiscard]] QTextBlockFormat toBlockFormat(const ParagraphFormat& format);
@@ -26,6 +29,23 @@ namespace velmora {
 /// otherwise; the last one likewise with the text that stays behind. An empty fragment deletes: the
 /// joined paragraph has the format of the first where text of it stays, else that of the last.
 int replaceRange(QTextDocument& document, int begin, int end, const RichTextFragment& fragment);
+
+/// replaceRange with one paragraph after the other, for texts that take long. Nobody may change the
+/// document meanwhile, and its layout hears of it at the end.
+class RangeReplacement final {
+public:
+    RangeReplacement(QTextDocument& document, int begin, int end,
+                     const std::vector<CharacterFormat>& formats);
+    ~RangeReplacement();
+
+    void add(const Paragraph& paragraph);
+    /// To be called at the end, however many paragraphs have come.
+    int finish();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
 
 /// Replaces everything; where the fragment is empty one empty paragraph of emptyFormat is left.
 /// Paragraphs that stay the same at the beginning and the end are left as they are, so that they

@@ -28,7 +28,7 @@ QString textOfDocument(const QTextDocument& document) {
 
 } // namespace
 
-RichTextBox::Private::Private(RichTextBox& owner) : q(owner) {
+RichTextBox::Private::Private(RichTextBox& owner) : q(&owner) {
     defaultFormat.fontName = QStringLiteral("Arial");
     document.setUndoRedoEnabled(false);
     document.setDocumentMargin(0);
@@ -47,10 +47,10 @@ RichTextBox::~RichTextBox() = default;
 void RichTextBox::Private::notify(bool changed, std::pair<int, int> oldSelection) {
     const bool moved = selection() != oldSelection;
     if (changed) {
-        Q_EMIT q.Change();
+        Q_EMIT q->Change();
     }
     if (moved) {
-        Q_EMIT q.SelChange();
+        Q_EMIT q->SelChange();
     }
 }
 
@@ -152,6 +152,49 @@ RichTextFragment RichTextBox::fragment() const {
 
 void RichTextBox::setFragment(const RichTextFragment& fragment) {
     d->replaceAll(fragment);
+}
+
+bool RichTextBox::replaceSelectionWatched(RichTextFragment&& fragment, const Progress& goesOn) {
+    constexpr double shareOfFilling = 0.5;
+    const DocumentRange range = d->selected();
+    RangeReplacement replacement(d->document, range.begin, range.end, fragment.formats);
+    const auto count = static_cast<double>(fragment.paragraphs.size());
+    bool stopped = false;
+    double done = 0;
+    for (Paragraph& paragraph : fragment.paragraphs) {
+        stopped = !goesOn(shareOfFilling * done++ / count);
+        if (stopped) {
+            break;
+        }
+        replacement.add(std::exchange(paragraph, {}));
+    }
+    d->putCaret(replacement.finish());
+    d->text.reset();
+    d->layout->layOut([&](double laidOut) {
+        stopped = stopped || !goesOn(shareOfFilling + (1 - shareOfFilling) * laidOut);
+        return !stopped;
+    });
+    return !stopped;
+}
+
+void RichTextBox::exchangeContents(RichTextBox& other) {
+    const double wrapPixels = d->wrapPixels;
+    const double otherWrapPixels = other.d->wrapPixels;
+    Q_EMIT documentLeaves();
+    Q_EMIT other.documentLeaves();
+    std::swap(d, other.d);
+    std::swap(d->q, other.d->q);
+    std::swap(d->defaultFormat, other.d->defaultFormat);
+    std::swap(d->backColor, other.d->backColor);
+    std::swap(d->zoom, other.d->zoom);
+    std::swap(d->redraw, other.d->redraw);
+    setWrapWidth(wrapPixels);
+    other.setWrapWidth(otherWrapPixels);
+    for (RichTextBox* box : {this, &other}) {
+        Q_EMIT box->documentArrived();
+        Q_EMIT box->Change();
+        Q_EMIT box->SelChange();
+    }
 }
 
 // --- the selection's contents

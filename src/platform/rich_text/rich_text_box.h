@@ -2,6 +2,7 @@
 
 #include "platform/drawing/print_box.h"
 #include "platform/outcome.h"
+#include "platform/progress.h"
 #include "platform/rich_text/rich_text_fragment.h"
 
 #include <QByteArray>
@@ -20,6 +21,7 @@ class DocumentLayout;
 class GlyphMaskCache;
 class Surface;
 struct RtfOmissions;
+struct RtfReadResult;
 
 /// How a file is read and written. The numbers are those of ScriptFileType.
 enum class FileFormat : int { Rtf = 0, PlainText = 1 };
@@ -56,8 +58,11 @@ public:
     Outcome setTextRTF(const QByteArray& rtf);
     /// Replaces the contents from a file; on failure they stay as they were.
     /// Plain text: UTF-8 with or without BOM, UTF-16 with BOM, else Windows-1252; line ends and
-    /// control characters as in setSelText. A text of more than a million paragraphs fails.
+    /// control characters as in setSelText. A text that would take too much memory fails.
     Outcome LoadFile(const QString& path, FileFormat format);
+    /// What LoadFile would put in, plain text in the default format; stopped like a failure.
+    [[nodiscard]] RtfReadResult readFile(const QString& path, FileFormat format,
+                                         const Progress& goesOn) const;
     /// What the file showed beside its text, which a control has no place for. Of the RTF that came
     /// with the last LoadFile or setTextRTF; nothing once something else has replaced everything.
     [[nodiscard]] const RtfOmissions& omitted() const;
@@ -89,6 +94,14 @@ public:
     [[nodiscard]] RichTextFragment selectedFragment() const;
     /// Replaces the selection; the caret stands behind what came in.
     void replaceSelection(const RichTextFragment& fragment);
+
+    /// The same with a text so long that somebody has to watch, who may stop it; uses the fragment
+    /// up, lays out, and signals nothing. False where it was stopped: a part came in. For a staging
+    /// control, whose contents then go where they belong as a whole.
+    [[nodiscard]] bool replaceSelectionWatched(RichTextFragment&& fragment, const Progress& goesOn);
+    /// Exchanges text, layout and selection with another control, in no time however long the texts
+    /// are; what belongs to the whole control stays. Both signal, whether or not anything differs.
+    void exchangeContents(RichTextBox& other);
 
     // --- formats of the selection ------------------------------------------------------------
     [[nodiscard]] std::optional<Rgb24> SelColor() const;
@@ -193,6 +206,9 @@ Q_SIGNALS:
     void SelChange();
     /// Zoom, back colour, wrap width or redraw changed: the view must look again.
     void appearanceChanged();
+    /// Another QTextDocument takes the place of document(): before, and when it has.
+    void documentLeaves();
+    void documentArrived();
 
 private:
     class Private;

@@ -1,9 +1,11 @@
 #include "platform/files/whole_file.h"
 #include "platform/rich_text/fragment_text.h"
+#include "platform/rich_text/memory_bound.h"
 #include "platform/rich_text/rich_text_box_private.h"
-#include "platform/rich_text/rtf_fragment_builder.h"
 #include "platform/rich_text/rtf_reader.h"
 #include "platform/text_services/text_encoding.h"
+
+#include <utility>
 
 namespace velmora {
 
@@ -23,20 +25,31 @@ QString withPlainLineEnds(QString text) {
 
 } // namespace
 
-Outcome RichTextBox::LoadFile(const QString& path, FileFormat format) {
+RtfReadResult RichTextBox::readFile(const QString& path, FileFormat format,
+                                    const Progress& goesOn) const {
     QByteArray bytes;
     if (Outcome read = readWholeFile(path, limitOf(format), bytes); !read) {
-        return read;
+        return {{}, read};
     }
-    if (format == FileFormat::Rtf) {
-        return setTextRTF(bytes);
+    if (format == FileFormat::Rtf && !bytes.isEmpty()) {
+        return readRtf(bytes, goesOn);
     }
-    const QString text = decodeText(bytes);
-    if (paragraphCount(text) > RtfFragmentBuilder::MaxParagraphs) {
-        return Outcome::failure(QStringLiteral("The text is too long."));
+    MemoryBound memory(bytes.size());
+    const QString text = decodeText(std::exchange(bytes, {}));
+    memory.addUnits(text.size());
+    memory.addParagraphs(paragraphCount(text));
+    if (memory.isExceeded()) {
+        return {{}, memory.failure()};
     }
-    setText(text);
-    return Outcome::success();
+    return {fragmentOfText(text, defaultFormat())};
+}
+
+Outcome RichTextBox::LoadFile(const QString& path, FileFormat format) {
+    const RtfReadResult read = readFile(path, format, {});
+    if (read.outcome) {
+        d->replaceAll(read.fragment, read.omitted);
+    }
+    return read.outcome;
 }
 
 Outcome RichTextBox::SaveFile(const QString& path, FileFormat format) const {

@@ -66,7 +66,8 @@ public:
     /// The paragraphs that the selection touches: first and last.
     [[nodiscard]] std::pair<QTextBlock, QTextBlock> selectedParagraphs() const;
 
-    RichTextBox& q;
+    /// Whose state it is: two controls may exchange theirs.
+    RichTextBox* q;
     QTextDocument document;
     /// Owned by the document.
     DocumentLayout* layout = nullptr;

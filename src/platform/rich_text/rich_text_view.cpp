@@ -26,12 +26,9 @@ RichTextView::RichTextView(RichTextBox& box, QWidget* parent)
     viewport()->setCursor(Qt::IBeamCursor);
     installRichTextViewAccessibility();
 
-    connect(&box.document(), &QTextDocument::contentsChange, this,
-            [this](int from, int removed, int added) {
-                const TextChange change = TextChange::of(from, removed, added);
-                d->damage.noteChange(change);
-                d->accessibility.noteChange(change);
-            });
+    d->followDocument();
+    connect(&box, &RichTextBox::documentLeaves, this, [this] { d->leaveDocument(); });
+    connect(&box, &RichTextBox::documentArrived, this, [this] { d->followDocument(); });
     connect(&box, &RichTextBox::Change, this, [this] { d->textChanged(); });
     connect(&box, &RichTextBox::SelChange, this, [this] { d->selectionChanged(); });
     connect(&box, &RichTextBox::appearanceChanged, this, [this] { d->appearanceChanged(); });

@@ -27,6 +27,21 @@ RichTextView::Private::Private(RichTextView& view, RichTextBox& box)
       keys(core, {[&view] { view.copy(); }, [&view] { view.cut(); }, [&view] { view.paste(); }}),
       mouse(core), drag(core), inputMethod(core), accessibility(view) {}
 
+void RichTextView::Private::followDocument() {
+    m_documentChanges = QObject::connect(&core.box().document(), &QTextDocument::contentsChange, &q,
+                                         [this](int from, int removed, int added) {
+                                             const TextChange change =
+                                                 TextChange::of(from, removed, added);
+                                             damage.noteChange(change);
+                                             accessibility.noteChange(change);
+                                         });
+}
+
+void RichTextView::Private::leaveDocument() {
+    inputMethod.cancel();
+    QObject::disconnect(m_documentChanges);
+}
+
 void RichTextView::Private::repaint(const QRegion& region) {
     if (core.box().redraw()) {
         q.viewport()->update(region);

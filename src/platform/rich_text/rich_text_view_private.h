@@ -18,6 +18,8 @@ public:
     Private(RichTextView& view, RichTextBox& box);
 
     // --- what the box tells
+    void followDocument();
+    void leaveDocument();
     void textChanged();
     void selectionChanged();
     void appearanceChanged();
@@ -62,6 +64,7 @@ private:
     [[nodiscard]] QColor caretColor(int position) const;
     [[nodiscard]] QRegion selectionRegion(int start, int end) const;
 
+    QMetaObject::Connection m_documentChanges;
     TopAnchor m_top;
     QRect m_shownCaret;
     int m_shownStart = 0;

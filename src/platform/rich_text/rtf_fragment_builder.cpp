@@ -46,6 +46,7 @@ void RtfFragmentBuilder::setFormat(const CharacterFormat& format) {
     }
     m_format = static_cast<int>(m_fragment.formats.size());
     m_fragment.formats.push_back(format);
+    m_memory.addFormat();
     m_formatIndex.insert(format, m_format);
 }
 
@@ -70,10 +71,12 @@ void RtfFragmentBuilder::grow(qsizetype length) {
     } else if (m_runCount < MaxRuns) {
         m_runs.push_back({static_cast<int>(length), m_format});
         ++m_runCount;
+        m_memory.addRun();
     } else {
         m_full = true;
     }
     m_textUnits += length;
+    m_memory.addUnits(length);
     m_full = m_full || m_textUnits > MaxTextUnits;
 }
 
@@ -148,6 +151,7 @@ void RtfFragmentBuilder::closeParagraph(const ParagraphFormat& format) {
     if (m_highSurrogate != 0) {
         beforeText();
     }
+    m_memory.addParagraphs(1);
     Paragraph& paragraph = m_fragment.paragraphs.emplace_back();
     // Copies of the exact size: the buffers keep their room for the next paragraph.
     paragraph.text = QString(m_text.constData(), m_text.size());
@@ -157,6 +161,12 @@ void RtfFragmentBuilder::closeParagraph(const ParagraphFormat& format) {
     m_text.resize(0);
     m_runs.clear();
     m_labelSeen = false;
+}
+
+Outcome RtfFragmentBuilder::failure() const {
+    return m_full ? Outcome::failure(
+                        QStringLiteral("The text is too long or changes its format too often."))
+                  : m_memory.failure();
 }
 
 RichTextFragment RtfFragmentBuilder::take(const ParagraphFormat& format) {

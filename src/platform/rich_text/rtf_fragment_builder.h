@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/rich_text/memory_bound.h"
 #include "platform/rich_text/rich_text_fragment.h"
 
 #include <QHash>
@@ -11,13 +12,15 @@ namespace velmora {
 /// in: lone halves of surrogate pairs become U+FFFD, control characters and noncharacters go.
 class RtfFragmentBuilder final {
 public:
+    explicit RtfFragmentBuilder(qint64 fileBytes) : m_memory(fileBytes) {}
+
     /// Beyond these a document is refused; they are far above any script and keep a hostile file
     /// from taking the machine's memory.
     static constexpr qsizetype MaxParagraphs = 1'000'000;
     static constexpr qsizetype MaxTextUnits = qsizetype{128} * 1024 * 1024;
     static constexpr qsizetype MaxRuns = 4'000'000;
     /// Text in further formats is kept, in the format of what stands before it.
-    static constexpr std::size_t MaxFormats = 65'536;
+    static constexpr std::size_t MaxFormats = 16'384;
 
     /// The format of what is appended from now on, and of the end of its paragraph.
     void setFormat(const CharacterFormat& format);
@@ -41,7 +44,9 @@ public:
     /// Tells of a list's label; false where the paragraph has had one.
     [[nodiscard]] bool beginLabel();
 
-    [[nodiscard]] bool full() const { return m_full; }
+    [[nodiscard]] bool full() const { return m_full || m_memory.isExceeded(); }
+    /// What there is to say where it is full.
+    [[nodiscard]] Outcome failure() const;
 
     /// Ends the last paragraph and hands everything over.
     [[nodiscard]] RichTextFragment take(const ParagraphFormat& format);
@@ -72,6 +77,7 @@ private:
     qsizetype m_textUnits = 0;
     qsizetype m_runCount = 0;
     bool m_full = false;
+    MemoryBound m_memory;
 };
 
 } // namespace velmora

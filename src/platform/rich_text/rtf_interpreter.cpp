@@ -8,11 +8,15 @@
 
 namespace velmora {
 
-RtfReadResult RtfInterpreter::read() {
+RtfReadResult RtfInterpreter::read(const Progress& goesOn) {
+    constexpr unsigned tokensBetweenLooks = 16'384;
     if (!readHeader()) {
         return {{}, Outcome::failure(QStringLiteral("It is not rich text."))};
     }
-    while (!m_finished && !m_builder.full()) {
+    for (unsigned tokens = 1; !m_finished && !m_builder.full(); ++tokens) {
+        if (goesOn && tokens % tokensBetweenLooks == 0 && !goesOn(m_tokenizer.shareRead())) {
+            return {{}, Outcome::failure(QStringLiteral("The reading was stopped."))};
+        }
         const RtfToken token = m_tokenizer.next();
         if (token.kind == RtfTokenKind::End) {
             break;
@@ -20,9 +24,7 @@ RtfReadResult RtfInterpreter::read() {
         follow(token);
     }
     if (m_builder.full()) {
-        return {{},
-                Outcome::failure(
-                    QStringLiteral("The text is too long or changes its format too often."))};
+        return {{}, m_builder.failure()};
     }
     dropHalfCharacter();
     refreshFormat();
@@ -266,8 +268,8 @@ void RtfInterpreter::word(const RtfToken& token) {
     }
 }
 
-RtfReadResult readRtf(QByteArrayView rtf) {
-    return RtfInterpreter(rtf).read();
+RtfReadResult readRtf(QByteArrayView rtf, const Progress& goesOn) {
+    return RtfInterpreter(rtf).read(goesOn);
 }
 
 } // namespace velmora

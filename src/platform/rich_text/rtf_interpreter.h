@@ -16,10 +16,10 @@ namespace velmora {
 /// public members below; nobody else calls them.
 class RtfInterpreter final {
 public:
-    explicit RtfInterpreter(QByteArrayView rtf) : m_tokenizer(rtf) {}
+    explicit RtfInterpreter(QByteArrayView rtf) : m_tokenizer(rtf), m_builder(rtf.size()) {}
 
     /// Once only.
-    [[nodiscard]] RtfReadResult read();
+    [[nodiscard]] RtfReadResult read(const Progress& goesOn);
 
     /// Groups nested deeper than this are skipped.
     static constexpr std::size_t MaxDepth = 100'000;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/outcome.h"
+#include "platform/progress.h"
 #include "platform/rich_text/rich_text_fragment.h"
 
 #include <QByteArrayView>
@@ -27,15 +28,16 @@ struct RtfOmissions final {
 struct RtfReadResult final {
     /// Everything that could be read; also of a damaged file, up to where the damage begins.
     RichTextFragment fragment;
-    /// Failure only where nothing is delivered: the bytes are no RTF at all, or the text is longer
+    /// Failure only where nothing is delivered: the bytes are no RTF at all, the text is longer
     /// than any document can be (a million paragraphs, 128 million characters, four million changes
-    /// of format). Of more than 65,536 different formats the rest look like the text before them.
+    /// of format) or would take more memory than MemoryBound allows, or the reading was stopped. Of
+    /// more than 16,384 different formats the rest look like the text before them.
     Outcome outcome = Outcome::success();
     /// What was left out of the fragment.
     RtfOmissions omitted = {};
 };
 
 /// Reads RTF. Never throws, never hangs; nesting, run sizes and memory are bounded.
-[[nodiscard]] RtfReadResult readRtf(QByteArrayView rtf);
+[[nodiscard]] RtfReadResult readRtf(QByteArrayView rtf, const Progress& goesOn = {});
 
 } // namespace velmora

@@ -42,7 +42,7 @@ int hexDigit(char byte) {
 } // namespace
 
 RtfTokenizer::RtfTokenizer(QByteArrayView input)
-    : m_at(input.data()), m_end(input.data() + input.size()) {}
+    : m_begin(input.data()), m_at(input.data()), m_end(input.data() + input.size()) {}
 
 RtfToken RtfTokenizer::next() {
     while (m_at < m_end && classOf(*m_at) == Dropped) {

@@ -44,6 +44,10 @@ public:
     explicit RtfTokenizer(QByteArrayView input);
 
     [[nodiscard]] RtfToken next();
+    /// 0 at the input's beginning, 1 at its end.
+    [[nodiscard]] double shareRead() const {
+        return static_cast<double>(m_at - m_begin) / static_cast<double>(m_end - m_begin + 1);
+    }
 
     /// Moves in front of the brace that closes the group in which the next token stands, or to the
     /// end of the input. Data of \bin may hold any braces and is stepped over as a whole.
@@ -78,6 +82,7 @@ private:
     void readParameter(RtfToken& word);
     [[nodiscard]] bool atDigit(qsizetype offset) const;
 
+    const char* m_begin;
     const char* m_at;
     const char* m_end;
 };

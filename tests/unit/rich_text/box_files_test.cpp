@@ -1,5 +1,5 @@
-#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rich_text_box.h"
+#include "platform/rich_text/rtf_reader.h"
 #include "support/files.h"
 
 #include <gtest/gtest.h>
@@ -84,16 +84,26 @@ TEST_F(BoxFiles, WordsThatAnyControlCharacterPartsStayApart) {
     }
 }
 
-TEST_F(BoxFiles, PlainTextMayHaveAMillionParagraphs) {
-    constexpr int most = 1'000'000;
-    box.setText(u"kept"_qs);
-    const QString name = write(u"long.txt"_qs, QByteArray(most, '\n'));
-    const Outcome outcome = box.LoadFile(name, FileFormat::PlainText);
-    EXPECT_FALSE(outcome);
-    EXPECT_EQ(outcome.reason(), u"The text is too long."_qs);
-    EXPECT_EQ(box.Text(), u"kept"_qs);
-    EXPECT_EQ(paragraphCount(QString(most - 1, u'\n')), most);
-    EXPECT_EQ(paragraphCount(u"\r\n\r\n\r\n\n\r\f"), 7);
+TEST_F(BoxFiles, WhatWouldFillTheMemoryIsRefused) {
+    struct Case {
+        FileFormat format;
+        QByteArray bytes;
+        bool fits;
+    };
+    const Case cases[] = {
+        {FileFormat::PlainText, QByteArray(300'000, '\n'), false},
+        {FileFormat::PlainText, QByteArray("a line\n").repeated(100'000), true},
+        {FileFormat::PlainText, QByteArray(5'000'000, 'a'), true},
+        {FileFormat::Rtf, "{\\rtf1" + QByteArray("\\par").repeated(300'000) + "}", false},
+        {FileFormat::Rtf, "{\\rtf1" + QByteArray("a line\\par ").repeated(100'000) + "}", true},
+    };
+    for (const Case& c : cases) {
+        const QString name = write(u"long"_qs, c.bytes);
+        const RtfReadResult read = box.readFile(name, c.format, {});
+        EXPECT_EQ(static_cast<bool>(read.outcome), c.fits) << c.bytes.left(20).constData();
+        EXPECT_EQ(read.fragment.paragraphs.empty(), !c.fits);
+        EXPECT_EQ(read.outcome.reason().contains(u"MB of memory"_qs), !c.fits);
+    }
 }
 
 TEST_F(BoxFiles, FailuresHaveAReasonAndChangeNothing) {

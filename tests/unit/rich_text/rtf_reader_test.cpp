@@ -275,13 +275,21 @@ TEST(RtfReader, HostileSizesAreBounded) {
     }
 }
 
-TEST(RtfReader, WhatIsBeyondEveryScriptIsRefused) {
-    const QByteArray paragraphs = QByteArray("\\par").repeated(RtfFragmentBuilder::MaxParagraphs);
-    EXPECT_FALSE(readRtf("{\\rtf1" + paragraphs + "}").outcome);
-    EXPECT_TRUE(readRtf("{\\rtf1" + paragraphs.chopped(4) + "}").outcome);
-    const QByteArray runs = QByteArray("\\b a\\b0 a").repeated(RtfFragmentBuilder::MaxRuns / 2);
-    EXPECT_TRUE(readRtf("{\\rtf1" + runs + "a}").outcome);
-    EXPECT_FALSE(readRtf("{\\rtf1" + runs + "\\b a}").outcome);
+TEST(RtfReader, IsStoppedWhereItsWatcherWantsIt) {
+    const QByteArray rtf = "{\\rtf1" + QByteArray("a\\b ").repeated(100'000) + "}";
+    std::vector<double> shares;
+    const auto until = [&](double end) {
+        return [&shares, end](double share) {
+            shares.push_back(share);
+            return share < end;
+        };
+    };
+    EXPECT_TRUE(readRtf(rtf, until(1)).outcome);
+    EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+    EXPECT_GT(shares.back(), 0.9);
+    shares.clear();
+    EXPECT_FALSE(readRtf(rtf, until(0.3)).outcome);
+    EXPECT_LT(shares.back(), 0.5);
 }
 
 } // namespace
