@@ -60,6 +60,7 @@ public:
     [[nodiscard]] QString comboFontName() const override;
     [[nodiscard]] double comboFontSize() const override;
     void showProgress(const QString& text) override;
+    [[nodiscard]] bool showProgressShare(double share) override;
     void showNotice(const QString& text) override;
 
 Q_SIGNALS:

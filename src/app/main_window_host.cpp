@@ -49,6 +49,11 @@ void Form1::showProgress(const QString& text) {
     m_progress->showText(text);
 }
 
+bool Form1::showProgressShare(double share) {
+    m_progress->showShare(share);
+    return !m_progress->isCancelled();
+}
+
 void Form1::showNotice(const QString& text) {
     m_controls.showNotice(text);
 }

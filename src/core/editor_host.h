@@ -23,6 +23,12 @@ public:
     [[nodiscard]] virtual double comboFontSize() const = 0;
     /// Form31: a small window with one label while a file is read or written. Empty text hides it.
     virtual void showProgress(const QString& text) = 0;
+    /// In the same window, with a way to cancel: how much of the work is done, 0 to 1. From then on
+    /// the other windows take no input. False once the user has cancelled; runs no handler itself.
+    [[nodiscard]] virtual bool showProgressShare(double share) {
+        static_cast<void>(share);
+        return true;
+    }
     /// A line that stays in sight until the next one: fonts that were substituted, and the like.
     virtual void showNotice(const QString& text) = 0;
 };

@@ -1,6 +1,11 @@
 #include "editor/progress_window.h"
 
+#include "widgets/push_button.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QProgressBar>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -20,6 +25,11 @@ Form31::Form31(QWidget* parent)
 
 void Form31::showText(const QString& text) {
     Label1->setText(text);
+    showInTheMiddle();
+    repaint();
+}
+
+void Form31::showInTheMiddle() {
     adjustSize();
     const QRect around = parentWidget() != nullptr
                              ? QRect(parentWidget()->mapToGlobal(QPoint()), parentWidget()->size())
@@ -27,7 +37,38 @@ void Form31::showText(const QString& text) {
     move(around.center() - rect().center());
     show();
     raise();
-    repaint();
+}
+
+void Form31::showShare(double share) {
+    if (m_bar == nullptr) {
+        becomeDialog();
+    }
+    m_bar->setValue(static_cast<int>(share * m_bar->maximum()));
+}
+
+/// A window takes its kind and its modality while it is hidden.
+void Form31::becomeDialog() {
+    hide();
+    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+    setWindowModality(Qt::ApplicationModal);
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+    m_bar = new QProgressBar(this);
+    auto* cancel = new CB(QStringLiteral("CancelButton"), QStringLiteral("Cancel"), this);
+    connect(cancel, &QPushButton::clicked, this, [this] { m_cancelled = true; });
+    layout()->addWidget(m_bar);
+    layout()->addWidget(cancel);
+    showInTheMiddle();
+    activateWindow();
+    cancel->setFocus();
+}
+
+void Form31::keyPressEvent(QKeyEvent* event) {
+    m_cancelled = m_cancelled || (m_bar != nullptr && event->key() == Qt::Key_Escape);
+}
+
+void Form31::closeEvent(QCloseEvent* event) {
+    m_cancelled = m_cancelled || m_bar != nullptr;
+    event->ignore();
 }
 
 } // namespace velmora

@@ -4,18 +4,23 @@
 #include "core/script_marks.h"
 #include "core/session.h"
 #include "editor/file_guard.h"
+#include "editor/long_load.h"
 #include "editor/recent_files.h"
 #include "editor/script_conventions.h"
 #include "editor/script_files.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_boxes.h"
+#include "platform/rich_text/long_paragraphs.h"
 #include "platform/rich_text/rtf_reader.h"
 #include "platform/timing/event_pump.h"
 
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
 
 namespace velmora {
 
@@ -23,6 +28,8 @@ namespace {
 
 /// Pumps before an append, in which the editor shows its end.
 constexpr int PumpsBeforeAppend = 4;
+/// Of a long load, in the progress that is shown.
+constexpr double ShareOfReading = 0.2;
 
 ScriptType currentType(const Session& session) {
     return static_cast<ScriptType>(session.script.ScriptFileType);
@@ -53,9 +60,43 @@ QString listOf(const RtfOmissions& omitted) {
     return parts.join(QStringLiteral(", "));
 }
 
-/// Where the converter of DOC and DOCX will stand: it leaves the file's text in the box.
-Outcome convertInto(RichTextBox&, const QString&) {
-    return Outcome::failure(QStringLiteral("There is no converter for Word files."));
+Outcome cancelled() {
+    return Outcome::failure(QStringLiteral("The load was cancelled."));
+}
+
+/// Where the converter of DOC and DOCX will stand.
+RtfReadResult convert(const QString&) {
+    return {{}, Outcome::failure(QStringLiteral("There is no converter for Word files."))};
+}
+
+bool holdsText(const RichTextFragment& text) {
+    return std::any_of(text.paragraphs.begin(), text.paragraphs.end(),
+                       [](const Paragraph& p) { return !p.text.trimmed().isEmpty(); });
+}
+
+/// An appended file is a story of its own that can be jumped to.
+void beginStory(RichTextFragment& text) {
+    const Paragraph& first = text.paragraphs.front();
+    const int format = first.runs.empty() ? first.endFormat : first.runs.front().format;
+    std::vector<Paragraph> head;
+    for (const QString& line : {QString(SelectiveBookmarkMarker), StoryBreakMarker.toString()}) {
+        head.push_back({line, {{static_cast<int>(line.size()), format}}, format, first.format});
+    }
+    text.paragraphs.insert(text.paragraphs.begin(), std::make_move_iterator(head.begin()),
+                           std::make_move_iterator(head.end()));
+}
+
+/// Whether it would take the editor more than a moment, so that somebody should watch.
+bool takesLong(const RichTextFragment& text) {
+    constexpr double unitsOfAMoment = 3e6;
+    constexpr double unitsAParagraph = 40;
+    constexpr double unitsARun = 10;
+    double units = 0;
+    for (const Paragraph& paragraph : text.paragraphs) {
+        units += static_cast<double>(paragraph.text.size()) + unitsAParagraph +
+                 unitsARun * static_cast<double>(paragraph.runs.size());
+    }
+    return units > unitsOfAMoment;
 }
 
 } // namespace
@@ -94,7 +135,7 @@ Outcome ScriptLoader::loadUnattended(const QString& path) {
         return Outcome::failure(QStringLiteral("Another file is being loaded or saved."));
     }
     rememberFile(path);
-    const Outcome outcome = bringIn(Place::Caret);
+    const Outcome outcome = bringIn(Place::Caret, false);
     m_host.showProgress(QString());
     if (!outcome) {
         return Outcome::failure(failureText(outcome.reason()));
@@ -112,9 +153,13 @@ void ScriptLoader::load(const QString& path) {
     }
     ScriptState& script = m_session.script;
     const bool intoEmptyEditor = script.rtb1.isEmpty();
-    const Outcome outcome = bringIn(place);
+    const Outcome outcome = bringIn(place, true);
     m_host.showProgress(QString());
     m_session.platform.pump.DoEvents();
+    if (m_cancelled) {
+        giveBackEditor();
+        return;
+    }
     if (!outcome) {
         m_session.platform.messages.show(MessageIcon::Critical,
                                          QStringLiteral("Could Not Load File"),
@@ -122,8 +167,9 @@ void ScriptLoader::load(const QString& path) {
         return;
     }
     if (intoEmptyEditor) {
-        // To save over a file of which something was left out would lose that for good.
-        script.ownFile = m_leftOut.isEmpty() ? script.ScriptFileName : QString();
+        // To save over a file of which something was left out would lose that for good; and one
+        // with other paragraphs may be another program's.
+        script.ownFile = m_leftOut.isEmpty() && !m_broken ? script.ScriptFileName : QString();
     }
     tellAfterLoad(place);
 }
@@ -152,9 +198,10 @@ ScriptLoader::Place ScriptLoader::askPlace() {
     return answer == MessageAnswer::Yes ? Place::End : Place::Caret;
 }
 
-Outcome ScriptLoader::bringIn(Place place) {
+Outcome ScriptLoader::bringIn(Place place, bool attended) {
     RichTextBox& rtb1 = m_session.script.rtb1;
-    RichTextBox& rtb2 = m_session.script.rtb2;
+    const int caret = rtb1.caretPosition();
+    const int anchor = 2 * rtb1.SelStart() + rtb1.SelLength() - caret;
     if (place == Place::End) {
         rtb1.setSelStart(rtb1.textLength());
         m_host.focusEditor();
@@ -162,56 +209,119 @@ Outcome ScriptLoader::bringIn(Place place) {
             m_session.platform.pump.DoEvents();
         }
     }
-    Outcome outcome = readIntoStaging();
-    if (outcome) {
-        m_holdsText = !rtb2.Text().trimmed().isEmpty();
-        m_leftOut = listOf(rtb2.omitted());
-        if (place == Place::End) {
-            // An appended file is a story of its own that can be jumped to.
-            rtb2.setSelStart(0);
-            rtb2.setSelText(SelectiveBookmarkMarker + QStringLiteral("\r\n") +
-                            StoryBreakMarker.toString() + QStringLiteral("\r\n"));
-        }
-        moveStagingToEditor(place);
-        m_host.focusEditor();
-        m_host.sendZoom();
+    LongLoad load(m_session, m_host);
+    RtfReadResult read = readFile(load);
+    m_cancelled = false;
+    m_broken = false;
+    if (read.outcome && attended) {
+        read.outcome = breakLongParagraphs(read.fragment);
     }
-    rtb2.setText(QString());
-    return outcome;
+    if (read.outcome) {
+        m_holdsText = holdsText(read.fragment);
+        m_leftOut = listOf(read.omitted);
+        tame(read.fragment, place);
+        read.outcome = moveToEditor(std::move(read.fragment), place, load);
+    }
+    m_cancelled = m_cancelled || load.isCancelled();
+    if (!read.outcome) {
+        rtb1.select(anchor, caret);
+        return read.outcome;
+    }
+    m_host.focusEditor();
+    m_host.sendZoom();
+    return read.outcome;
 }
 
-Outcome ScriptLoader::readIntoStaging() {
+RtfReadResult ScriptLoader::readFile(LongLoad& load) {
     const ScriptType type = currentType(m_session);
     const QString& path = m_session.script.ScriptFileName;
-    RichTextBox& rtb2 = m_session.script.rtb2;
     if (needsConverter(type)) {
         m_host.showProgress(QStringLiteral("Converting Word File."));
-        return convertInto(rtb2, path);
+        return convert(path);
     }
     m_host.showProgress(QStringLiteral("Loading File."));
     // The window has to be on the screen before the work begins that keeps all else waiting.
     m_session.platform.pump.DoEvents();
-    return rtb2.LoadFile(path, static_cast<FileFormat>(type));
+    return m_session.script.rtb2.readFile(path, static_cast<FileFormat>(type),
+                                          load.part(0, ShareOfReading));
 }
 
-void ScriptLoader::moveStagingToEditor(Place place) {
-    RichTextBox& rtb1 = m_session.script.rtb1;
-    RichTextFragment text = m_session.script.rtb2.fragment();
+/// Asks first: it is the script that changes. Cancel is to cancel the load.
+Outcome ScriptLoader::breakLongParagraphs(RichTextFragment& text) {
+    const int longest = LongParagraphs::longestOf(text);
+    if (longest == 0) {
+        return Outcome::success();
+    }
+    m_host.showProgress(QString());
+    const MessageAnswer answer = m_session.platform.messages.show(
+        MessageIcon::Question, QStringLiteral("Very Long Paragraph"),
+        QStringLiteral("%1 has a paragraph of %L2 characters. Each key in it would make the editor "
+                       "wait.\r\n\r\nSuch paragraphs are now broken into several of at most %L3 "
+                       "characters, at a line end or a blank wherever there is one. No word and no "
+                       "character is lost, and the file stays as it is until you save.")
+            .arg(m_session.script.ScriptFileName)
+            .arg(longest)
+            .arg(LongParagraphs::UnitsOfAPiece),
+        MessageButtons::OkCancel);
+    m_cancelled = answer != MessageAnswer::Ok;
+    if (m_cancelled) {
+        return cancelled();
+    }
+    m_host.showProgress(QStringLiteral("Loading File."));
+    LongParagraphs::breakUp(text);
+    m_broken = true;
+    return Outcome::success();
+}
+
+void ScriptLoader::tame(RichTextFragment& text, Place place) {
+    if (place == Place::End) {
+        beginStory(text);
+    }
     replaceTabs(text);
     if (currentType(m_session) == ScriptType::PlainText) {
         applyPlainTextLook(
             text, plainTextLook(m_session, m_host.comboFontName(), m_host.comboFontSize()));
     } else {
-        applyColourRuleForBackground(text, rtb1.BackColor());
+        applyColourRuleForBackground(text, m_session.script.rtb1.BackColor());
     }
     clearOffsets(text);
-    if (place == Place::End) {
-        rtb1.setSelStart(rtb1.textLength());
+}
+
+Outcome ScriptLoader::moveToEditor(RichTextFragment text, Place place, LongLoad& load) {
+    RichTextBox& rtb1 = m_session.script.rtb1;
+    const int landing = place == Place::End ? rtb1.textLength() : rtb1.SelStart();
+    if (!takesLong(text)) {
+        rtb1.setSelStart(landing);
+        rtb1.replaceSelection(text);
+    } else if (!stage(std::move(text), landing, load)) {
+        return cancelled();
     }
-    rtb1.setSelLength(0);
-    const int landing = rtb1.SelStart();
-    rtb1.replaceSelection(text);
     rtb1.setSelStart(landing);
+    return Outcome::success();
+}
+
+/// Makes the whole new script in rtb2, from where it goes to the editor in one go: until then the
+/// editor and all that looks at it have the old one.
+bool ScriptLoader::stage(RichTextFragment text, int landing, LongLoad& load) {
+    RichTextBox& rtb1 = m_session.script.rtb1;
+    RichTextBox& rtb2 = m_session.script.rtb2;
+    const double oldUnits = rtb1.textLength();
+    double newUnits = 1;
+    for (const Paragraph& paragraph : text.paragraphs) {
+        newUnits += static_cast<double>(paragraph.text.size() + 2);
+    }
+    const double half = ShareOfReading + (1 - ShareOfReading) * oldUnits / (oldUnits + newUnits);
+    rtb2.setDefaultFormat(rtb1.defaultFormat());
+    rtb2.setWrapWidth(rtb1.wrapWidth());
+    bool done = rtb1.isEmpty() ||
+                rtb2.replaceSelectionWatched(rtb1.fragment(), load.part(ShareOfReading, half));
+    rtb2.setSelStart(landing);
+    done = done && rtb2.replaceSelectionWatched(std::move(text), load.part(half, 1));
+    if (done) {
+        rtb1.exchangeContents(rtb2);
+    }
+    rtb2.setText(QString());
+    return done;
 }
 
 void ScriptLoader::tellAfterLoad(Place place) {

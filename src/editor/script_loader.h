@@ -8,14 +8,18 @@
 namespace velmora {
 
 class EditorHost;
+class LongLoad;
 class RecentFileTable;
 class Session;
+struct RichTextFragment;
+struct RtfReadResult;
 
 /// Brings scripts from files into the editor: through the staging control rtb2, where they are
 /// tamed, into rtb1. Owned by the main window.
 ///
-/// A load that fails tells the user why and leaves the editor's text as it was. One that is asked
-/// for inside another load, a save or a show does nothing.
+/// A load that fails tells the user why and leaves the editor's text as it was; so does one that
+/// the user cancels, which he may as soon as it has taken a second. One that is asked for inside
+/// another load, a save or a show does nothing.
 class ScriptLoader final {
 public:
     /// recent may be null: then no list of recent files is kept.
@@ -40,9 +44,12 @@ private:
     void load(const QString& path);
     void rememberFile(const QString& path);
     [[nodiscard]] Place askPlace();
-    Outcome bringIn(Place place);
-    Outcome readIntoStaging();
-    void moveStagingToEditor(Place place);
+    Outcome bringIn(Place place, bool attended);
+    RtfReadResult readFile(LongLoad& load);
+    Outcome breakLongParagraphs(RichTextFragment& text);
+    void tame(RichTextFragment& text, Place place);
+    Outcome moveToEditor(RichTextFragment text, Place place, LongLoad& load);
+    bool stage(RichTextFragment text, int landing, LongLoad& load);
     void tellAfterLoad(Place place);
     void tell(QStringList notes);
     [[nodiscard]] QString noTextText() const;
@@ -54,6 +61,10 @@ private:
     Session& m_session;
     EditorHost& m_host;
     RecentFileTable* m_recent;
+    /// The user has stopped the last load, which has changed nothing.
+    bool m_cancelled = false;
+    /// Paragraphs of the file that was read last were broken.
+    bool m_broken = false;
     /// Of the file that was read last: whether there is anything to see in it.
     bool m_holdsText = true;
     /// Of the same file: what was left out, as a list in words.

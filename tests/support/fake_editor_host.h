@@ -25,6 +25,10 @@ public:
             onProgress(text);
         }
     }
+    [[nodiscard]] bool showProgressShare(double share) override {
+        shares.push_back(share);
+        return share < cancelAt;
+    }
     void showNotice(const QString& text) override { notices.push_back(text); }
 
     [[nodiscard]] bool progressIsUp() const {
@@ -39,6 +43,9 @@ public:
     QString fontName = u"Liberation Sans"_qs;
     double fontSize = 26;
     QStringList progress;
+    /// What a long load showed of its progress, and where it is cancelled.
+    std::vector<double> shares;
+    double cancelAt = 2;
     QStringList notices;
     /// Runs inside showProgress, with its text.
     std::function<void(const QString&)> onProgress;

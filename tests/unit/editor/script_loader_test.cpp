@@ -265,8 +265,8 @@ TEST_F(ScriptLoaderTest, FontsThatAreNotInstalledAreNamedUntilTheNextLoad) {
 }
 
 TEST_F(ScriptLoaderTest, AHundredThousandTabsAreDoneInOneSweep) {
-    loadFile(txt, QByteArray("word\t").repeated(100'000));
-    EXPECT_EQ(rtb1.textLength(), 500'000);
+    loadFile(txt, (QByteArray("word\t").repeated(1'000) + "\n").repeated(100));
+    EXPECT_EQ(rtb1.textLength(), 500'200);
     EXPECT_FALSE(rtb1.Text().contains(u'\t'));
 }
 
@@ -275,6 +275,65 @@ TEST_F(ScriptLoaderTest, TheEditorChangesOnceForALoad) {
     QObject::connect(&rtb1, &RichTextBox::Change, &rtb1, [&] { ++changes; });
     loadFile(rtf, "{\\rtf1\\ansi one\\par two\\tab three\\par}");
     EXPECT_EQ(changes, 1);
+}
+
+TEST_F(ScriptLoaderTest, ALongLoadIsShownAndWhoCancelsItFindsAllAsItWas) {
+    test.clock.setTicksPerRead(FakeClock::TicksPerSecond / 20);
+    test.pump.setLimitSeconds(1e6);
+    const QString path =
+        test.write(rtf, "{\\rtf1 " + QByteArray("a line\\par ").repeated(80'000) + "}");
+    rtb1.setText(u"kept text"_qs);
+    rtb1.select(7, 3);
+    session.script.ownFile = u"own"_qs;
+    int signalCount = 0;
+    const auto count = [&] { ++signalCount; };
+    QObject::connect(&rtb1, &RichTextBox::Change, &rtb1, count);
+    for (const double cancelAt : {0.05, 0.4, 0.8, 2.0}) {
+        test.host.cancelAt = cancelAt;
+        test.host.shares.clear();
+        test.messages.answers.push_back(MessageAnswer::Yes);
+        loader.loadScript(path);
+        const std::vector<double>& shares = test.host.shares;
+        EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+        EXPECT_GE(shares.back(), std::min(cancelAt, 0.95));
+        EXPECT_GT(test.pump.pumps(), static_cast<std::int64_t>(shares.size()));
+        expectAllPutAway();
+        if (cancelAt > 1) {
+            break;
+        }
+        EXPECT_EQ(test.messages.boxes.size(), 1U) << cancelAt;
+        test.messages.boxes.clear();
+        EXPECT_EQ(rtb1.Text(), u"kept text");
+        EXPECT_EQ(rtb1.SelStart(), 3);
+        EXPECT_EQ(rtb1.caretPosition(), 3);
+        EXPECT_EQ(rtb1.SelLength(), 4);
+        EXPECT_EQ(signalCount, 0);
+        EXPECT_EQ(session.script.ownFile, u"own");
+        EXPECT_TRUE(test.host.notices.isEmpty());
+    }
+    EXPECT_EQ(signalCount, 1);
+    EXPECT_EQ(rtb1.textLength(), 9 + 10 + 80'000 * 8);
+    EXPECT_TRUE(rtb1.Text().startsWith(u"kept text~\r\n^----\r\na line\r\na line"_qs));
+    EXPECT_EQ(rtb1.SelStart(), 9);
+}
+
+TEST_F(ScriptLoaderTest, AnOverlongParagraphIsBrokenAfterAQuestion) {
+    const QByteArray line = QByteArray("words of a line ").repeated(10'000);
+    for (const MessageAnswer answer : {MessageAnswer::Cancel, MessageAnswer::Ok}) {
+        loadFileWithAnswer(answer, txt, line);
+        ASSERT_EQ(test.messages.boxes.size(), 1U);
+        EXPECT_TRUE(test.messages.boxes[0].text.contains(u"160,000 characters"_qs));
+        test.messages.boxes.clear();
+        EXPECT_EQ(rtb1.isEmpty(), answer == MessageAnswer::Cancel);
+        EXPECT_EQ(session.script.ownFile, QString());
+        expectAllPutAway();
+    }
+    QString text = rtb1.Text();
+    EXPECT_GT(text.count(u"\r\n"_qs), 6);
+    EXPECT_EQ(text.remove(u"\r\n"_qs), QString::fromLatin1(line));
+    rtb1.setText(QString());
+    EXPECT_TRUE(loader.loadUnattended(test.path(txt)));
+    EXPECT_EQ(rtb1.Text(), QString::fromLatin1(line));
 }
 
 } // namespace
