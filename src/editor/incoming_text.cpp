@@ -3,6 +3,7 @@
 #include "core/editor_host.h"
 #include "core/session.h"
 #include "editor/file_guard.h"
+#include "editor/long_paragraph_question.h"
 #include "editor/script_conventions.h"
 #include "platform/rich_text/rich_text_view_clipboard.h"
 
@@ -31,7 +32,8 @@ void insertIncomingText(Session& session, EditorHost& host, const QMimeData& dat
     }
     const CharacterFormat look = plainTextLook(session, host.comboFontName(), host.comboFontSize());
     RichTextFragment text = staged(session.script.rtb2, data, look);
-    if (text.paragraphs.empty()) {
+    if (text.paragraphs.empty() || breakLongParagraphs(session, QStringLiteral("The text"), text) ==
+                                       LongParagraphAnswer::Cancelled) {
         return;
     }
     RichTextBox& rtb1 = session.script.rtb1;

@@ -11,13 +11,20 @@
 
 namespace velmora {
 
+namespace {
+constexpr int Margin = 24;
+constexpr int BarWidth = 280;
+constexpr int ButtonWidth = 110;
+constexpr int ButtonHeight = 32;
+} // namespace
+
 Form31::Form31(QWidget* parent)
     : QWidget(parent, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus),
       Label1(new QLabel(this)) {
     setAttribute(Qt::WA_ShowWithoutActivating);
     Label1->setAlignment(Qt::AlignCenter);
     Label1->setFrameShape(QFrame::Box);
-    Label1->setMargin(24);
+    Label1->setMargin(Margin);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(Label1);
@@ -54,9 +61,16 @@ void Form31::becomeDialog() {
     setAttribute(Qt::WA_ShowWithoutActivating, false);
     m_bar = new QProgressBar(this);
     auto* cancel = new CB(QStringLiteral("CancelButton"), QStringLiteral("Cancel"), this);
+    cancel->setMinimumSize(ButtonWidth, ButtonHeight);
     connect(cancel, &QPushButton::clicked, this, [this] { m_cancelled = true; });
+    m_bar->setMinimumWidth(BarWidth);
+    Label1->setFrameShape(QFrame::NoFrame);
+    Label1->setMargin(0);
+    layout()->setContentsMargins(Margin, Margin, Margin, Margin);
+    layout()->setSpacing(Margin / 2);
     layout()->addWidget(m_bar);
     layout()->addWidget(cancel);
+    layout()->setAlignment(cancel, Qt::AlignHCenter);
     showInTheMiddle();
     activateWindow();
     cancel->setFocus();

@@ -5,6 +5,7 @@
 #include "core/session.h"
 #include "editor/file_guard.h"
 #include "editor/long_load.h"
+#include "editor/long_paragraph_question.h"
 #include "editor/recent_files.h"
 #include "editor/script_conventions.h"
 #include "editor/script_files.h"
@@ -20,6 +21,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <tuple>
 #include <utility>
 
 namespace velmora {
@@ -91,7 +93,8 @@ bool takesLong(const RichTextFragment& text) {
     constexpr double unitsOfAMoment = 3e6;
     constexpr double unitsAParagraph = 40;
     constexpr double unitsARun = 10;
-    double units = 0;
+    constexpr double unitsAFormat = 400;
+    double units = unitsAFormat * static_cast<double>(text.formats.size());
     for (const Paragraph& paragraph : text.paragraphs) {
         units += static_cast<double>(paragraph.text.size()) + unitsAParagraph +
                  unitsARun * static_cast<double>(paragraph.runs.size());
@@ -145,6 +148,9 @@ Outcome ScriptLoader::loadUnattended(const QString& path) {
 }
 
 void ScriptLoader::load(const QString& path) {
+    const auto before =
+        std::make_tuple(m_session.script.ScriptFileName, m_session.script.ScriptFileType,
+                        m_session.settings.LastScriptFolder);
     rememberFile(path);
     const Place place = askPlace();
     if (place == Place::Nowhere) {
@@ -157,6 +163,8 @@ void ScriptLoader::load(const QString& path) {
     m_host.showProgress(QString());
     m_session.platform.pump.DoEvents();
     if (m_cancelled) {
+        std::tie(script.ScriptFileName, script.ScriptFileType,
+                 m_session.settings.LastScriptFolder) = before;
         giveBackEditor();
         return;
     }
@@ -214,7 +222,7 @@ Outcome ScriptLoader::bringIn(Place place, bool attended) {
     m_cancelled = false;
     m_broken = false;
     if (read.outcome && attended) {
-        read.outcome = breakLongParagraphs(read.fragment);
+        read.outcome = breakLong(read.fragment);
     }
     if (read.outcome) {
         m_holdsText = holdsText(read.fragment);
@@ -246,31 +254,18 @@ RtfReadResult ScriptLoader::readFile(LongLoad& load) {
                                           load.part(0, ShareOfReading));
 }
 
-/// Asks first: it is the script that changes. Cancel is to cancel the load.
-Outcome ScriptLoader::breakLongParagraphs(RichTextFragment& text) {
-    const int longest = LongParagraphs::longestOf(text);
-    if (longest == 0) {
-        return Outcome::success();
+Outcome ScriptLoader::breakLong(RichTextFragment& text) {
+    if (LongParagraphs::longestOf(text) > 0) {
+        m_host.showProgress(QString());
     }
-    m_host.showProgress(QString());
-    const MessageAnswer answer = m_session.platform.messages.show(
-        MessageIcon::Question, QStringLiteral("Very Long Paragraph"),
-        QStringLiteral("%1 has a paragraph of %L2 characters. Each key in it would make the editor "
-                       "wait.\r\n\r\nSuch paragraphs are now broken into several of at most %L3 "
-                       "characters, at a line end or a blank wherever there is one. No word and no "
-                       "character is lost, and the file stays as it is until you save.")
-            .arg(m_session.script.ScriptFileName)
-            .arg(longest)
-            .arg(LongParagraphs::UnitsOfAPiece),
-        MessageButtons::OkCancel);
-    m_cancelled = answer != MessageAnswer::Ok;
-    if (m_cancelled) {
-        return cancelled();
+    const QString& path = m_session.script.ScriptFileName;
+    const LongParagraphAnswer answer = breakLongParagraphs(m_session, path, text);
+    m_broken = answer == LongParagraphAnswer::Broken;
+    m_cancelled = answer == LongParagraphAnswer::Cancelled;
+    if (m_broken) {
+        m_host.showProgress(QStringLiteral("Loading File."));
     }
-    m_host.showProgress(QStringLiteral("Loading File."));
-    LongParagraphs::breakUp(text);
-    m_broken = true;
-    return Outcome::success();
+    return m_cancelled ? cancelled() : Outcome::success();
 }
 
 void ScriptLoader::tame(RichTextFragment& text, Place place) {

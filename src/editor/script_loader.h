@@ -46,7 +46,7 @@ private:
     [[nodiscard]] Place askPlace();
     Outcome bringIn(Place place, bool attended);
     RtfReadResult readFile(LongLoad& load);
-    Outcome breakLongParagraphs(RichTextFragment& text);
+    Outcome breakLong(RichTextFragment& text);
     void tame(RichTextFragment& text, Place place);
     Outcome moveToEditor(RichTextFragment text, Place place, LongLoad& load);
     bool stage(RichTextFragment text, int landing, LongLoad& load);

@@ -59,6 +59,19 @@ TEST_F(IncomingText, TakesTheSelectionsPlaceAndLeavesTheCaretBehindIt) {
     EXPECT_TRUE(test.session.script.rtb2.isEmpty());
 }
 
+TEST_F(IncomingText, ParagraphsTooLongForTheEditorAreBrokenOrStayOutside) {
+    const QString before = rtb1().Text();
+    QMimeData data;
+    data.setText(u"word "_qs.repeated(40'000));
+    insertIncomingText(test.session, test.host, data);
+    EXPECT_EQ(test.messages.boxes.size(), 1U);
+    EXPECT_EQ(rtb1().Text(), before);
+    test.messages.answers.push_back(MessageAnswer::Ok);
+    insertIncomingText(test.session, test.host, data);
+    EXPECT_GT(rtb1().Text().count(u"\r\n"_qs), 8);
+    EXPECT_EQ(rtb1().Text().count(u"word "_qs), 40'000);
+}
+
 TEST_F(IncomingText, TakesTheColourRuleOfTheBackground) {
     const std::pair<Rgb24, Rgb24> rows[] = {{Black, White}, {White, Black}, {DarkBlue, Black}};
     for (const auto& [background, color] : rows) {

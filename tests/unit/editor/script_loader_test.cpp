@@ -285,6 +285,9 @@ TEST_F(ScriptLoaderTest, ALongLoadIsShownAndWhoCancelsItFindsAllAsItWas) {
     rtb1.setText(u"kept text"_qs);
     rtb1.select(7, 3);
     session.script.ownFile = u"own"_qs;
+    session.script.ScriptFileName = u"own"_qs;
+    session.script.ScriptFileType = 1;
+    session.settings.LastScriptFolder = u"/elsewhere/"_qs;
     int signalCount = 0;
     const auto count = [&] { ++signalCount; };
     QObject::connect(&rtb1, &RichTextBox::Change, &rtb1, count);
@@ -309,6 +312,9 @@ TEST_F(ScriptLoaderTest, ALongLoadIsShownAndWhoCancelsItFindsAllAsItWas) {
         EXPECT_EQ(rtb1.SelLength(), 4);
         EXPECT_EQ(signalCount, 0);
         EXPECT_EQ(session.script.ownFile, u"own");
+        EXPECT_EQ(session.script.ScriptFileName, u"own");
+        EXPECT_EQ(session.script.ScriptFileType, 1);
+        EXPECT_EQ(session.settings.LastScriptFolder, u"/elsewhere/");
         EXPECT_TRUE(test.host.notices.isEmpty());
     }
     EXPECT_EQ(signalCount, 1);
