@@ -360,17 +360,6 @@ TEST_F(HandOver, TimedWindowsKnowTheirKeys) {
     showFor(0.6, [&] { EXPECT_TRUE(seen("Command1")) << "reset"; });
 }
 
-TEST_F(HandOver, ScrollBarRepositionsAsFarAsTheEndAllows) {
-    showFor(0.1, [&] {
-        auto* bar = control<QScrollBar>("Vscroll1");
-        bar->setValue(5);
-    });
-    EXPECT_EQ(caretLine(), 5);
-    showFor(0.1, [&] { press(Qt::Key_0); });
-    EXPECT_GT(caretLine(), 30);
-    EXPECT_LT(caretLine(), 40);
-}
-
 TEST_F(HandOver, ScriptTooLongForOneShowIsAskedAboutAndShownAsFarAsItGoes) {
     rtb1.setText(u"x\r\n"_qs.repeated(40'000));
     t.messages.answers.push_back(MessageAnswer::Cancel);

@@ -56,6 +56,7 @@ TEST_F(ShowDevices, ReachTheShow) {
     t.joystick.held = 0;
     showFor(0.2, [&] {
         EXPECT_EQ(t.pointer.confinedTo, display->focusWidget());
+        EXPECT_EQ(t.pointer.hiddenOver, display->focusWidget());
         EXPECT_FALSE(control("Command3")->isVisibleTo(display));
         QTest::mouseClick(display->focusWidget(), Qt::RightButton, Qt::NoModifier, QPoint(9, 9));
         EXPECT_EQ(settings.FullScreenMode, 1);
@@ -73,6 +74,7 @@ TEST_F(ShowDevices, ReachTheShow) {
     settings.ScrollSpeed = 60;
     showFor(0.2, [&] {
         QWidget* picture = display->focusWidget();
+        EXPECT_EQ(t.pointer.confinedTo, nullptr);
         turnWheel(picture);
         EXPECT_EQ(settings.ScrollSpeed, 58);
         QTest::mouseClick(picture, Qt::RightButton, Qt::NoModifier, QPoint(9, 9));

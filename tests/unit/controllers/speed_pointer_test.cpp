@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QWidget>
-
 namespace velmora {
 namespace {
 
@@ -138,19 +136,6 @@ TEST_F(SpeedPointerTest, AnotherButtonsDragTurnsTheScriptInFullRange) {
         move({300, 300}, false, true);
         EXPECT_EQ(show.ReverseToForward, turned);
         EXPECT_EQ(speed, 60);
-    }
-}
-
-TEST_F(SpeedPointerTest, ThePointerIsConfinedForControllersOnly) {
-    for (const auto& [type, confined] :
-         {std::pair(0, false), {10, false}, {20, true}, {21, true}}) {
-        use(type);
-        QWidget picture;
-        pointer.begin(picture);
-        EXPECT_EQ(test.pointer.confinedTo == &picture, confined) << type;
-        EXPECT_EQ(test.pointer.hiddenOver == &picture, confined) << type;
-        pointer.end();
-        EXPECT_EQ(test.pointer.confinedTo, nullptr);
     }
 }
 

@@ -173,29 +173,17 @@ TEST_F(ScrollLoopTest, ScriptShorterThanTheWindowStandsStill) {
     EXPECT_EQ(navigation->returnLine(), 0);
 }
 
-TEST_F(ScrollLoopTest, FullRangeTurnsByRequestAndStopsInItsZone) {
+TEST_F(ScrollLoopTest, FullRangeStopsInItsZoneAndTellsNoRemainingTime) {
     prepare(2000);
     settings.ScrollSpeedControl = FullRange;
     settings.ScrollSpeed = 100;
     startAt(0);
-    std::int64_t turnedAt = 0;
-    at(10, [&] {
-        turnedAt = ring.top();
-        show.ReverseToBackward = 1;
-    });
+    at(2, [&] { settings.ScrollSpeed = 244; });
     std::int64_t stoppedAt = 0;
-    at(12, [&] {
-        EXPECT_LT(ring.top(), turnedAt);
-        settings.ScrollSpeed = 244;
-    });
-    at(12.5, [&] { stoppedAt = ring.top(); });
-    at(14, [&] {
-        EXPECT_EQ(ring.top(), stoppedAt);
-        show.ReverseToForward = 1;
-        settings.ScrollSpeed = 100;
-    });
-    runUntil(16);
-    EXPECT_GT(ring.top(), stoppedAt);
+    at(2.5, [&] { stoppedAt = ring.top(); });
+    runUntil(4);
+    EXPECT_GT(stoppedAt, 100);
+    EXPECT_EQ(ring.top(), stoppedAt);
     EXPECT_EQ(screen.remaining, u"00:00"_qs);
 }
 
@@ -206,9 +194,6 @@ TEST_F(ScrollLoopTest, HousekeepingFollowsTheStepsInForwardSplitRange) {
     runUntil(10);
     // Set once at the start, then once in 91 steps.
     EXPECT_NEAR(static_cast<double>(screen.scrollValues.size()), presenter.steps / 91.0 + 1, 1.5);
-    ASSERT_GT(left(), 90);
-    // The text is a cycle old at most.
-    EXPECT_NEAR(remaining(), left(), 182 * stepSeconds(60) + 1);
     EXPECT_EQ(screen.elapsed, u"00:09"_qs);
 }
 
