@@ -67,7 +67,7 @@ TEST_F(ScriptPreparation, SpacingStretchesAndShrinksTheRows) {
 }
 
 TEST_F(ScriptPreparation, BookmarksAreSortedLinesAndTheFirstEightSelectiveOnesHaveSlots) {
-    QString text = u"~^a ^b\r\n~c ^d\r\nplain\r\n"_qs;
+    QString text = u"~^a ^b\r\n~c ^d\r\nplain words that are wrapped ^here\r\n"_qs;
     for (int i = 0; i < 9; ++i) {
         text += u"~x\r\n"_qs;
     }
@@ -76,11 +76,11 @@ TEST_F(ScriptPreparation, BookmarksAreSortedLinesAndTheFirstEightSelectiveOnesHa
     // Once for two like marks of a line, twice for two kinds.
     const std::vector<int> first(tables.BookmarkLines.begin(), tables.BookmarkLines.begin() + 5);
     EXPECT_EQ(first, (std::vector<int>{0, 0, 1, 1, 3}));
-    EXPECT_EQ(tables.BookmarkLines.size(), 13u);
+    EXPECT_EQ(tables.BookmarkLines.size(), 14u);
     EXPECT_TRUE(std::is_sorted(tables.BookmarkLines.begin(), tables.BookmarkLines.end()));
     EXPECT_EQ(tables.SelectiveBookmarkLines[1], 0);
     EXPECT_EQ(tables.SelectiveBookmarkLines[2], 1);
-    EXPECT_EQ(tables.SelectiveBookmarkLines[8], 8);
+    EXPECT_EQ(tables.SelectiveBookmarkLines[8], 9) << "behind the wrapped line";
     EXPECT_EQ(tables.SelectiveBookmarkLines[9], std::nullopt);
 
     setText(u"no marks"_qs);
