@@ -68,6 +68,13 @@ void SpeedScale::mousePressEvent(QMouseEvent* event) {
     }
 }
 
+/// On a button it is one press; on the scale the hand is only quick.
+void SpeedScale::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (mapping().partAt(event->position().x()) == SpeedScaleMapping::Part::Scale) {
+        mousePressEvent(event);
+    }
+}
+
 void SpeedScale::mouseMoveEvent(QMouseEvent* event) {
     const double x = event->position().x();
     if (m_thumbHeldAt) {

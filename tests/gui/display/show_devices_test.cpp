@@ -150,6 +150,9 @@ TEST_F(ShowDevices, TheScaleIsPressedAndDraggedInBothWindows) {
             drag(control("Picture6"), QPointF(row.from, 9), QPointF(row.to, 9));
             EXPECT_EQ(settings.ScrollSpeed, row.speed) << row.from << " to " << row.to;
             EXPECT_EQ(show.PauseState, row.pause) << row.from;
+            mouse(control("Picture6"), QEvent::MouseButtonDblClick, QPointF(row.from, 9),
+                  Qt::LeftButton);
+            EXPECT_EQ(show.PauseState, row.pause) << row.from;
         });
     }
 }
