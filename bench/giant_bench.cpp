@@ -69,6 +69,9 @@ const Giant Giants[] = {
          return rtf(
              (QByteArray("some\\lang1033 words ").repeated(20) + "\\par\r\n").repeated(450'000));
      }},
+    {"rtf_20MB_96pt", "rtf",
+     [] { return "{\\rtf1\\fs192 " + (words(4200) + "\\par ").repeated(5'000) + "}"; }},
+    {"lines_130000", "txt", [] { return QByteArray("a short line\n").repeated(130'000); }},
     {"lines_1000000", "txt", [] { return QByteArray("a short line\n").repeated(999'000); }},
     {"soft_lines_10000", "rtf",
      [] { return rtf(QByteArray("a line of a song\\line ").repeated(10'000)); }},

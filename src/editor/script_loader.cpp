@@ -250,6 +250,8 @@ RtfReadResult ScriptLoader::readFile(LongLoad& load) {
     m_host.showProgress(QStringLiteral("Loading File."));
     // The window has to be on the screen before the work begins that keeps all else waiting.
     m_session.platform.pump.DoEvents();
+    m_session.script.rtb2.setDefaultFormat(
+        plainTextLook(m_session, m_host.comboFontName(), m_host.comboFontSize()));
     return m_session.script.rtb2.readFile(path, static_cast<FileFormat>(type),
                                           load.part(0, ShareOfReading));
 }

@@ -13,12 +13,15 @@ class MemoryBound final {
 public:
     explicit MemoryBound(qint64 fileBytes) : m_most(TimesTheFile * fileBytes + Extra) {}
 
-    void addParagraphs(qint64 count) { m_bytes += count * BytesPerParagraph; }
+    void addParagraphs(qint64 count) { m_bytes += static_cast<double>(count) * BytesPerParagraph; }
     void addRun() { m_bytes += BytesPerRun; }
-    void addUnits(qint64 count) { m_bytes += count * BytesPerUnit; }
     void addFormat() { m_bytes += BytesPerFormat; }
+    void addUnits(qint64 count, int halfPoints) {
+        m_bytes += static_cast<double>(count) *
+                   (BytesPerUnit + BytesOfLinesPerUnitAndHalfPoint * halfPoints);
+    }
 
-    [[nodiscard]] bool isExceeded() const { return m_bytes > m_most; }
+    [[nodiscard]] bool isExceeded() const { return m_bytes > static_cast<double>(m_most); }
     /// What there is to say of it.
     [[nodiscard]] Outcome failure() const {
         return Outcome::failure(
@@ -30,15 +33,17 @@ public:
     static constexpr qint64 TimesTheFile = 6;
     static constexpr qint64 MegaByte = 1'000'000;
     static constexpr qint64 Extra = 100 * MegaByte;
-    static constexpr qint64 BytesPerParagraph = 620;
-    static constexpr qint64 BytesPerRun = 40;
-    /// Twice for the text, and its part of a line.
-    static constexpr qint64 BytesPerUnit = 7;
-    static constexpr qint64 BytesPerFormat = 2'500;
+    static constexpr double BytesPerParagraph = 600;
+    static constexpr double BytesPerRun = 40;
+    static constexpr double BytesPerUnit = 2;
+    /// The larger the letters, the fewer of them share a line, which is kept too.
+    static constexpr double BytesOfLinesPerUnitAndHalfPoint = 0.09;
+    static constexpr double BytesPerFormat = 2'500;
 
 private:
     qint64 m_most;
-    qint64 m_bytes = 0;
+    /// What a control takes up that holds nearly nothing, fonts included.
+    double m_bytes = 10.0 * MegaByte;
 };
 
 } // namespace velmora

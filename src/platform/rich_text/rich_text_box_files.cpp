@@ -36,7 +36,7 @@ RtfReadResult RichTextBox::readFile(const QString& path, FileFormat format,
     }
     MemoryBound memory(bytes.size());
     const QString text = decodeText(std::exchange(bytes, {}));
-    memory.addUnits(text.size());
+    memory.addUnits(text.size(), defaultFormat().halfPoints);
     memory.addParagraphs(paragraphCount(text));
     if (memory.isExceeded()) {
         return {{}, memory.failure()};

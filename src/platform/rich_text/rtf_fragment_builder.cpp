@@ -39,6 +39,7 @@ void RtfFragmentBuilder::setFormat(const CharacterFormat& format) {
     const auto known = m_formatIndex.constFind(format);
     if (known != m_formatIndex.constEnd()) {
         m_format = *known;
+        m_halfPoints = format.halfPoints;
         return;
     }
     if (m_fragment.formats.size() >= MaxFormats) {
@@ -47,6 +48,7 @@ void RtfFragmentBuilder::setFormat(const CharacterFormat& format) {
     m_format = static_cast<int>(m_fragment.formats.size());
     m_fragment.formats.push_back(format);
     m_memory.addFormat();
+    m_halfPoints = format.halfPoints;
     m_formatIndex.insert(format, m_format);
 }
 
@@ -76,7 +78,7 @@ void RtfFragmentBuilder::grow(qsizetype length) {
         m_full = true;
     }
     m_textUnits += length;
-    m_memory.addUnits(length);
+    m_memory.addUnits(length, m_halfPoints);
     m_full = m_full || m_textUnits > MaxTextUnits;
 }
 

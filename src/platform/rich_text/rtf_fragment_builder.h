@@ -62,6 +62,8 @@ private:
     RichTextFragment m_fragment;
     QHash<CharacterFormat, int> m_formatIndex;
     int m_format = -1;
+    /// Of that format.
+    int m_halfPoints = 0;
 
     // The paragraph that is being read.
     QString m_text;

@@ -94,6 +94,8 @@ TEST_F(BoxFiles, WhatWouldFillTheMemoryIsRefused) {
         {FileFormat::PlainText, QByteArray(300'000, '\n'), false},
         {FileFormat::PlainText, QByteArray("a line\n").repeated(100'000), true},
         {FileFormat::PlainText, QByteArray(5'000'000, 'a'), true},
+        {FileFormat::Rtf, "{\\rtf1\\fs400 " + QByteArray(5'000'000, 'a') + "}", false},
+        {FileFormat::Rtf, "{\\rtf1\\fs40 " + QByteArray(5'000'000, 'a') + "}", true},
         {FileFormat::Rtf, "{\\rtf1" + QByteArray("\\par").repeated(300'000) + "}", false},
         {FileFormat::Rtf, "{\\rtf1" + QByteArray("a line\\par ").repeated(100'000) + "}", true},
     };
