@@ -29,9 +29,18 @@ QString folderOfScript(const QString& path) {
 }
 
 QString scriptFileBase(const QString& path) {
+    static constexpr std::array endings = {u".rtf", u".txt", u".doc", u".docx", u".odt"};
     const qsizetype nameAt = path.lastIndexOf(u'/') + 1;
-    const qsizetype dot = path.lastIndexOf(u'.');
-    return dot > nameAt ? path.left(dot) : path;
+    for (const QStringView ending : endings) {
+        if (path.endsWith(ending, Qt::CaseInsensitive) && path.size() - ending.size() > nameAt) {
+            return path.chopped(ending.size());
+        }
+    }
+    return path;
+}
+
+QString withScriptEnding(const QString& path, QStringView ending) {
+    return path.endsWith(ending, Qt::CaseInsensitive) ? path : scriptFileBase(path) + ending.toString();
 }
 
 } // namespace velmora

@@ -17,8 +17,12 @@ enum class ScriptType : int { Rtf = 0, PlainText = 1, Doc = 9, Docx = 13 };
 /// The folder of a path, with its trailing "/", for LastScriptFolder. Empty for a path without one.
 [[nodiscard]] QString folderOfScript(const QString& path);
 
-/// ScriptFileBase: a path without the extension of its file's name, cut at the last dot of the
-/// name. A name without a dot, or with none but at its beginning, stays whole.
+/// ScriptFileBase: a path without the ending of a script (.rtf, .txt, .doc, .docx, .odt, in any
+/// case). Any other dot belongs to the name: "Interview with Dr. Smith" stays whole.
 [[nodiscard]] QString scriptFileBase(const QString& path);
+
+/// The path with this ending, ".rtf" say, in place of a script's other one; as it is where it has
+/// the ending in any case.
+[[nodiscard]] QString withScriptEnding(const QString& path, QStringView ending);
 
 } // namespace velmora

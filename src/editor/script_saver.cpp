@@ -25,9 +25,8 @@ bool endsAsText(const QString& path) {
 
 /// The extension follows the filter and not what was typed.
 QString pathFor(const FileDialogChoice& choice) {
-    const QString base = scriptFileBase(QDir::fromNativeSeparators(choice.path));
-    return base +
-           (choice.filterIndex == RichTextFilter ? QStringLiteral(".rtf") : QStringLiteral(".txt"));
+    return withScriptEnding(QDir::fromNativeSeparators(choice.path),
+                            choice.filterIndex == RichTextFilter ? u".rtf" : u".txt");
 }
 
 FileDialogRequest saveRequest(const Session& session) {

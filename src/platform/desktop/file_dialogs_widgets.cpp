@@ -3,6 +3,7 @@
 #include "platform/desktop/dialog_parent_widgets.h"
 #include "platform/desktop/message_boxes.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <utility>
 
 namespace velmora {
 
@@ -86,6 +88,33 @@ public:
     }
 };
 
+/// Qt puts the filter's first pattern in the place of whatever follows the last dot of the name
+/// when another filter is chosen: "name.[tT][xX][tT]", and nothing left of "Dr. Smith" but "Dr".
+/// Here the name is shown that will really be written.
+class SaveDialog final : public QFileDialog {
+public:
+    SaveDialog(QWidget* parent, const FileDialogRequest& request) : QFileDialog(parent) {
+        auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* types = findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        if (edit == nullptr || types == nullptr || !request.writtenPath) {
+            return;
+        }
+        connect(edit, &QLineEdit::textChanged, this,
+                [this](const QString& name) { m_before = std::exchange(m_shown, name); });
+        connect(types, &QComboBox::activated, this,
+                [this, edit, written = request.writtenPath](int index) {
+                    const QString name = m_shown.endsWith(u']') ? m_before : m_shown;
+                    if (!name.isEmpty()) {
+                        edit->setText(written({name, index + 1}));
+                    }
+                });
+    }
+
+private:
+    QString m_shown;
+    QString m_before;
+};
+
 /// 1-based. The dialog names its filter with or without the patterns, as its version has it.
 int chosenFilter(const QFileDialog& dialog, const FileDialogRequest& request) {
     const QString selected = dialog.selectedNameFilter().trimmed();
@@ -136,7 +165,7 @@ std::optional<FileDialogChoice> WidgetFileDialogs::open(const FileDialogRequest&
 std::optional<FileDialogChoice> WidgetFileDialogs::save(const FileDialogRequest& request) {
     FileDialogRequest next = request;
     while (true) {
-        QFileDialog dialog(dialogParent());
+        SaveDialog dialog(dialogParent(), request);
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
         // Asked below, about the file that is really written.

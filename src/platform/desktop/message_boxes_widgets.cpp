@@ -67,6 +67,10 @@ MessageAnswer WidgetMessageBoxes::show(MessageIcon icon, const QString& title, c
     box.setText(text);
     box.setStandardButtons(set.shown);
     box.setEscapeButton(set.whenClosed);
+    if (icon == MessageIcon::Warning && buttons == MessageButtons::YesNo) {
+        // Something is to be lost: Enter alone must not do it.
+        box.setDefaultButton(set.whenClosed);
+    }
     return answerOf(box.exec());
 }
 

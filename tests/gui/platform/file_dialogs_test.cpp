@@ -128,6 +128,30 @@ TEST_F(FileDialogTest, FiltersIgnoreCaseAndAllDocumentsShowsFilesWithoutAnEnding
     }
 }
 
+TEST_F(FileDialogTest, AnotherFilterShowsTheNameThatWillBeWritten) {
+    request.writtenPath = [](const FileDialogChoice& choice) {
+        return choice.path.chopped(choice.path.endsWith(u".rtf") ? 4 : 0) +
+               (choice.filterIndex == 2 ? u".rtf"_qs : u".txt"_qs);
+    };
+    for (const auto& [typed, shown] : {std::pair(u"name.rtf"_qs, u"name.txt"_qs),
+                                       {u"name"_qs, u"name.txt"_qs},
+                                       {u"with Dr. Smith"_qs, u"with Dr. Smith.txt"_qs}}) {
+        QString seen;
+        const ModalAction user([&, typed = typed](QWidget& window) {
+            auto* edit = window.findChild<QLineEdit*>(u"fileNameEdit"_qs);
+            edit->clear();
+            QTest::keyClicks(edit, typed);
+            auto* types = window.findChild<QComboBox*>(u"fileTypeCombo"_qs);
+            types->setFocus();
+            QTest::keyClick(types, Qt::Key_Up);
+            seen = edit->text();
+            window.close();
+        });
+        static_cast<void>(dialogs.save(request));
+        EXPECT_EQ(seen, shown);
+    }
+}
+
 TEST_F(FileDialogTest, AMissingFolderOpensAnotherOneAndAFullPathIsOffered) {
     request.folder = path(u"gone"_qs);
     request.fileName = path(u"show.rtf"_qs);

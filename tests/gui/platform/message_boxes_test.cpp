@@ -54,6 +54,15 @@ TEST(MessageBoxesContract, TheRealAndTheFakeAnswerAsTheButtonOrTheFrameSays) {
     }
 }
 
+TEST(WidgetMessageBoxes, EnterAloneLosesNothing) {
+    WidgetMessageBoxes boxes;
+    for (const auto& [icon, answer] : {std::pair(MessageIcon::Warning, MessageAnswer::No),
+                                       {MessageIcon::Question, MessageAnswer::Yes}}) {
+        const ModalAction user([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); });
+        EXPECT_EQ(boxes.show(icon, title, text, MessageButtons::YesNo), answer);
+    }
+}
+
 TEST(WidgetMessageBoxes, EscapeAnswersAsTheFrameAndTheTextIsShownAsItIs) {
     WidgetMessageBoxes boxes;
     bool textFound = false;

@@ -20,12 +20,14 @@ TEST(ScriptFiles, TypeFollowsTheEndOfTheName) {
     }
 }
 
-TEST(ScriptFiles, BaseIsCutAtTheLastDotOfTheName) {
+TEST(ScriptFiles, OnlyAScriptsOwnEndingIsCut) {
     const std::pair<const char16_t*, const char16_t*> cases[] = {
-        {u"/a/show.rtf", u"/a/show"},   {u"/john.smith/show.rtf", u"/john.smith/show"},
-        {u"/a.b/show", u"/a.b/show"},   {u"/a/v1.2.rtf", u"/a/v1.2"},
-        {u"/a/.rtf", u"/a/.rtf"},       {u"/a/..rtf", u"/a/."},
-        {u"Untitled.rtf", u"Untitled"}, {u".hidden", u".hidden"}};
+        {u"/a/show.rtf", u"/a/show"},       {u"/john.smith/show.rtf", u"/john.smith/show"},
+        {u"/a.b/show", u"/a.b/show"},       {u"/a/v1.2.rtf", u"/a/v1.2"},
+        {u"/a/.rtf", u"/a/.rtf"},           {u"/a/..rtf", u"/a/."},
+        {u"Untitled.RTF", u"Untitled"},     {u".hidden", u".hidden"},
+        {u"/a/Dr. Smith", u"/a/Dr. Smith"}, {u"/a/b.ODT", u"/a/b"},
+        {u"/a/b.md", u"/a/b.md"},           {u"/a/b.docx.docx", u"/a/b.docx"}};
     for (const auto& [path, base] : cases) {
         EXPECT_EQ(scriptFileBase(QString::fromUtf16(path)), QString::fromUtf16(base));
     }

@@ -69,7 +69,11 @@ TEST_F(ScriptSaverTest, FilterDecidesTheNameAndTheFormat) {
     for (const Case& c :
          {Case{u"a.rtf", TextFilter, u"a.txt"}, Case{u"b.txt", RichTextFilter, u"b.rtf"},
           Case{u"my.scripts/show.rtf", RichTextFilter, u"my.scripts/show.rtf"},
-          Case{u"v1.2.rtf", RichTextFilter, u"v1.2.rtf"}}) {
+          Case{u"v1.2.rtf", RichTextFilter, u"v1.2.rtf"},
+          Case{u"Interview with Dr. Smith", RichTextFilter, u"Interview with Dr. Smith.rtf"},
+          Case{u"Interview with Dr. Jones", TextFilter, u"Interview with Dr. Jones.txt"},
+          Case{u"SCRIPT.RTF", RichTextFilter, u"SCRIPT.RTF"},
+          Case{u"SCRIPT.Docx", RichTextFilter, u"SCRIPT.rtf"}}) {
         saveAs(test.path(QString::fromUtf16(c.typed)), c.filter);
         const QString written = QString::fromUtf16(c.written);
         EXPECT_EQ(session.script.ScriptFileName, test.path(written));
@@ -91,7 +95,7 @@ TEST_F(ScriptSaverTest, OffersTheCurrentNameAndItsFilter) {
     EXPECT_EQ(session.script.TextChanged, 1);
     saveAs(test.path(u"a.TXT"_qs), TextFilter);
     saver.SaveText();
-    EXPECT_EQ(test.dialogs.saveRequests.back().fileName, test.path(u"a.txt"_qs));
+    EXPECT_EQ(test.dialogs.saveRequests.back().fileName, test.path(u"a.TXT"_qs));
     EXPECT_EQ(test.dialogs.saveRequests.back().filterIndex, TextFilter);
 }
 
