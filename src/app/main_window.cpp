@@ -75,25 +75,22 @@ void Form1::command(const std::function<void()>& work) {
 template<typename Load> void Form1::load(const Load& load) {
     command([&] {
         const ScriptState& script = m_session.script;
-        const int changesBefore = m_changes;
-        const bool intoEmptyEditor = script.rtb1.isEmpty();
-        load();
-        if (m_changes != changesBefore) {
+        if (load()) {
             m_shownFile = script.ScriptFileName;
-        }
-        if (m_changes != changesBefore && intoEmptyEditor && !script.ownFile.isEmpty()) {
-            m_rescue.scriptIsSafe();
+            if (script.TextChanged == 0) {
+                m_rescue.scriptIsSafe();
+            }
         }
         updateCaption();
     });
 }
 
 void Form1::LoadText_Click() {
-    load([this] { m_loader.LoadText(); });
+    load([this] { return m_loader.LoadText(); });
 }
 
 void Form1::openScript(const QString& path) {
-    load([this, &path] { m_loader.loadScript(path); });
+    load([this, &path] { return m_loader.loadScript(path); });
 }
 
 void Form1::SaveText_Click() {
@@ -165,15 +162,21 @@ bool Form1::rtb1_KeyDown(const QKeyEvent& event) {
 }
 
 void Form1::rtb1_Change() {
-    ++m_changes;
     m_rescue.scriptChanged();
     if (m_session.show.ShowRunning == 1) {
         return;
     }
-    if (!m_session.script.rtb1.isEmpty() && m_session.script.TextChanged == 0) {
-        m_session.script.TextChanged = 1;
+    ScriptState& script = m_session.script;
+    if (script.TextChanged == 0 && holdsScript()) {
+        script.TextChanged = 1;
         updateCaption();
     }
+}
+
+/// There is text, or there was some in a file.
+bool Form1::holdsScript() const {
+    const ScriptState& script = m_session.script;
+    return !script.rtb1.isEmpty() || !script.ownFile.isEmpty();
 }
 
 void Form1::Hscroll1_Change() {
@@ -204,7 +207,7 @@ void Form1::updateCaption() {
     if (!m_shownFile.isEmpty()) {
         caption += QStringLiteral(" - ") + QFileInfo(m_shownFile).fileName();
     }
-    if (m_session.script.TextChanged == 1 && !m_session.script.rtb1.isEmpty()) {
+    if (m_session.script.TextChanged == 1 && holdsScript()) {
         caption += u'*';
     }
     setWindowTitle(caption);

@@ -117,6 +117,7 @@ private:
     void command(const std::function<void()>& work);
     [[nodiscard]] bool mustRest() const;
     template<typename Load> void load(const Load& load);
+    [[nodiscard]] bool holdsScript() const;
     void updateCaption();
     [[nodiscard]] bool acceptsFile(const QMimeData& mime) const;
     bool dropFile(const QMimeData& mime);
@@ -134,8 +135,6 @@ private:
     std::unique_ptr<Form31> m_progress;
     /// What the caption tells: the file that was last loaded or saved with success.
     QString m_shownFile;
-    /// Counts changes of the script.
-    int m_changes = 0;
     bool m_busy = false;
 };
 

@@ -61,6 +61,8 @@ struct ScriptState final {
     /// into an empty editor without anything left out. A save replaces it without a question. Empty
     /// for none.
     QString ownFile;
+    /// Of the text file that the script came from; a new text's otherwise.
+    TextForm textForm;
     /// True while a script is loaded or saved: neither starts inside the other.
     bool fileInProgress = false;
     /// 1 when the script differs from what was last saved.

@@ -21,7 +21,6 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <tuple>
 #include <utility>
 
 namespace velmora {
@@ -32,10 +31,6 @@ namespace {
 constexpr int PumpsBeforeAppend = 4;
 /// Of a long load, in the progress that is shown.
 constexpr double ShareOfReading = 0.2;
-
-ScriptType currentType(const Session& session) {
-    return static_cast<ScriptType>(session.script.ScriptFileType);
-}
 
 /// "2 pictures, 1 footnote": what a file showed that the script does not. Empty for nothing.
 QString listOf(const RtfOmissions& omitted) {
@@ -107,10 +102,10 @@ bool takesLong(const RichTextFragment& text) {
 ScriptLoader::ScriptLoader(Session& session, EditorHost& host, RecentFileTable* recent)
     : m_session(session), m_host(host), m_recent(recent) {}
 
-void ScriptLoader::LoadText() {
+bool ScriptLoader::LoadText() {
     const FileGuard guard(m_session);
     if (!guard.entered()) {
-        return;
+        return false;
     }
     FileDialogRequest request;
     request.title = QStringLiteral("Load Text");
@@ -119,17 +114,15 @@ void ScriptLoader::LoadText() {
     request.defaultExtension = QStringLiteral(".RTF");
     request.folder = m_session.settings.LastScriptFolder;
     if (const auto choice = m_session.platform.fileDialogs.open(request)) {
-        load(choice->path);
-    } else {
-        giveBackEditor();
+        return load(choice->path);
     }
+    giveBackEditor();
+    return false;
 }
 
-void ScriptLoader::loadScript(const QString& path) {
+bool ScriptLoader::loadScript(const QString& path) {
     const FileGuard guard(m_session);
-    if (guard.entered()) {
-        load(path);
-    }
+    return guard.entered() && load(path);
 }
 
 Outcome ScriptLoader::loadUnattended(const QString& path) {
@@ -143,50 +136,60 @@ Outcome ScriptLoader::loadUnattended(const QString& path) {
     if (!outcome) {
         return Outcome::failure(failureText(outcome.reason()));
     }
+    adoptFile(Place::Caret, true);
     tell({noTextText(), leftOutText(), missingFontsText()});
     return outcome;
 }
 
-void ScriptLoader::load(const QString& path) {
-    const auto before =
-        std::make_tuple(m_session.script.ScriptFileName, m_session.script.ScriptFileType,
-                        m_session.settings.LastScriptFolder);
+bool ScriptLoader::load(const QString& path) {
     rememberFile(path);
     const Place place = askPlace();
     if (place == Place::Nowhere) {
         giveBackEditor();
-        return;
+        return false;
     }
-    ScriptState& script = m_session.script;
-    const bool intoEmptyEditor = script.rtb1.isEmpty();
+    const bool intoEmptyEditor = m_session.script.rtb1.isEmpty();
     const Outcome outcome = bringIn(place, true);
     m_host.showProgress(QString());
     m_session.platform.pump.DoEvents();
     if (m_cancelled) {
-        std::tie(script.ScriptFileName, script.ScriptFileType,
-                 m_session.settings.LastScriptFolder) = before;
         giveBackEditor();
-        return;
+        return false;
     }
     if (!outcome) {
         m_session.platform.messages.show(MessageIcon::Critical,
                                          QStringLiteral("Could Not Load File"),
                                          failureText(outcome.reason()), MessageButtons::Ok);
-        return;
+        return false;
     }
-    if (intoEmptyEditor) {
-        // To save over a file of which something was left out would lose that for good; and one
-        // with other paragraphs may be another program's.
-        script.ownFile = m_leftOut.isEmpty() && !m_broken ? script.ScriptFileName : QString();
-    }
+    adoptFile(place, intoEmptyEditor);
     tellAfterLoad(place);
+    return true;
 }
 
 void ScriptLoader::rememberFile(const QString& path) {
+    m_path = QDir::fromNativeSeparators(path);
+    m_textForm = {};
+    m_type = scriptTypeOf(path);
+    m_session.settings.LastScriptFolder = folderOfScript(m_path);
+}
+
+/// The script takes the name of the file that is it, or that was appended last; a file that came in
+/// at the caret leaves it its own.
+void ScriptLoader::adoptFile(Place place, bool intoEmptyEditor) {
     ScriptState& script = m_session.script;
-    script.ScriptFileName = QDir::fromNativeSeparators(path);
-    m_session.settings.LastScriptFolder = folderOfScript(script.ScriptFileName);
-    script.ScriptFileType = static_cast<int>(scriptTypeOf(path));
+    if (intoEmptyEditor || place == Place::End) {
+        script.ScriptFileName = m_path;
+        script.ScriptFileType = static_cast<int>(m_type);
+    }
+    if (!intoEmptyEditor) {
+        return;
+    }
+    script.textForm = m_textForm;
+    script.TextChanged = m_broken ? 1 : 0;
+    // To save over a file of which something was left out would lose that for good; and one with
+    // other paragraphs may be another program's.
+    script.ownFile = m_leftOut.isEmpty() && !m_broken ? m_path : QString();
 }
 
 ScriptLoader::Place ScriptLoader::askPlace() {
@@ -241,27 +244,24 @@ Outcome ScriptLoader::bringIn(Place place, bool attended) {
 }
 
 RtfReadResult ScriptLoader::readFile(LongLoad& load) {
-    const ScriptType type = currentType(m_session);
-    const QString& path = m_session.script.ScriptFileName;
-    if (needsConverter(type)) {
+    if (needsConverter(m_type)) {
         m_host.showProgress(QStringLiteral("Converting Word File."));
-        return convert(path);
+        return convert(m_path);
     }
     m_host.showProgress(QStringLiteral("Loading File."));
     // The window has to be on the screen before the work begins that keeps all else waiting.
     m_session.platform.pump.DoEvents();
     m_session.script.rtb2.setDefaultFormat(
         plainTextLook(m_session, m_host.comboFontName(), m_host.comboFontSize()));
-    return m_session.script.rtb2.readFile(path, static_cast<FileFormat>(type),
-                                          load.part(0, ShareOfReading));
+    return m_session.script.rtb2.readFile(m_path, static_cast<FileFormat>(m_type),
+                                          load.part(0, ShareOfReading), &m_textForm);
 }
 
 Outcome ScriptLoader::breakLong(RichTextFragment& text) {
     if (LongParagraphs::longestOf(text) > 0) {
         m_host.showProgress(QString());
     }
-    const QString& path = m_session.script.ScriptFileName;
-    const LongParagraphAnswer answer = breakLongParagraphs(m_session, path, text);
+    const LongParagraphAnswer answer = breakLongParagraphs(m_session, m_path, text);
     m_broken = answer == LongParagraphAnswer::Broken;
     m_cancelled = answer == LongParagraphAnswer::Cancelled;
     if (m_broken) {
@@ -275,7 +275,7 @@ void ScriptLoader::tame(RichTextFragment& text, Place place) {
         beginStory(text);
     }
     replaceTabs(text);
-    if (currentType(m_session) == ScriptType::PlainText) {
+    if (m_type == ScriptType::PlainText) {
         applyPlainTextLook(
             text, plainTextLook(m_session, m_host.comboFontName(), m_host.comboFontSize()));
     } else {
@@ -355,7 +355,7 @@ QString ScriptLoader::recentListText(Place place) {
     if (m_recent == nullptr || !m_session.keepsFiles) {
         return QString();
     }
-    m_recent->add(m_session.script.ScriptFileName);
+    m_recent->add(m_path);
     const Outcome written =
         m_recent->write(place == Place::End ? RecentFileTable::EntriesAfterAppend
                                             : RecentFileTable::EntriesAfterInsert);
@@ -365,14 +365,13 @@ QString ScriptLoader::recentListText(Place place) {
 }
 
 QString ScriptLoader::failureText(const QString& reason) const {
-    const QString& path = m_session.script.ScriptFileName;
-    const QString first = QStringLiteral("I could not load %1.\r\n\r\n").arg(path);
-    if (needsConverter(currentType(m_session))) {
+    const QString first = QStringLiteral("I could not load %1.\r\n\r\n").arg(m_path);
+    if (needsConverter(m_type)) {
         return first + QStringLiteral("When loading .DOC or .DOCX files, please verify that Word "
                                       "is correctly installed.");
     }
     const QString advice =
-        QFileInfo(path).isReadable()
+        QFileInfo(m_path).isReadable()
             ? QStringLiteral("Please open it in the program that it comes from, and save it from "
                              "there as RTF or text.")
             : QStringLiteral("Please verify that the file exists and that you may read it.");

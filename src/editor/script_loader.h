@@ -1,6 +1,8 @@
 #pragma once
 
+#include "editor/script_files.h"
 #include "platform/outcome.h"
+#include "platform/text_services/text_encoding.h"
 
 #include <QString>
 #include <QStringList>
@@ -25,11 +27,11 @@ public:
     /// recent may be null: then no list of recent files is kept.
     ScriptLoader(Session& session, EditorHost& host, RecentFileTable* recent);
 
-    /// The Load command: asks for a file and loads it.
-    void LoadText();
+    /// The Load command: asks for a file and loads it. True if the editor has it.
+    bool LoadText();
     /// Loads a file that was chosen from the recent list or named at start. When the editor holds
     /// text the user is asked whether to append; otherwise the new text goes in at the caret.
-    void loadScript(const QString& path);
+    bool loadScript(const QString& path);
     /// Loads a file for an unattended run: at the caret, without a question, a message or a recent
     /// list. On failure the reason is a whole text for the user, the path included.
     Outcome loadUnattended(const QString& path);
@@ -41,8 +43,9 @@ private:
     /// Where the new text goes, or Nowhere: the user cancelled.
     enum class Place { Caret, End, Nowhere };
 
-    void load(const QString& path);
+    bool load(const QString& path);
     void rememberFile(const QString& path);
+    void adoptFile(Place place, bool intoEmptyEditor);
     [[nodiscard]] Place askPlace();
     Outcome bringIn(Place place, bool attended);
     RtfReadResult readFile(LongLoad& load);
@@ -65,6 +68,11 @@ private:
     bool m_cancelled = false;
     /// Paragraphs of the file that was read last were broken.
     bool m_broken = false;
+    /// The file that is loaded, or was last. Another one than the script's where it was not loaded
+    /// after all, or came into a script that there was.
+    QString m_path;
+    ScriptType m_type = ScriptType::Rtf;
+    TextForm m_textForm;
     /// Of the file that was read last: whether there is anything to see in it.
     bool m_holdsText = true;
     /// Of the same file: what was left out, as a list in words.

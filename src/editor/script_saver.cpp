@@ -48,7 +48,7 @@ FileDialogRequest saveRequest(const Session& session) {
 Outcome writeScriptTo(Session& session, const QString& path) {
     const RichTextBox& rtb1 = session.script.rtb1;
     if (endsAsText(path)) {
-        return rtb1.SaveFile(path, FileFormat::PlainText);
+        return rtb1.SaveFile(path, FileFormat::PlainText, session.script.textForm);
     }
     RichTextBox& rtb2 = session.script.rtb2;
     RichTextFragment text = rtb1.fragment();

@@ -4,6 +4,7 @@
 #include "platform/outcome.h"
 #include "platform/progress.h"
 #include "platform/rich_text/rich_text_fragment.h"
+#include "platform/text_services/text_encoding.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -60,16 +61,17 @@ public:
     /// Plain text: UTF-8 with or without BOM, UTF-16 with BOM, else Windows-1252; line ends and
     /// control characters as in setSelText. A text that would take too much memory fails.
     Outcome LoadFile(const QString& path, FileFormat format);
-    /// What LoadFile would put in, plain text in the default format; stopped like a failure.
+    /// What LoadFile would put in, plain text in the default format; stopped like a failure. form,
+    /// if given, takes that of a plain text.
     [[nodiscard]] RtfReadResult readFile(const QString& path, FileFormat format,
-                                         const Progress& goesOn) const;
+                                         const Progress& goesOn, TextForm* form = nullptr) const;
     /// What the file showed beside its text, which a control has no place for. Of the RTF that came
     /// with the last LoadFile or setTextRTF; nothing once something else has replaced everything.
     [[nodiscard]] const RtfOmissions& omitted() const;
     /// Writes through a temporary file and a rename: a failure leaves an old file whole.
-    /// Plain text: Windows-1252 if every character fits, else UTF-8 with BOM; line ends CR LF,
-    /// those inside a paragraph too, for other programs know no other.
-    Outcome SaveFile(const QString& path, FileFormat format) const;
+    /// Plain text: in the form given; the line ends inside a paragraph are written like the others,
+    /// for other programs know no other.
+    Outcome SaveFile(const QString& path, FileFormat format, const TextForm& form = {}) const;
     [[nodiscard]] RichTextFragment fragment() const;
     void setFragment(const RichTextFragment& fragment);
 

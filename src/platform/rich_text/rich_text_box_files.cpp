@@ -25,8 +25,8 @@ QString withPlainLineEnds(QString text) {
 
 } // namespace
 
-RtfReadResult RichTextBox::readFile(const QString& path, FileFormat format,
-                                    const Progress& goesOn) const {
+RtfReadResult RichTextBox::readFile(const QString& path, FileFormat format, const Progress& goesOn,
+                                    TextForm* form) const {
     QByteArray bytes;
     if (Outcome read = readWholeFile(path, limitOf(format), bytes); !read) {
         return {{}, read};
@@ -34,8 +34,11 @@ RtfReadResult RichTextBox::readFile(const QString& path, FileFormat format,
     if (format == FileFormat::Rtf && !bytes.isEmpty()) {
         return readRtf(bytes, goesOn);
     }
+    if (!looksLikeText(bytes)) {
+        return {{}, Outcome::failure(QStringLiteral("It holds something else than text."))};
+    }
     MemoryBound memory(bytes.size());
-    const QString text = decodeText(std::exchange(bytes, {}));
+    const QString text = decodeText(std::exchange(bytes, {}), form);
     memory.addUnits(text.size(), defaultFormat().halfPoints);
     memory.addParagraphs(paragraphCount(text));
     if (memory.isExceeded()) {
@@ -52,9 +55,9 @@ Outcome RichTextBox::LoadFile(const QString& path, FileFormat format) {
     return read.outcome;
 }
 
-Outcome RichTextBox::SaveFile(const QString& path, FileFormat format) const {
+Outcome RichTextBox::SaveFile(const QString& path, FileFormat format, const TextForm& form) const {
     const QByteArray bytes =
-        format == FileFormat::Rtf ? TextRTF() : encodeText(withPlainLineEnds(Text()));
+        format == FileFormat::Rtf ? TextRTF() : encodeText(withPlainLineEnds(Text()), form);
     return writeWholeFile(path, bytes);
 }
 

@@ -1,14 +1,20 @@
 #include "platform/text_services/text_encoding.h"
 
 #include <QStringDecoder>
+#include <QStringEncoder>
 #include <QStringView>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 
 namespace velmora {
 
 namespace {
+
+/// In a text less than one of so many bytes is a control character that no text needs.
+constexpr qsizetype MostStrangeShare = 50;
 
 constexpr QByteArrayView Utf8Mark = "\xEF\xBB\xBF";
 constexpr QByteArrayView Utf16LittleMark = "\xFF\xFE";
@@ -45,6 +51,73 @@ int windows1252Byte(char16_t character) {
     return -1;
 }
 
+QString decodeWithForm(QByteArrayView bytes, TextEncoding& encoding) {
+    if (bytes.startsWith(Utf8Mark)) {
+        encoding = TextEncoding::Utf8WithMark;
+        return decodeWith(QStringConverter::Utf8, bytes.sliced(Utf8Mark.size()), nullptr);
+    }
+    if (bytes.startsWith(Utf16LittleMark)) {
+        encoding = TextEncoding::Utf16LittleWithMark;
+        return decodeWith(QStringConverter::Utf16LE, bytes.sliced(2), nullptr);
+    }
+    if (bytes.startsWith(Utf16BigMark)) {
+        encoding = TextEncoding::Utf16BigWithMark;
+        return decodeWith(QStringConverter::Utf16BE, bytes.sliced(2), nullptr);
+    }
+    bool valid = false;
+    encoding = TextEncoding::Utf8;
+    QString text = decodeWith(QStringConverter::Utf8, bytes, &valid);
+    if (!valid) {
+        encoding = TextEncoding::Windows1252;
+        text = decodeWindows1252(bytes);
+    }
+    return text;
+}
+
+/// The most frequent line end; the system's where there is none.
+LineEnd commonLineEnd(QStringView text) {
+    const qsizetype pairs = text.count(u"\r\n");
+    const qsizetype feeds = text.count(u'\n') - pairs;
+    const qsizetype returns = text.count(u'\r') - pairs;
+    if (pairs + feeds + returns == 0) {
+        return TextForm::systemLineEnd();
+    }
+    if (pairs >= std::max(feeds, returns)) {
+        return LineEnd::CrLf;
+    }
+    return feeds >= returns ? LineEnd::Lf : LineEnd::Cr;
+}
+
+/// What Windows-1252 does not have becomes "?".
+QByteArray encodeWindows1252(const QString& text) {
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    std::transform(text.begin(), text.end(), bytes.begin(), [](QChar character) {
+        const int byte = windows1252Byte(character.unicode());
+        return static_cast<char>(byte < 0 ? '?' : byte);
+    });
+    return bytes;
+}
+
+QByteArray encodeWith(TextEncoding encoding, const QString& text) {
+    const auto utf16 = [&text](QStringConverter::Encoding order) {
+        QStringEncoder encoder(order, QStringConverter::Flag::Stateless);
+        return QByteArray(encoder(text));
+    };
+    switch (encoding) {
+    case TextEncoding::Windows1252:
+        return encodeWindows1252(text);
+    case TextEncoding::Utf16LittleWithMark:
+        return Utf16LittleMark.toByteArray() + utf16(QStringConverter::Utf16LE);
+    case TextEncoding::Utf16BigWithMark:
+        return Utf16BigMark.toByteArray() + utf16(QStringConverter::Utf16BE);
+    case TextEncoding::Utf8WithMark:
+        return Utf8Mark.toByteArray() + text.toUtf8();
+    case TextEncoding::Utf8:
+        break;
+    }
+    return text.toUtf8();
+}
+
 } // namespace
 
 char16_t windows1252Character(unsigned char byte) {
@@ -60,31 +133,55 @@ QString decodeWindows1252(QByteArrayView bytes) {
     return text;
 }
 
-QString decodeText(QByteArrayView bytes) {
-    if (bytes.startsWith(Utf8Mark)) {
-        return decodeWith(QStringConverter::Utf8, bytes.sliced(Utf8Mark.size()), nullptr);
+LineEnd TextForm::systemLineEnd() {
+#ifdef Q_OS_WIN
+    return LineEnd::CrLf;
+#else
+    return LineEnd::Lf;
+#endif
+}
+
+QString decodeText(QByteArrayView bytes, TextForm* form) {
+    TextForm found;
+    const QString text = decodeWithForm(bytes, found.encoding);
+    if (form != nullptr) {
+        found.lineEnd = commonLineEnd(text);
+        *form = found;
     }
-    if (bytes.startsWith(Utf16LittleMark)) {
-        return decodeWith(QStringConverter::Utf16LE, bytes.sliced(2), nullptr);
+    return text;
+}
+
+bool looksLikeText(QByteArrayView bytes) {
+    if (bytes.startsWith(Utf8Mark) || bytes.startsWith(Utf16LittleMark) ||
+        bytes.startsWith(Utf16BigMark)) {
+        return true;
     }
-    if (bytes.startsWith(Utf16BigMark)) {
-        return decodeWith(QStringConverter::Utf16BE, bytes.sliced(2), nullptr);
+    if (bytes.startsWith("%PDF-") || bytes.contains('\0')) {
+        return false;
     }
-    bool valid = false;
-    const QString text = decodeWith(QStringConverter::Utf8, bytes, &valid);
-    return valid ? text : decodeWindows1252(bytes);
+    // A stray control character is no reason: word processors of old left some.
+    const auto strange = std::count_if(bytes.begin(), bytes.end(), [](char byte) {
+        return static_cast<unsigned char>(byte) < 0x20 &&
+               std::strchr("\t\n\v\f\r\x1A", byte) == nullptr;
+    });
+    return strange < 2 || strange * MostStrangeShare < bytes.size();
+}
+
+QByteArray encodeText(QString text, const TextForm& form) {
+    if (form.lineEnd != LineEnd::CrLf) {
+        text.replace(QStringLiteral("\r\n"),
+                     form.lineEnd == LineEnd::Lf ? QStringLiteral("\n") : QStringLiteral("\r"));
+    }
+    const QByteArray bytes = encodeWith(form.encoding, text);
+    if (decodeText(bytes) == text) {
+        return bytes;
+    }
+    const QByteArray plain = text.toUtf8();
+    return decodeText(plain) == text ? plain : Utf8Mark.toByteArray() + plain;
 }
 
 QByteArray encodeText(const QString& text) {
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    for (const QChar character : text) {
-        const int byte = windows1252Byte(character.unicode());
-        if (byte < 0) {
-            return Utf8Mark.toByteArray() + text.toUtf8();
-        }
-        bytes.append(static_cast<char>(byte));
-    }
+    const QByteArray bytes = encodeWith(TextEncoding::Windows1252, text);
     // A few texts, such as "Ã©", have bytes that also make sense in another encoding.
     return decodeText(bytes) == text ? bytes : Utf8Mark.toByteArray() + text.toUtf8();
 }

@@ -196,23 +196,36 @@ TEST_F(Form1Test, LoadAndSaveByKeysKeepTheCaptionTrue) {
     test.dialogs.choose(test.write(u"news.txt"_qs, "first\r\nsecond"));
     press(Qt::Key_L, Qt::ControlModifier);
     EXPECT_EQ(rtb1().Text(), u"first\r\nsecond"_qs);
-    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - news.txt*"_qs);
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - news.txt"_qs);
 
     // A load that fails changes nothing, the caption included.
     test.messages.answers = {MessageAnswer::Yes};
     test.dialogs.choose(test.path(u"missing.rtf"_qs));
     control<QPushButton>(u"LoadText")->click();
     EXPECT_EQ(rtb1().Text(), u"first\r\nsecond"_qs);
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - news.txt"_qs);
+
+    // Text that comes in at the caret changes the script, and leaves it its name.
+    test.messages.answers = {MessageAnswer::No};
+    test.dialogs.choose(test.write(u"more.txt"_qs, "more "));
+    press(Qt::Key_L, Qt::ControlModifier);
     EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - news.txt*"_qs);
+    EXPECT_EQ(test.session.script.ScriptFileName, test.path(u"news.txt"_qs));
 
     test.dialogs.choose(test.path(u"kept.txt"_qs), 1);
     press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(test.read(u"kept.txt"_qs), "first\r\nsecond");
+    EXPECT_EQ(test.read(u"kept.txt"_qs), "more first\r\nsecond");
     EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - kept.txt"_qs);
 
     rtb1().setSelText(u"x"_qs);
     EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - kept.txt*"_qs);
     EXPECT_EQ(test.session.script.TextChanged, 1);
+
+    test.session.script.TextChanged = 0;
+    rtb1().setText(QString());
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - kept.txt*"_qs) << "emptied";
+    form->openScript(test.write(u"empty.txt"_qs, ""));
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - empty.txt"_qs);
 }
 
 TEST_F(Form1Test, LeavingWritesTheSettingsAndAsksAboutChangedTextOnly) {

@@ -113,13 +113,13 @@ TEST_F(ScriptLoaderTest, YesAppendsAStoryOfItsOwn) {
     expectAllPutAway();
 }
 
-TEST_F(ScriptLoaderTest, CancelChangesNothingButTheFilesName) {
+TEST_F(ScriptLoaderTest, CancelChangesNothing) {
     rtb1.setText(u"text"_qs);
     rtb1.setSelStart(2);
     loadFileWithAnswer(MessageAnswer::Cancel, txt, "other");
     EXPECT_EQ(rtb1.Text(), u"text");
     EXPECT_EQ(rtb1.SelStart(), 2);
-    EXPECT_EQ(session.script.ScriptFileName, test.path(txt));
+    EXPECT_EQ(session.script.ScriptFileName, QString());
     EXPECT_EQ(test.host.zoomsSent, 1);
     EXPECT_TRUE(test.read(RecentFileTable::fileName()).isNull());
     expectAllPutAway();
@@ -194,6 +194,8 @@ TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
     const Case cases[] = {
         {u"missing.rtf"_qs, std::nullopt, u"verify that the file exists"_qs},
         {u"binary.rtf"_qs, QByteArray("MZ\x90\x00\x03", 5), u"save it from there as RTF"_qs},
+        {u"archive.odt"_qs, QByteArray("PK\x03\x04\x14\x00\x00\x08", 8),
+         u"It holds something else than text."_qs},
         {u"old.doc"_qs, QByteArray("\xD0\xCF\x11\xE0"), u"Word is correctly installed."_qs},
         {u"new.DOCX"_qs, QByteArray("PK"), u"Word is correctly installed."_qs},
     };
@@ -215,7 +217,7 @@ TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
                 box.text.startsWith(u"I could not load %1.\r\n\r\n"_qs.arg(test.path(c.name))));
             EXPECT_TRUE(box.text.contains(c.said)) << box.text.toStdString();
             EXPECT_EQ(flatten(rtb1.fragment()), before);
-            EXPECT_EQ(session.script.ScriptFileName, test.path(c.name));
+            EXPECT_EQ(session.script.ScriptFileName, QString());
             expectAllPutAway();
         }
     }
@@ -247,7 +249,7 @@ TEST_F(ScriptLoaderTest, NeitherLoadNorSaveStartsInsideAnother) {
     test.dialogs.choose(test.path(u"saved.txt"_qs));
     saver.SaveText();
     EXPECT_GT(tries, triesOfLoad);
-    EXPECT_EQ(test.read(u"saved.txt"_qs), "a~\r\n^----\r\nb");
+    EXPECT_EQ(test.read(u"saved.txt"_qs), "a~\n^----\nb");
     EXPECT_EQ(test.dialogs.openRequests.size() + test.dialogs.saveRequests.size(), 2U);
     session.show.ShowRunning = 1;
     loader.loadScript(other);

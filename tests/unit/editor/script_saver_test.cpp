@@ -177,13 +177,16 @@ TEST_F(ScriptSaverTest, WhiteScriptComesBackWhiteAndInItsFormats) {
 
 TEST(Convert, WritesTheOtherFormatAndNothingOnFailure) {
     TestSession test;
-    const QString in = test.write(u"in.txt"_qs, "caf\xE9\tau lait\nsecond line");
+    const QString in = test.write(u"in.txt"_qs, "caf\xE9\tau lait\r\nsecond line");
     const QString out = test.path(u"out.rtf"_qs);
     const QString back = test.path(u"back.txt"_qs);
     EXPECT_EQ(convertScript(test.session, in, out), 0);
     TestSession second;
     EXPECT_EQ(convertScript(second.session, out, back), 0);
-    EXPECT_EQ(test.read(u"back.txt"_qs), "caf\xE9 au lait\r\nsecond line");
+    EXPECT_EQ(test.read(u"back.txt"_qs), "caf\xC3\xA9 au lait\nsecond line") << "a new text";
+    TestSession same;
+    EXPECT_EQ(convertScript(same.session, in, back), 0);
+    EXPECT_EQ(test.read(u"back.txt"_qs), "caf\xE9 au lait\r\nsecond line") << "its own form";
     TestSession third;
     const QString never = test.path(u"never.rtf"_qs);
     EXPECT_EQ(convertScript(third.session, test.path(u"missing.rtf"_qs), never), 1);

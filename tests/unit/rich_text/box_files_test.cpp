@@ -32,24 +32,33 @@ TEST_F(BoxFiles, PlainTextOfEveryKindLoadsAndComesBack) {
     const Case cases[] = {
         {"", u""_qs, ""},
         {"a\nb\rc\r\nd", u"a\r\nb\r\nc\r\nd"_qs, "a\r\nb\r\nc\r\nd"},
+        {"a\nb\nc\r\nd", u"a\r\nb\r\nc\r\nd"_qs, "a\nb\nc\nd"},
+        {"a\rb\rc", u"a\r\nb\r\nc"_qs, "a\rb\rc"},
         {"\xE9t\xE9 \x80\x85", u"\u00E9t\u00E9 \u20AC\u2026"_qs, "\xE9t\xE9 \x80\x85"},
-        {"\xC3\xA9", u"\u00E9"_qs, "\xE9"},
+        {"\xC3\xA9", u"\u00E9"_qs, "\xC3\xA9"},
         // A sequence that breaks off is not UTF-8, and a mark alone is no text.
         {"ab\xC3", u"ab\u00C3"_qs, "ab\xC3"},
-        {"\xEF\xBB\xBF", u""_qs, ""},
+        {"\xEF\xBB\xBF", u""_qs, "\xEF\xBB\xBF"},
         {"\xEF\xBB\xBF\xD0\x96", u"\u0416"_qs, "\xEF\xBB\xBF\xD0\x96"},
         {QByteArray("\xFF\xFE\x16\x04\x0D\x00\x0A\x00", 8), u"\u0416\r\n"_qs,
-         "\xEF\xBB\xBF\xD0\x96\r\n"},
-        {QByteArray("\xFE\xFF\x04\x16", 4), u"\u0416"_qs, "\xEF\xBB\xBF\xD0\x96"},
-        {QByteArray("a\0b\x01\x1A\tc", 7), u"a b  \tc"_qs, "a b  \tc"},
-        {"one\ftwo\x1Cthree", u"one\r\ntwo\r\nthree"_qs, "one\r\ntwo\r\nthree"},
+         QByteArray("\xFF\xFE\x16\x04\x0D\x00\x0A\x00", 8)},
+        {QByteArray("\xFE\xFF\x04\x16", 4), u"\u0416"_qs, QByteArray("\xFE\xFF\x04\x16", 4)},
+        {QByteArray("\xEF\xBB\xBF"
+                    "a\0b\x01\x1A\tc",
+                    10),
+         u"a b  \tc"_qs,
+         "\xEF\xBB\xBF"
+         "a b  \tc"},
+        {"one\ftwo\x1Cthree", u"one\r\ntwo\r\nthree"_qs, "one\ntwo\nthree"},
     };
     for (const Case& c : cases) {
         const QString name = write(u"in.txt"_qs, c.bytes);
         ASSERT_TRUE(box.LoadFile(name, FileFormat::PlainText));
         EXPECT_EQ(box.Text(), c.text);
         const QString out = path(u"out.txt"_qs);
-        ASSERT_TRUE(box.SaveFile(out, FileFormat::PlainText));
+        TextForm form;
+        ASSERT_TRUE(box.readFile(name, FileFormat::PlainText, {}, &form).outcome);
+        ASSERT_TRUE(box.SaveFile(out, FileFormat::PlainText, form));
         EXPECT_EQ(bytesOf(out), c.saved);
         ASSERT_TRUE(box.LoadFile(out, FileFormat::PlainText));
         EXPECT_EQ(box.Text(), c.text);
