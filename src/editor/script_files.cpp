@@ -40,7 +40,8 @@ QString scriptFileBase(const QString& path) {
 }
 
 QString withScriptEnding(const QString& path, QStringView ending) {
-    return path.endsWith(ending, Qt::CaseInsensitive) ? path : scriptFileBase(path) + ending.toString();
+    return path.endsWith(ending, Qt::CaseInsensitive) ? path
+                                                      : scriptFileBase(path) + ending.toString();
 }
 
 } // namespace velmora

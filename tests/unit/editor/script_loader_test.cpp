@@ -289,7 +289,6 @@ TEST_F(ScriptLoaderTest, ALongLoadIsShownAndWhoCancelsItFindsAllAsItWas) {
     session.script.ownFile = u"own"_qs;
     session.script.ScriptFileName = u"own"_qs;
     session.script.ScriptFileType = 1;
-    session.settings.LastScriptFolder = u"/elsewhere/"_qs;
     int signalCount = 0;
     const auto count = [&] { ++signalCount; };
     QObject::connect(&rtb1, &RichTextBox::Change, &rtb1, count);
@@ -316,7 +315,6 @@ TEST_F(ScriptLoaderTest, ALongLoadIsShownAndWhoCancelsItFindsAllAsItWas) {
         EXPECT_EQ(session.script.ownFile, u"own");
         EXPECT_EQ(session.script.ScriptFileName, u"own");
         EXPECT_EQ(session.script.ScriptFileType, 1);
-        EXPECT_EQ(session.settings.LastScriptFolder, u"/elsewhere/");
         EXPECT_TRUE(test.host.notices.isEmpty());
     }
     EXPECT_EQ(signalCount, 1);
