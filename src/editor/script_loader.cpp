@@ -231,7 +231,7 @@ Outcome ScriptLoader::bringIn(Place place, bool attended) {
         m_holdsText = holdsText(read.fragment);
         m_leftOut = listOf(read.omitted);
         tame(read.fragment, place);
-        read.outcome = moveToEditor(std::move(read.fragment), place, load);
+        read.outcome = moveToEditor(std::move(read.fragment), place, attended, load);
     }
     m_cancelled = m_cancelled || load.isCancelled();
     if (!read.outcome) {
@@ -284,10 +284,11 @@ void ScriptLoader::tame(RichTextFragment& text, Place place) {
     clearOffsets(text);
 }
 
-Outcome ScriptLoader::moveToEditor(RichTextFragment text, Place place, LongLoad& load) {
+Outcome ScriptLoader::moveToEditor(RichTextFragment text, Place place, bool attended,
+                                   LongLoad& load) {
     RichTextBox& rtb1 = m_session.script.rtb1;
     const int landing = place == Place::End ? rtb1.textLength() : rtb1.SelStart();
-    if (!takesLong(text)) {
+    if (!attended || !takesLong(text)) {
         rtb1.setSelStart(landing);
         rtb1.replaceSelection(text);
     } else if (!stage(std::move(text), landing, load)) {

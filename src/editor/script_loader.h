@@ -51,7 +51,7 @@ private:
     RtfReadResult readFile(LongLoad& load);
     Outcome breakLong(RichTextFragment& text);
     void tame(RichTextFragment& text, Place place);
-    Outcome moveToEditor(RichTextFragment text, Place place, LongLoad& load);
+    Outcome moveToEditor(RichTextFragment text, Place place, bool attended, LongLoad& load);
     bool stage(RichTextFragment text, int landing, LongLoad& load);
     void tellAfterLoad(Place place);
     void tell(QStringList notes);

@@ -27,25 +27,41 @@ std::vector<StyledText> styledRuns(const QTextDocument& document, DocumentRange 
     return result;
 }
 
-/// In the order in which the text shows them first.
-QStringList usedFontNames(const QTextDocument& document) {
-    QStringList names;
-    QSet<QString> seenNames;
+/// Families that the machine does not have, as far as any format names them, whether or not the
+/// text still uses it.
+QSet<QString> missingNames(const QList<QTextFormat>& formats) {
+    QSet<QString> names;
+    for (const QTextFormat& format : formats) {
+        const QString name =
+            format.isCharFormat() ? fromTextFormat(format.toCharFormat()).fontName : QString();
+        if (!name.isEmpty() && !names.contains(name) && !QFontDatabase::hasFamily(name)) {
+            names.insert(name);
+        }
+    }
+    return names;
+}
+
+/// Those that the text uses, in the order in which it shows them first, at most so many. The text
+/// may be long, and is left as soon as all have come.
+QStringList usedNamesOf(QSet<QString> names, qsizetype most, const QTextDocument& document) {
+    QStringList used;
     QSet<int> seenFormats;
     const QList<QTextFormat> formats = document.allFormats();
+    if (names.isEmpty()) {
+        return used;
+    }
     visitCells(document, {0, document.characterCount() - 1}, [&](const FormatCell& cell) {
         if (!cell.isEnd && !seenFormats.contains(cell.formatIndex)) {
             seenFormats.insert(cell.formatIndex);
             const QString name =
                 fromTextFormat(formats.at(cell.formatIndex).toCharFormat()).fontName;
-            if (!seenNames.contains(name)) {
-                seenNames.insert(name);
-                names.append(name);
+            if (names.remove(name)) {
+                used.append(name);
             }
         }
-        return true;
+        return !names.isEmpty() && used.size() < most;
     });
-    return names;
+    return used;
 }
 
 /// Whether the order of a line's characters needs the rest of its paragraph.
@@ -96,10 +112,8 @@ std::vector<RichTextBox::MissingFont> RichTextBox::missingFonts() const {
     // A substitute takes about a millisecond to find, and more names than these tell nobody more.
     constexpr qsizetype mostNames = 32;
     std::vector<MissingFont> result;
-    for (const QString& name : usedFontNames(d->document).mid(0, mostNames)) {
-        if (name.isEmpty() || QFontDatabase::hasFamily(name)) {
-            continue;
-        }
+    const QSet<QString> missing = missingNames(d->document.allFormats());
+    for (const QString& name : usedNamesOf(missing, mostNames, d->document)) {
         const QString substitute = QFontInfo(QFont(name)).family();
         if (substitute.compare(name, Qt::CaseInsensitive) != 0) {
             result.push_back({name, substitute});

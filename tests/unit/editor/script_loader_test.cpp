@@ -321,6 +321,10 @@ TEST_F(ScriptLoaderTest, ALongLoadIsShownAndWhoCancelsItFindsAllAsItWas) {
     EXPECT_EQ(rtb1.textLength(), 9 + 10 + 80'000 * 8);
     EXPECT_TRUE(rtb1.Text().startsWith(u"kept text~\r\n^----\r\na line\r\na line"_qs));
     EXPECT_EQ(rtb1.SelStart(), 9);
+    // A conversion needs no layout.
+    test.host.shares.clear();
+    EXPECT_TRUE(loader.loadUnattended(path));
+    EXPECT_LT(test.host.shares.back(), 0.3);
 }
 
 TEST_F(ScriptLoaderTest, AnOverlongParagraphIsBrokenAfterAQuestion) {
