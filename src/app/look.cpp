@@ -106,6 +106,7 @@ QString mainWindowStyle(const ScreenState& screen) {
         QSlider::handle:horizontal { background: #a9afb8; border-radius: 3px; width: @12px;
                                      margin: -@7px 0; }
         QSlider::handle:horizontal:hover { background: #c9ced6; }
+        QSlider::handle:horizontal:focus { background: #8fb8ea; }
         #Form1 > #Label4, #Form1 > #Label5 { color: #a4a8ae; }
         #NoticeLine { color: #8c9098; }
         #NoticeLine[attention="true"] { color: #f2b84b; }

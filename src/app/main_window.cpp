@@ -19,6 +19,7 @@
 #include <QSlider>
 
 #include <array>
+#include <tuple>
 
 namespace velmora {
 
@@ -50,6 +51,8 @@ void Form1::connectControls() {
     connect(m_controls.ExitButton, &QPushButton::clicked, this, &Form1::ExitButton_Click);
     connect(m_controls.Combo1, &QComboBox::activated, this, &Form1::Combo1_Click);
     connect(m_controls.Combo2, &QComboBox::activated, this, &Form1::Combo2_Click);
+    connect(m_controls.Combo1, &ListCombo::closed, this, &Form1::focusEditor);
+    connect(m_controls.Combo2, &ListCombo::closed, this, &Form1::focusEditor);
     connect(m_controls.Hscroll1, &QSlider::valueChanged, this, &Form1::Hscroll1_Change);
     connect(&m_session.script.rtb1, &RichTextBox::Change, this, &Form1::rtb1_Change);
     m_controls.rtb1->setIncomingHandler([this](const QMimeData& mime) { enterText(mime); });
@@ -114,8 +117,16 @@ void Form1::SetupButton_Click() {
 void Form1::runSetup() {
     Settings& settings = m_session.settings;
     const int mirrorModeBefore = settings.MirrorMode;
+    const auto look = [&settings] {
+        return std::tuple(settings.ScreenBackColor, settings.ScreenTextColor,
+                          settings.ScreenFontName, settings.ScreenFontSize, settings.ColumnMargin);
+    };
+    const auto lookBefore = look();
     m_session.script.DialogClosing = 0;
     Form8(m_session, this).exec();
+    if (look() != lookBefore && m_session.script.rtb1.isEmpty()) {
+        takeDefaultLook();
+    }
     m_session.show.LineSpacingText = lineSpacingText(settings.LineSpacingIndex);
     deriveSettings(settings);
     applyCheck(checkTwoDisplaysAfterSetup(m_session, columnSlider(), mirrorModeBefore));
@@ -184,7 +195,15 @@ void Form1::Hscroll1_Change() {
     m_session.settings.ColumnMargin = margin;
     m_controls.placeColumn(m_session.screen, size());
     m_session.script.rtb1.setWrapWidth(wrapWidthForMargin(margin));
-    focusEditor();
+    leaveControl(*m_controls.Hscroll1);
+}
+
+void Form1::leaveControl(const QWidget& control) {
+    // A click gives none of them the focus: whichever has it was reached by keyboard, and each step
+    // would have to be paid with a walk back to it.
+    if (!control.hasFocus()) {
+        focusEditor();
+    }
 }
 
 void Form1::enterText(const QMimeData& mime) {
@@ -193,13 +212,13 @@ void Form1::enterText(const QMimeData& mime) {
 
 void Form1::Combo1_Click() {
     m_session.script.rtb1.setSelFontName(m_controls.Combo1->currentText());
-    focusEditor();
+    leaveControl(*m_controls.Combo1);
 }
 
 void Form1::Combo2_Click() {
     m_session.script.rtb1.setSelFontSize(comboFontSize());
     sendZoom();
-    focusEditor();
+    leaveControl(*m_controls.Combo2);
 }
 
 void Form1::updateCaption() {
@@ -237,6 +256,16 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
     }
     return event->type() == QEvent::Drop &&
            dropFile(*static_cast<const QDropEvent&>(*event).mimeData());
+}
+
+void Form1::keyPressEvent(QKeyEvent* event) {
+    // From the controls beside the text. The editor's own keys have been asked for already.
+    const bool leaves = event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return ||
+                        event->key() == Qt::Key_Enter;
+    if (leaves) {
+        focusEditor();
+    }
+    event->setAccepted(leaves || rtb1_KeyDown(*event));
 }
 
 void Form1::dragEnterEvent(QDragEnterEvent* event) {

@@ -12,6 +12,7 @@
 #include "editor/rescue_copy.h"
 #include "editor/script_loader.h"
 #include "editor/script_saver.h"
+#include "platform/devices/latin_keys.h"
 
 #include <QWidget>
 
@@ -72,6 +73,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -107,6 +109,10 @@ private:
     void applyCheck(const TwoDisplayCheck& check);
     /// The setup window, and what has to be renewed when it has closed.
     void runSetup();
+    /// The settings' look, for an editor without text: font, colours and column width.
+    void takeDefaultLook();
+    /// Behind an act in one of the other controls: only the keyboard's own stay there.
+    void leaveControl(const QWidget& control);
     /// The unload step. Sets cancel when the program goes on.
     void Form_Unload(bool& cancel);
     [[nodiscard]] ExitSequence::Steps exitSteps();
@@ -123,6 +129,7 @@ private:
     bool dropFile(const QMimeData& mime);
 
     Session& m_session;
+    LatinKeys m_latinKeys;
     ShowHandOver m_handOver;
     RecentFileTable m_recentFiles;
     ScriptLoader m_loader;

@@ -11,11 +11,25 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QStyle>
+#include <QTimer>
 #include <QVariant>
+
+#include <chrono>
 
 namespace velmora {
 
 namespace {
+
+/// Long enough to read a notice that came while nobody looked; then the keys are told again.
+constexpr std::chrono::seconds NoticeTime(60);
+
+/// A control that takes the keys from the keyboard alone: a click leaves them with the script.
+void nameForKeyboard(QWidget& control, const QString& name, const QString& spoken) {
+    control.setObjectName(name);
+    control.setAccessibleName(spoken);
+    control.setToolTip(spoken);
+    control.setFocusPolicy(Qt::TabFocus);
+}
 
 QString howToBegin() {
     return QStringLiteral("F1  Start From Beginning      F2  Start From Cursor      "
@@ -42,25 +56,29 @@ MainWindowControls::MainWindowControls(QWidget& window, Session& session) : m_wi
                             QStringLiteral("Start Prompter Display"));
 
     Combo1 = new FontNameCombo(&window);
-    Combo1->setObjectName(QStringLiteral("Combo1"));
-    Combo1->setToolTip(QStringLiteral("Font Name"));
+    nameForKeyboard(*Combo1, QStringLiteral("Combo1"), QStringLiteral("Font Name"));
     Combo2 = new FontSizeCombo(&window);
-    Combo2->setObjectName(QStringLiteral("Combo2"));
-    Combo2->setToolTip(QStringLiteral("Font Size"));
+    nameForKeyboard(*Combo2, QStringLiteral("Combo2"), QStringLiteral("Font Size"));
 
     Label2 = addLabel(QStringLiteral("Label2"), QStringLiteral("Editor / Prompter Width"));
     Label4 = addLabel(QStringLiteral("Label4"), QStringLiteral("Min"));
     Label5 = addLabel(QStringLiteral("Label5"), QStringLiteral("Max"));
     m_noticeLine = addLabel(QStringLiteral("NoticeLine"), QString());
     Hscroll1 = new QSlider(Qt::Horizontal, &window);
-    Hscroll1->setObjectName(QStringLiteral("Hscroll1"));
-    Hscroll1->setAccessibleName(Label2->text());
+    nameForKeyboard(*Hscroll1, QStringLiteral("Hscroll1"), Label2->text());
     Hscroll1->setRange(MinColumnMargin, MaxColumnMargin);
-    Hscroll1->setFocusPolicy(Qt::NoFocus);
+    // The captions at its ends stand where they do in any language.
+    Hscroll1->setLayoutDirection(Qt::LeftToRight);
 
     rtb1 = new RichTextView(session.script.rtb1, &window);
     rtb1->setObjectName(QStringLiteral("rtb1"));
+    rtb1->setAccessibleName(QStringLiteral("Script"));
     rtb1->setFrameShape(QFrame::NoFrame);
+    m_noticeTime = new QTimer(&window);
+    m_noticeTime->setObjectName(QStringLiteral("NoticeTime"));
+    m_noticeTime->setSingleShot(true);
+    m_noticeTime->setInterval(NoticeTime);
+    QObject::connect(m_noticeTime, &QTimer::timeout, &window, [this] { showNotice(QString()); });
 }
 
 QWidget* MainWindowControls::addStrip(const QString& name) {
@@ -117,6 +135,7 @@ void MainWindowControls::showFont(const QString& name, int points) {
 }
 
 void MainWindowControls::showNotice(const QString& notice) {
+    notice.isEmpty() ? m_noticeTime->stop() : m_noticeTime->start();
     m_notice = notice;
     m_noticeLine->setToolTip(notice);
     m_noticeLine->setProperty("attention", !notice.isEmpty());

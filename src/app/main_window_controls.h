@@ -7,6 +7,7 @@
 class QLabel;
 class QPushButton;
 class QSlider;
+class QTimer;
 class QWidget;
 
 namespace velmora {
@@ -30,7 +31,7 @@ public:
     /// Shows a font in Combo1 and Combo2; also a name that is not installed, and a size in points
     /// that is not among the sizes offered.
     void showFont(const QString& name, int points);
-    /// A line at the bottom: a notice that needs attention, or without one how to begin.
+    /// A line at the bottom: for a while a notice that needs attention, else how to begin.
     void showNotice(const QString& notice);
 
     QWidget* Backpicture;
@@ -57,6 +58,8 @@ private:
     QWidget* m_bottomStrip;
     QLabel* m_noticeLine;
     QString m_notice;
+    /// How long the notice stands yet.
+    QTimer* m_noticeTime;
     MainWindowLayout m_layout;
 };
 

@@ -83,10 +83,11 @@ void layOutBottom(MainWindowLayout& layout, const Units& units, QSize client) {
     layout.bottomStrip = QRect(0, top, client.width(), stripHeight);
     Row row(units.px(GroupGap), top + padding, height);
     layout.Label2 = row.add(units.px(CaptionWidth));
-    layout.Label4 = row.add(units.px(LimitWidth));
+    // The slider tells what the column gives up: at its beginning the column is widest.
+    layout.Label5 = row.add(units.px(LimitWidth));
     layout.Hscroll1 = row.add(static_cast<int>(SliderShare * client.width()));
     row.skip(padding);
-    layout.Label5 = row.add(units.px(LimitWidth));
+    layout.Label4 = row.add(units.px(LimitWidth));
     const int start = units.px(StartWidth);
     layout.StartButton = QRect(client.width() - padding - start, top + padding, start, height);
     layout.noticeLine = QRect(units.px(GroupGap), top + padding + height + padding / 2,

@@ -34,11 +34,8 @@ void Form1::runLoadStep() {
     measureScreen(m_session.platform.monitors, m_session.screen);
     placeOnDisplay1();
     readSettings();
-    m_controls.Hscroll1->setValue(m_session.settings.ColumnMargin);
     m_controls.place(m_session.screen, size());
-    Hscroll1_Change();
-    applyEditorDefaults(m_session);
-    m_controls.showFont(m_session.settings.ScreenFontName, m_session.settings.ScreenFontSize);
+    takeDefaultLook();
     updateCaption();
     showNotice(QString());
     show();
@@ -51,6 +48,13 @@ void Form1::runLoadStep() {
         checkTwoDisplays();
     }
     focusEditor();
+}
+
+void Form1::takeDefaultLook() {
+    m_controls.Hscroll1->setValue(m_session.settings.ColumnMargin);
+    Hscroll1_Change();
+    applyEditorDefaults(m_session);
+    m_controls.showFont(m_session.settings.ScreenFontName, m_session.settings.ScreenFontSize);
 }
 
 void Form1::placeOnDisplay1() {

@@ -29,7 +29,7 @@ public:
         static_cast<void>(share);
         return true;
     }
-    /// A line that stays in sight until the next one: fonts that were substituted, and the like.
+    /// A line that stays in sight for a while: fonts that were substituted, and the like.
     virtual void showNotice(const QString& text) = 0;
 };
 

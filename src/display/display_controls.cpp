@@ -60,6 +60,10 @@ void DisplayControls::nameControls() {
     for (const auto& [control, name] : names) {
         control->setObjectName(QString::fromLatin1(name));
     }
+    Hscroll1->setAccessibleName(QStringLiteral("Duration"));
+    Vscroll1->setAccessibleName(QStringLiteral("Place In The Script"));
+    Vscroll2->setAccessibleName(QStringLiteral("Cue Arrow"));
+    Picture6->setAccessibleName(QStringLiteral("Speed"));
 }
 
 void DisplayControls::place(const DisplayGeometry& geometry) {

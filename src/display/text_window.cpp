@@ -2,6 +2,8 @@
 
 #include "display/display_geometry.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -9,9 +11,21 @@
 
 namespace velmora {
 
+namespace {
+
+/// What assistive programs take the window for; a plain widget is nothing that they know.
+QAccessibleInterface* makeInterface(const QString&, QObject* object) {
+    auto* window = qobject_cast<TextWindow*>(object);
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Document);
+}
+
+} // namespace
+
 TextWindow::TextWindow(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
+    QAccessible::installFactory(makeInterface);
+    setAccessibleName(QStringLiteral("Running Script"));
 }
 
 void TextWindow::setBackground(QRgb color) {

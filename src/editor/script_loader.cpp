@@ -341,8 +341,13 @@ QString ScriptLoader::leftOutText() const {
 }
 
 QString ScriptLoader::missingFontsText() const {
+    // Nobody chose the program's own default, or wants to be told of its substitute on each load.
+    const QString ownDefault = Settings().ScreenFontName;
     QStringList fonts;
     for (const RichTextBox::MissingFont& font : m_session.script.rtb1.missingFonts()) {
+        if (font.name.compare(ownDefault, Qt::CaseInsensitive) == 0) {
+            continue;
+        }
         fonts.append(QStringLiteral("%1 (shown as %2)").arg(font.name, font.substitute));
     }
     if (fonts.isEmpty()) {

@@ -104,13 +104,14 @@ void Form12::addSample(QVBoxLayout& column) {
     Hscroll1->setFixedWidth(static_cast<int>(
         std::lround(SampleScale * screen.ScaleX * (ReferenceWidth - MinColumnMargin))));
     column.addWidget(Hscroll1, 0, Qt::AlignHCenter);
+    // The slider tells what the column gives up.
     auto* captions = new QHBoxLayout;
     column.addLayout(captions);
-    captions->addWidget(new QLabel(QStringLiteral("Min"), this));
+    captions->addWidget(new QLabel(QStringLiteral("Max"), this));
     captions->addStretch();
     captions->addWidget(new QLabel(Hscroll1->accessibleName(), this));
     captions->addStretch();
-    captions->addWidget(new QLabel(QStringLiteral("Max"), this));
+    captions->addWidget(new QLabel(QStringLiteral("Min"), this));
     connect(Hscroll1, &QSlider::valueChanged, this, &Form12::Hscroll1_Change);
 }
 

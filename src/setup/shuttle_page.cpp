@@ -1,5 +1,7 @@
 #include "setup/shuttle_page.h"
 
+#include "core/arrangement.h"
+#include "setup/display_option_tables.h"
 #include "setup/shuttle_picture.h"
 #include "widgets/push_button.h"
 
@@ -35,8 +37,16 @@ ShuttlePage::ShuttlePage(Settings& settings, QWidget* parent)
         addList(*grid, number, place.line, place.column);
     }
     grid->addWidget(m_picture, 1, 1, Qt::AlignCenter);
+    auto* note = new QLabel(
+        QStringLiteral("The ShuttleXpress works in every show, by its keys. When this page is "
+                       "saved, no other controller is in use: the setup then reads \"%1\".")
+            .arg(controllerText(controller::None)),
+        this);
+    note->setObjectName(QStringLiteral("ShuttleNote"));
+    note->setWordWrap(true);
+    grid->addWidget(note, 2, 0, 1, 3);
     auto* buttons = new QHBoxLayout;
-    grid->addLayout(buttons, 2, 0, 1, 3);
+    grid->addLayout(buttons, 3, 0, 1, 3);
     buttons->addStretch();
     auto* save = new CB(QStringLiteral("CB2"), QStringLiteral("Save"), this);
     auto* cancel = new CB(QStringLiteral("CB1"), QStringLiteral("Cancel"), this);

@@ -31,7 +31,12 @@ void FontNameCombo::fill() {
 
 void FontNameCombo::showPopup() {
     fill();
-    QComboBox::showPopup();
+    ListCombo::showPopup();
+}
+
+void FontNameCombo::keyPressEvent(QKeyEvent* event) {
+    fill();
+    ListCombo::keyPressEvent(event);
 }
 
 } // namespace velmora

@@ -7,7 +7,7 @@ constexpr int SmallestSize = 8;
 constexpr int LargestSize = 48;
 } // namespace
 
-FontSizeCombo::FontSizeCombo(QWidget* parent) : QComboBox(parent) {
+FontSizeCombo::FontSizeCombo(QWidget* parent) : ListCombo(parent) {
     for (int points = SmallestSize; points <= LargestSize; ++points) {
         addItem(QString::number(points));
     }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QComboBox>
+#include "widgets/list_combo.h"
 
 namespace velmora {
 
 /// A list of font sizes in points, 8 to 48.
-class FontSizeCombo final : public QComboBox {
+class FontSizeCombo final : public ListCombo {
     Q_OBJECT
 public:
     explicit FontSizeCombo(QWidget* parent);

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace velmora {
@@ -28,17 +29,38 @@ constexpr quint32 FirstDigitScanCode = 10;
 /// X11's scan codes of F13 to F24.
 constexpr quint32 F13ScanCode = 191;
 constexpr quint32 F24ScanCode = 202;
-/// X11's scan codes of the letters that a show knows, where a Latin keyboard has them.
-constexpr std::array<std::pair<quint32, int>, 2> LetterPlaces = {{{41, key::F}, {56, key::B}}};
+/// A row of letters on a Latin keyboard, from X11's scan code of its first one on.
+struct LetterRow final {
+    quint32 firstScanCode;
+    std::string_view letters;
+};
+constexpr std::array<LetterRow, 3> LetterRows = {
+    {{24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}}};
 
-/// Whether a key writes something, and no letter of a Latin alphabet, ç included: such a keyboard
-/// has its F and B elsewhere.
-bool writesNoLatinLetter(int qtKey) {
-    return qtKey < Qt::Key_Escape &&
-           QChar::script(static_cast<char32_t>(qtKey)) != QChar::Script_Latin;
+/// Whether a key writes what only another script has. A Latin keyboard may have digits, signs and
+/// letters of its own in any place.
+bool writesAnotherScript(int qtKey) {
+    if (qtKey >= Qt::Key_Escape) {
+        return false;
+    }
+    const QChar::Script script = QChar::script(static_cast<char32_t>(qtKey));
+    return script != QChar::Script_Latin && script != QChar::Script_Common;
 }
 
 } // namespace
+
+int latinKey(const QKeyEvent& event) {
+    if (!writesAnotherScript(event.key())) {
+        return event.key();
+    }
+    for (const LetterRow& row : LetterRows) {
+        const quint32 place = event.nativeScanCode() - row.firstScanCode;
+        if (event.nativeScanCode() >= row.firstScanCode && place < row.letters.size()) {
+            return row.letters[place];
+        }
+    }
+    return event.key();
+}
 
 int virtualKey(const QKeyEvent& event) {
     for (const auto& [qtKey, number] : Named) {
@@ -62,12 +84,8 @@ int virtualKey(const QKeyEvent& event) {
     if (scanCode >= F13ScanCode && scanCode <= F24ScanCode) {
         return key::F13 + static_cast<int>(scanCode - F13ScanCode);
     }
-    for (const auto& [place, number] : LetterPlaces) {
-        if (scanCode == place && writesNoLatinLetter(event.key())) {
-            return number;
-        }
-    }
-    return 0;
+    const int letter = latinKey(event);
+    return letter == key::B || letter == key::F ? letter : 0;
 }
 
 int shiftState(const QKeyEvent& event) {

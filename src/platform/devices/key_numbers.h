@@ -49,6 +49,10 @@ inline constexpr int Control = 2;
 inline constexpr int Alt = 4;
 } // namespace key
 
+/// The key of an event as Qt numbers it; on a keyboard of another script the letter that a Latin
+/// keyboard has in its place, as X11 numbers the places.
+[[nodiscard]] int latinKey(const QKeyEvent& event);
+
 /// Virtual-key number of a key event, 0 for a key that a show does not know. F13 to F24 are found
 /// by their place on the keyboard too: usual X11 key maps give these keys other meanings. So are B
 /// and F on keyboards of another script.

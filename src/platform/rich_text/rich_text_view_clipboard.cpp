@@ -5,6 +5,8 @@
 #include "platform/rich_text/rtf_fragment_builder.h"
 
 #include <QMimeData>
+#include <QRegularExpression>
+#include <QTextDocument>
 #include <QUrl>
 
 #include <algorithm>
@@ -27,6 +29,30 @@ QByteArray rtfOf(const QMimeData& data) {
         }
     }
     return {};
+}
+
+/// A document that reads no file, whatever it names.
+class BareDocument final : public QTextDocument {
+public:
+    using QTextDocument::QTextDocument;
+
+protected:
+    QVariant loadResource(int, const QUrl&) override { return {}; }
+};
+
+/// The plain text; of a web page alone the text that it shows.
+QString textOf(const QMimeData& data) {
+    QString text = data.text();
+    if (text.isEmpty() && data.hasHtml()) {
+        BareDocument page;
+        page.setUndoRedoEnabled(false);
+        // The toolkit takes what follows a link for a part of it, which nobody sees.
+        static const QRegularExpression links(QStringLiteral("<link\\b[^>]*>"),
+                                              QRegularExpression::CaseInsensitiveOption);
+        page.setHtml(data.html().remove(links));
+        text = page.toPlainText().remove(QChar::ObjectReplacementCharacter);
+    }
+    return text;
 }
 
 QString withPlainLineEnds(QString text) {
@@ -53,7 +79,7 @@ bool hasText(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
     const bool hasFiles =
         std::any_of(urls.cbegin(), urls.cend(), [](const QUrl& url) { return url.isLocalFile(); });
-    return !hasFiles && (data.hasText() || !rtfOf(data).isEmpty());
+    return !hasFiles && (data.hasText() || data.hasHtml() || !rtfOf(data).isEmpty());
 }
 
 bool insertMimeData(RichTextBox& box, const QMimeData& data) {
@@ -64,7 +90,7 @@ bool insertMimeData(RichTextBox& box, const QMimeData& data) {
     if (!rtf.isEmpty() && box.setSelRTF(rtf)) {
         return true;
     }
-    const QString text = data.text();
+    const QString text = textOf(data);
     if (text.isEmpty() || paragraphCount(text) > RtfFragmentBuilder::MaxParagraphs) {
         return false;
     }

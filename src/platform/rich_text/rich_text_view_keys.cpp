@@ -107,6 +107,19 @@ const KeyHandler::EditBinding* KeyHandler::editBinding(const QKeyEvent& event) {
     return found == bindings.end() ? nullptr : &*found;
 }
 
+namespace {
+
+/// Whether Alt, held alone, has made another character than the key's own, as some keyboards do, or
+/// a character of no key at all.
+bool isComposed(const QKeyEvent& event) {
+    const bool hasKey = event.key() != 0 && event.key() != Qt::Key_unknown;
+    const auto own = static_cast<char32_t>(event.key());
+    return !hasKey || (event.key() < Qt::Key_Escape &&
+                       QChar::toUpper(event.text().toUcs4().constFirst()) != QChar::toUpper(own));
+}
+
+} // namespace
+
 /// Control and Alt alone make commands; together they are AltGr, which types.
 bool KeyHandler::isTyping(const QKeyEvent& event) {
     if (event.text().isEmpty()) {
@@ -116,6 +129,9 @@ bool KeyHandler::isTyping(const QKeyEvent& event) {
     const bool control = modifiers.testFlag(Qt::ControlModifier);
     const bool alt = modifiers.testFlag(Qt::AltModifier);
     if ((control && !alt) || modifiers.testFlag(Qt::MetaModifier)) {
+        return false;
+    }
+    if (alt && !control && !isComposed(event)) {
         return false;
     }
     const QChar first = event.text().at(0);
@@ -152,7 +168,7 @@ bool KeyHandler::claims(const QKeyEvent& event) const {
     if (binding != nullptr) {
         return binding->inReadOnly || !m_core.isReadOnly();
     }
-    return isTyping(event) && !event.modifiers().testFlag(Qt::AltModifier) && !m_core.isReadOnly();
+    return isTyping(event) && !m_core.isReadOnly();
 }
 
 void KeyHandler::move(const MoveBinding& binding, SelectionMode mode) {

@@ -1,18 +1,24 @@
+#include "core/colour_tables.h"
 #include "core/screen_scale.h"
 #include "main_window_fixture.h"
+#include "support/accessible_names.h"
 #include "support/modal_action.h"
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDropEvent>
 #include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTest>
+#include <QTimer>
 #include <QUrl>
 
 #include <functional>
@@ -133,6 +139,117 @@ TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
     setUp({u"Configure Displays", u"Configure Displays"});
     ASSERT_EQ(test.messages.boxes.size(), 1U);
     EXPECT_EQ(test.messages.boxes[0].title, u"Display 2 Not Available"_qs);
+}
+
+TEST_F(Form1Test, AnEmptyEditorTakesTheDefaultLookThatTheSetupSaved) {
+    load();
+    const auto saveGreenAndNarrow = [this] {
+        const ModalAction setup([](QWidget& window) {
+            const ModalAction defaults([](QWidget& dialog) {
+                dialog.findChild<QAbstractButton*>(u"SC4"_qs)->click();
+                dialog.findChild<QSlider*>(u"Hscroll1"_qs)->setValue(100);
+                dialog.findChild<QAbstractButton*>(u"Save"_qs)->click();
+            });
+            clickButton(window, u"Default Editor Settings");
+            window.close();
+        });
+        press(Qt::Key_U, Qt::AltModifier);
+    };
+    rtb1().setText(u"open"_qs);
+    saveGreenAndNarrow();
+    EXPECT_EQ(rtb1().BackColor(), Black);
+    rtb1().setText(QString());
+    saveGreenAndNarrow();
+    EXPECT_EQ(rtb1().BackColor(), Black) << "nothing was changed";
+    test.session.settings.ScreenBackColor = 0;
+    saveGreenAndNarrow();
+    EXPECT_EQ(rtb1().BackColor(), rgb(0, 128, 0));
+    EXPECT_EQ(rtb1().wrapWidth(), wrapWidthForMargin(100));
+}
+
+TEST_F(Form1Test, OnlyTheKeyboardsOwnActsLeaveTheFocusBesideTheText) {
+    load();
+    QApplication::setActiveWindow(&*form);
+    auto& slider = *control<QSlider>(u"Hscroll1");
+    auto& name = *control<QComboBox>(u"Combo1");
+    auto& points = *control<QComboBox>(u"Combo2");
+    const auto walkTo = [&](QWidget& to) {
+        for (int step = 0; step < 4 && form->focusWidget() != &to; ++step) {
+            QTest::keyClick(form->focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        }
+        EXPECT_EQ(form->focusWidget(), &to);
+    };
+    const auto isInText = [&] { return form->focusWidget() == control<RichTextView>(u"rtb1"); };
+    walkTo(slider);
+    QTest::keyClick(&slider, Qt::Key_Right);
+    EXPECT_EQ(slider.value(), settings.ColumnMargin + 1);
+    EXPECT_EQ(form->focusWidget(), &slider) << "for the next step";
+    QTest::keyClick(&slider, Qt::Key_Escape);
+    EXPECT_TRUE(isInText());
+    QTest::mouseClick(&slider, Qt::LeftButton);
+    EXPECT_TRUE(isInText());
+    for (QComboBox* list : {&name, &points}) {
+        walkTo(*list);
+        const QString before = list->currentText();
+        QTest::keyClick(list, list->currentIndex() > 0 ? Qt::Key_Up : Qt::Key_Down);
+        EXPECT_NE(list->currentText(), before);
+        EXPECT_EQ(form->focusWidget(), list);
+        for (const Qt::Key closing : {Qt::Key_Escape, Qt::Key_Return}) {
+            walkTo(*list);
+            QTest::keyClick(list, Qt::Key_Space);
+            QTest::keyClick(list->view(), closing);
+            EXPECT_TRUE(isInText()) << closing;
+            QTest::mouseClick(list, Qt::LeftButton);
+            QTest::keyClick(list->view(), closing);
+            EXPECT_TRUE(isInText()) << closing;
+        }
+    }
+    walkTo(points);
+    test.dialogs.choose(test.write(u"news.txt"_qs, "news"));
+    QTest::keyClick(&points, Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(rtb1().Text(), u"news"_qs) << "the editor's keys are the window's";
+    EXPECT_EQ(unnamedControls(*form), "");
+    EXPECT_LT(control<QLabel>(u"Label5")->x(), slider.x()) << "the wide end";
+}
+
+TEST_F(Form1Test, ANoticeGivesTheKeysBackTheirLine) {
+    load();
+    auto& line = *control<QLabel>(u"NoticeLine");
+    const QString keys = line.text();
+    form->showNotice(u"something"_qs);
+    EXPECT_EQ(line.text(), u"something"_qs);
+    auto* time = form->findChild<QTimer*>(u"NoticeTime"_qs);
+    ASSERT_TRUE(time->isActive());
+    time->start(0);
+    QTest::qWait(1);
+    EXPECT_EQ(line.text(), keys);
+}
+
+TEST_F(Form1Test, CommandKeysCountByTheirPlaceWhereTheKeyboardWritesNoLatinLetters) {
+    load();
+    QLineEdit box;
+    const auto pressAt = [&](quint32 place, char16_t letter, Qt::KeyboardModifiers modifiers,
+                             QWidget* to) {
+        for (const auto type : {QEvent::ShortcutOverride, QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, letter, modifiers, place, 0, 0, QString(QChar(letter)).toLower());
+            QApplication::sendEvent(to, &event);
+        }
+    };
+    QWidget* view = control<RichTextView>(u"rtb1");
+    test.dialogs.choose(test.write(u"news.txt"_qs, "news"));
+    pressAt(46, u'Д', Qt::ControlModifier, view);
+    EXPECT_EQ(rtb1().Text(), u"news"_qs);
+    pressAt(38, u'Ф', Qt::ControlModifier, view);
+    EXPECT_EQ(rtb1().SelLength(), 4);
+    pressAt(54, u'С', Qt::ControlModifier, view);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"news"_qs);
+    pressAt(55, u'М', Qt::ControlModifier, &box);
+    EXPECT_EQ(box.text(), u"news"_qs) << "in every window";
+    const ModalAction setup([](QWidget& window) { window.close(); });
+    pressAt(30, u'Г', Qt::AltModifier, view);
+    EXPECT_TRUE(setup.done());
+    pressAt(46, u'Д', Qt::NoModifier, view);
+    EXPECT_EQ(rtb1().Text(), u"д"_qs);
 }
 
 TEST_F(Form1Test, TheSliderMovesTheColumnAndWrapsTheScriptAnew) {

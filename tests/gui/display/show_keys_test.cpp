@@ -4,6 +4,7 @@
 #include "display/script_preparation.h"
 #include "editor/show_find_window.h"
 #include "show_fixture.h"
+#include "support/accessible_names.h"
 #include "support/modal_action.h"
 
 #include <gtest/gtest.h>
@@ -30,6 +31,13 @@ protected:
 };
 
 } // namespace
+
+TEST_F(ShowKeys, TheWindowsControlsHaveNamesAndRoles) {
+    for (const int timed : {0, 1}) {
+        settings.TimedDisplay = timed;
+        showFor(0.2, [this] { EXPECT_EQ(unnamedControls(*display), ""); });
+    }
+}
 
 TEST_F(ShowKeys, KeysDoWhatTheirTableSays) {
     struct Row {

@@ -81,6 +81,11 @@ TEST_F(ViewClipboard, TakesTheBestThatItCanRead) {
          false},
         {"damaged rtf", u"text/rtf"_qs, "nothing of the kind", u"thin"_qs, u"thin"_qs, false},
         {"line ends", QString(), {}, u"a\nb"_qs, u"a\r\nb"_qs, false},
+        {"web page alone", u"text/html"_qs,
+         "<link rel='stylesheet' href='/dev/zero'><style>@import url(/dev/zero);</style><p>a &amp; "
+         "<b>b</b><p>c<img "
+         "src='/dev/zero'>",
+         QString(), u"a & b\r\nc"_qs, false},
         {"picture", u"image/png"_qs, "...", QString(), QString(), false},
     };
     for (const auto& row : rows) {

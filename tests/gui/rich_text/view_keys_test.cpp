@@ -36,6 +36,12 @@ TEST_F(ViewKeys, LeavesCommandsToTheWindow) {
         {Qt::Key_Escape, Qt::NoModifier, "\x1b", false},
         {Qt::Key_Z, Qt::ControlModifier, "\x1a", false},
         {Qt::Key_Q, Qt::ControlModifier | Qt::AltModifier, "@", true}, // AltGr types
+        {Qt::Key_F, Qt::AltModifier, "f", false},
+        {Qt::Key_Exclam, Qt::AltModifier | Qt::ShiftModifier, "!", false},
+        {Qt::Key_Eacute, Qt::AltModifier, "\xe9", false},
+        {Qt::Key_Tab, Qt::AltModifier, "\t", false},
+        {Qt::Key_L, Qt::AltModifier, "|", true},          // written by Alt on this keyboard
+        {Qt::Key_unknown, Qt::AltModifier, "\xa7", true}, // composed
         {Qt::Key_A, Qt::ControlModifier, "\x01", true},
     };
     for (const auto& row : rows) {
@@ -43,7 +49,7 @@ TEST_F(ViewKeys, LeavesCommandsToTheWindow) {
         QApplication::sendEvent(&view, &event);
         EXPECT_EQ(event.isAccepted(), row.taken) << row.key;
     }
-    EXPECT_EQ(box.Text(), u"@abc"_qs);
+    EXPECT_EQ(box.Text(), u"@|§abc"_qs);
 }
 
 TEST_F(ViewKeys, Deletes) {

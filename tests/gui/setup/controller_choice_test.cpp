@@ -95,6 +95,7 @@ TEST_F(Form3Test, TheButtonPageShowsLimitedFunctionsAndSavesThem) {
             click(window, u"ShuttleXpress"_qs);
             EXPECT_FALSE(control<QWidget>(window, u"NoHandController"_qs).isVisible());
             EXPECT_EQ(rowsShown(window), row.shown);
+            EXPECT_TRUE(labelText(window, u"ShuttleNote"_qs).contains(u"No Speed Controller"_qs));
             QStringList texts;
             for (int i = 0; i < list(window, 5).count(); ++i) {
                 texts += list(window, 5).item(i)->text();

@@ -6,6 +6,7 @@
 #include "setup/display_options.h"
 #include "setup/editor_defaults.h"
 #include "setup/two_button_page.h"
+#include "support/accessible_names.h"
 #include "support/test_session.h"
 #include "widgets/colour_palette.h"
 
@@ -71,13 +72,15 @@ TEST(SetupWindows, FitTheScreenAndClipNoText) {
             std::make_unique<TwoButtonPage>(test.session.settings, nullptr),
         };
         windows[5]->setStyleSheet(main.styleSheet());
+        windows[5]->setWindowTitle(u"a page"_qs);
         // Less the frame and a panel.
         const QSize room = size - QSize(40, 80);
-        const auto check = [&](const QWidget& window) {
+        const auto check = [&](QWidget& window) {
             QCoreApplication::processEvents();
             const std::string what =
                 window.objectName().toStdString() + " on " + std::to_string(size.width());
             EXPECT_EQ(clipped(window), "") << what;
+            EXPECT_EQ(unnamedControls(window), "") << what;
             EXPECT_LE(window.width(), room.width()) << what;
             EXPECT_LE(window.height(), room.height()) << what;
         };

@@ -257,8 +257,9 @@ TEST_F(ScriptLoaderTest, NeitherLoadNorSaveStartsInsideAnother) {
 }
 
 TEST_F(ScriptLoaderTest, FontsThatAreNotInstalledAreNamedUntilTheNextLoad) {
-    loadFile(rtf, "{\\rtf1\\ansi{\\fonttbl{\\f0 Nosuch Grotesk;}}\\f0 text}");
+    loadFile(rtf, "{\\rtf1\\ansi{\\fonttbl{\\f0 Nosuch Grotesk;}{\\f1 Arial;}}\\f0 text\\f1 x}");
     ASSERT_EQ(test.host.notices.size(), 1);
+    EXPECT_FALSE(test.host.notices[0].contains(u"Arial"_qs)) << "the program's own default";
     EXPECT_TRUE(test.host.notices[0].contains(u"Nosuch Grotesk (shown as "))
         << test.host.notices[0].toStdString();
     rtb1.setText(QString());

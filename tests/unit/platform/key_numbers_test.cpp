@@ -40,6 +40,7 @@ TEST(KeyNumbers, FollowFromTheKeyElseFromItsPlace) {
         {Qt::Key_U, 41, 85},
         {Qt::Key_F, 29, 70},
         {Qt::Key_Ccedilla, 56, 0},
+        {Qt::Key_Semicolon, 41, 0},
         {Qt::Key_Shift, 41, 0},
     };
     for (const Row& row : rows) {
