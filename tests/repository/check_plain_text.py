@@ -13,14 +13,19 @@ from pathlib import Path
 RICH = re.compile(r"\b(setHtml|insertHtml|setMarkdown|QTextBrowser|convertFromPlainText|"
                   r"Qt::RichText|Qt::MarkdownText|QStaticText)\b")
 
+# Makes plain text of a web page, in a document that reads nothing.
+ALLOWED = {("platform/rich_text/rich_text_view_clipboard.cpp", "setHtml")}
+
 
 def violations(root):
     found = []
     for path in sorted(Path(root).rglob("*")):
+        name = path.relative_to(root).as_posix()
         if path.suffix in (".h", ".cpp"):
             for number, line in enumerate(path.read_text("utf-8").splitlines(), 1):
                 for word in RICH.findall(line):
-                    found.append(f"{path.relative_to(root)}:{number}: {word} makes text rich")
+                    if (name, word) not in ALLOWED:
+                        found.append(f"{name}:{number}: {word} makes text rich")
     return found
 
 
