@@ -52,10 +52,9 @@ class SessionEndTest(unittest.TestCase):
         self.assert_the_script_is_rescued(desk)
         desk.start(program_path())
         desk.answer(RECOVERED, "y")
-        desk.wait_for_editor(r"Recovered Script.rtf\*$")
+        desk.wait_for_editor(r"Recovered Script.rtf$")
         self.assertFalse((desk.settings_file.parent / "unsaved.rtf").exists())
         desk.close_by_frame()
-        desk.answer(EXIT_QUESTION, "n")
         self.assertEqual(desk.program.wait(10), 0)
         recovered = desk.settings_file.parent / "Recovered Script.rtf"
         self.assertIn(b"New Line 0", recovered.read_bytes())

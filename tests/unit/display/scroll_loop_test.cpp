@@ -355,8 +355,11 @@ TEST_F(ScrollLoopTest, NoticeGoesAfterTwoSeconds) {
     at(8, [&] {
         EXPECT_EQ(screen.statesShown, 2);
         EXPECT_EQ(show.MessageShownAt, 0);
+        t.clock.setTimer(86'399);
+        show.MessageShownAt = t.clock.Timer();
     });
-    runUntil(9);
+    at(10.5, [&] { EXPECT_EQ(screen.statesShown, 3) << "over midnight"; });
+    runUntil(11);
 }
 
 TEST_F(ScrollLoopTest, EveryWaitingStateCanBeLeftAndAsksThePedal) {

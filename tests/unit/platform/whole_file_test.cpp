@@ -6,9 +6,27 @@
 
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 using namespace velmora;
+
+namespace {
+
+bool brokenDisk = false;
+
+} // namespace
+
+/// In the place of the system's: a disk that took every byte may still fail to keep them.
+extern "C" int fdatasync(int descriptor) {
+    if (brokenDisk) {
+        errno = EIO;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_fdatasync, descriptor));
+}
 
 namespace {
 
@@ -55,6 +73,15 @@ TEST_F(WholeFile, FullDiskLeavesTheOldFile) {
     }
     EXPECT_TRUE(writeWholeFile(path, "fits"));
     expectOnly(u"script.rtf"_qs, "fits");
+}
+
+TEST_F(WholeFile, DiskThatFailsBehindTheWritesLeavesTheOldFile) {
+    writeBytes(path, "old");
+    brokenDisk = true;
+    const Outcome written = writeWholeFile(path, "new");
+    brokenDisk = false;
+    EXPECT_TRUE(written.reason().contains(u"Input/output error"_qs));
+    expectOnly(u"script.rtf"_qs, "old");
 }
 
 TEST_F(WholeFile, OnlyRegularFilesAreReadAndReplaced) {
