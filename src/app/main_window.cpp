@@ -224,7 +224,11 @@ void Form1::Combo2_Click() {
 void Form1::updateCaption() {
     QString caption = programName();
     if (!m_shownFile.isEmpty()) {
-        caption += QStringLiteral(" - ") + QFileInfo(m_shownFile).fileName();
+        // The toolkit takes this for the place of its own mark of a change, unless it is doubled.
+        caption +=
+            QStringLiteral(" - ") + QFileInfo(m_shownFile)
+                                        .fileName()
+                                        .replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     }
     if (m_session.script.TextChanged == 1 && holdsScript()) {
         caption += u'*';

@@ -20,6 +20,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
+#include <QWindow>
 
 #include <functional>
 
@@ -343,6 +344,8 @@ TEST_F(Form1Test, LoadAndSaveByKeysKeepTheCaptionTrue) {
     EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - kept.txt*"_qs) << "emptied";
     form->openScript(test.write(u"empty.txt"_qs, ""));
     EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - empty.txt"_qs);
+    form->openScript(test.write(u"a[*].txt"_qs, "a"));
+    EXPECT_EQ(form->windowHandle()->title(), u"Velmora V12.0 - a[*].txt"_qs);
 }
 
 TEST_F(Form1Test, LeavingWritesTheSettingsAndAsksAboutChangedTextOnly) {
