@@ -48,33 +48,6 @@ class PictureTest(unittest.TestCase):
 
 
 class DeskTest(unittest.TestCase):
-    def test_windows_keys_and_pictures_are_real(self):
-        with Desk((640, 480)) as desk:
-            desk.call("xsetroot", "-solid", "#204060")
-            self.assertEqual(desk.picture().pixel(600, 400), (0x20, 0x40, 0x60))
-
-            viewer = desk.spawn(["display", "-title", "A red window", "-size", "200x100", "xc:red"])
-            window = desk.wait_for_window("^A red window")
-            desk.wait_for_focus(window)
-            left, top, width, height = desk.geometry(window)
-            self.assertEqual((width, height), (200, 100))
-            red = [(255, 0, 0)] * 2
-            desk.wait_until(
-                "a red window to its corners",
-                lambda: [desk.picture().pixel(left, top),
-                         desk.picture().pixel(left + width - 1, top + height - 1)] == red, 5)
-            self.assertNotEqual(desk.picture().pixel(left - 1, top - 1), red[0])
-            desk.close_by_frame()
-            desk.wait_until_gone("^A red window")
-            viewer.wait(5)
-
-    def test_a_screen_is_divided_into_monitors(self):
-        with Desk((800, 300), monitors=[(0, 0, 400, 300), (400, 0, 400, 300)]) as desk:
-            listed = desk.call("xrandr", "--listmonitors").decode()
-        self.assertIn("Monitors: 2", listed)
-        self.assertRegex(listed, r"400/\d+x300/\d+\+0\+0 ")
-        self.assertRegex(listed, r"400/\d+x300/\d+\+400\+0 ")
-
     def test_what_does_not_come_is_told_and_everything_ends_with_the_desk(self):
         with Desk((320, 200)) as desk:
             child = desk.spawn(["sleep", "600"])

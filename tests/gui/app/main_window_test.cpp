@@ -89,16 +89,6 @@ TEST_F(Form1Test, AKeyPressedInsideTheLoadStepStartsNothingAndLaterCommandsDo) {
     EXPECT_EQ(rtb1().Text(), u"named at the start"_qs);
 }
 
-TEST_F(Form1Test, ANarrowerSecondDisplayRaisesTheSlidersMinimum) {
-    settings.MirrorMode = 4;
-    test.monitors.rectangles.push_back(QRect(1920, 0, 1280, 720));
-    load();
-    // The first margin with 1920 - 3 * margin not above 1280 - 53.
-    EXPECT_EQ(control<QSlider>(u"Hscroll1")->minimum(), 231);
-    EXPECT_EQ(test.session.settings.ColumnMargin, 231);
-    EXPECT_TRUE(test.messages.boxes.empty());
-}
-
 TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
     settings.ColumnMargin = 300;
     load();

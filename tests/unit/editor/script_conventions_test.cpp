@@ -1,6 +1,5 @@
 #include "editor/script_conventions.h"
 
-#include "platform/rich_text/rich_text_box.h"
 #include "support/flat_text.h"
 #include "support/random_text.h"
 #include "support/test_session.h"
@@ -12,42 +11,6 @@ namespace {
 
 constexpr Rgb24 Red = 0x0000FF;
 
-bool isBlackOrWhite(const std::optional<Rgb24>& color) {
-    return color == Black || color == White;
-}
-
-/// The colour rule as it is defined on the control: block by block, and in a mixed block character
-/// by character.
-void walkInBlocks(RichTextBox& box, Rgb24 target, Rgb24 other, int blockSize) {
-    box.selectAll();
-    if (isBlackOrWhite(box.SelColor())) {
-        box.setSelColor(target);
-        return;
-    }
-    for (int block = 0; block <= box.textLength(); block += blockSize) {
-        box.select(block, block + blockSize);
-        if (isBlackOrWhite(box.SelColor())) {
-            box.setSelColor(target);
-            continue;
-        }
-        for (int character = block; character < block + blockSize; ++character) {
-            box.select(character, character + 1);
-            if (box.SelColor() == other) {
-                box.setSelColor(target);
-            }
-        }
-    }
-}
-
-/// The tab rule as it is defined on the control.
-void replaceTabsOneByOne(RichTextBox& box) {
-    int at = 0;
-    while ((at = box.Find(u"\t"_qs, 0)) >= 0) {
-        box.select(at, at + 1);
-        box.setSelText(u" "_qs);
-    }
-}
-
 /// Text in these colours and its own formats; the last paragraph is not empty.
 RichTextFragment textIn(const std::vector<Rgb24>& colors, unsigned seed) {
     RandomTextParts parts;
@@ -57,28 +20,6 @@ RichTextFragment textIn(const std::vector<Rgb24>& colors, unsigned seed) {
     RichTextFragment text = random.fragment(0, 11, 30);
     text.paragraphs.push_back({u"the last words"_qs, {{9, 0}, {5, 1}}, 1, {}});
     return text;
-}
-
-TEST(ColourRule, GivesWhatTheWalkInBlocksGives) {
-    const std::vector<std::vector<Rgb24>> palettes = {{Black},
-                                                      {White},
-                                                      {Red},
-                                                      {Black, White},
-                                                      {Black, Red},
-                                                      {White, Red},
-                                                      {Black, White, Red, 0x800000}};
-    for (unsigned round = 0; round < 60; ++round) {
-        const RichTextFragment text = textIn(palettes[round % palettes.size()], round);
-        for (const auto& [target, other, blockSize] :
-             {std::tuple{White, Black, 50}, {Black, White, 30}}) {
-            RichTextBox walked;
-            walked.setFragment(text);
-            walkInBlocks(walked, target, other, blockSize);
-            RichTextFragment exchanged = text;
-            applyColourRule(exchanged, target, other);
-            ASSERT_EQ(flatten(walked.fragment()), flatten(exchanged)) << "round " << round;
-        }
-    }
 }
 
 TEST(ColourRule, DependsOnTheBackgroundAndLeavesNoTextInTheColourOfItsOwn) {
@@ -99,25 +40,6 @@ TEST(ColourRule, DependsOnTheBackgroundAndLeavesNoTextInTheColourOfItsOwn) {
         EXPECT_EQ(text.formats[0].color, c.newColor) << c.color << " on " << c.background;
         EXPECT_EQ(text.formats[0].backColor, c.newBehind) << c.color << " on " << c.behind;
     }
-}
-
-TEST(TabRule, GivesWhatFindingThemOneByOneGives) {
-    for (unsigned round = 0; round < 20; ++round) {
-        RichTextFragment text = textIn({Black, Red}, round);
-        RichTextBox box;
-        box.setFragment(text);
-        replaceTabsOneByOne(box);
-        replaceTabs(text);
-        ASSERT_EQ(flatten(box.fragment()), flatten(text)) << "round " << round;
-    }
-}
-
-TEST(OffsetRule, KeepsTheAlignment) {
-    RichTextFragment text;
-    text.paragraphs.resize(1);
-    text.paragraphs[0].format = {Alignment::Centre, true, 720, -360};
-    clearOffsets(text);
-    EXPECT_EQ(text.paragraphs[0].format, (ParagraphFormat{Alignment::Centre, true, 0, 0}));
 }
 
 TEST(PlainTextLook, CoversEveryCharacterAndEveryEmptyLine) {
