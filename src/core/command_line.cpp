@@ -243,16 +243,17 @@ CommandLine parseCommandLine(const QStringList& arguments, const QString& curren
     if (isOption(arguments.first())) {
         return parseOptions(arguments, folder);
     }
-    if (arguments.size() == 1 && QFileInfo(folder, arguments.first()).isFile()) {
-        line.script = folder.absoluteFilePath(arguments.first());
-        return line;
+    const bool single = arguments.size() == 1;
+    if (!single || !QFileInfo(folder, arguments.first()).isFile()) {
+        line.displays = parseRectangles(arguments);
     }
-    line.displays = parseRectangles(arguments);
     if (line.displays) {
         return line;
     }
-    if (arguments.size() == 1) {
-        return refused(QStringLiteral("There is no file \"%1\".").arg(arguments.first()));
+    if (single) {
+        // Started from a desktop, nobody reads stderr: what is wrong with it the window says.
+        line.script = folder.absoluteFilePath(arguments.first());
+        return line;
     }
     return refused(QStringLiteral("The command line is neither one script, nor an option with what "
                                   "belongs to it, nor the rectangles of two displays."));

@@ -62,7 +62,13 @@ Outcome cancelled() {
 }
 
 /// Where the converter of DOC and DOCX will stand.
-RtfReadResult convert(const QString&) {
+RtfReadResult convert(const QString& path) {
+    const QFileInfo file(path);
+    if (!file.isFile()) {
+        return {{},
+                Outcome::failure(file.isDir() ? QStringLiteral("It is a folder.")
+                                              : QStringLiteral("There is no such file."))};
+    }
     return {{}, Outcome::failure(QStringLiteral("There is no converter for Word files."))};
 }
 
@@ -81,6 +87,24 @@ void beginStory(RichTextFragment& text) {
     }
     text.paragraphs.insert(text.paragraphs.begin(), std::make_move_iterator(head.begin()),
                            std::make_move_iterator(head.end()));
+}
+
+/// What to do about a file that could not be loaded.
+QString adviceFor(const QString& path) {
+    const QFileInfo file(path);
+    if (file.isDir()) {
+        return QStringLiteral("Please choose a file in it.");
+    }
+    if (file.isFile() && file.isReadable()) {
+        return QStringLiteral("Please open it in the program that it comes from, and save it from "
+                              "there as RTF or text.");
+    }
+    // What stands for bytes that are no letters: the toolkit cannot open a file by such a name.
+    if (path.contains(QChar(QChar::ReplacementCharacter))) {
+        return QStringLiteral("Its name, or that of a folder, holds letters in an encoding other "
+                              "than UTF-8. Please rename it.");
+    }
+    return QStringLiteral("Please verify that the file exists and that you may read it.");
 }
 
 /// Whether it would take the editor more than a moment, so that somebody should watch.
@@ -168,7 +192,7 @@ bool ScriptLoader::load(const QString& path) {
 }
 
 void ScriptLoader::rememberFile(const QString& path) {
-    m_path = QDir::fromNativeSeparators(path);
+    m_path = QDir::cleanPath(QDir::fromNativeSeparators(path));
     m_textForm = {};
     m_type = scriptTypeOf(path);
     m_session.settings.LastScriptFolder = folderOfScript(m_path);
@@ -372,16 +396,11 @@ QString ScriptLoader::recentListText(Place place) {
 
 QString ScriptLoader::failureText(const QString& reason) const {
     const QString first = QStringLiteral("I could not load %1.\r\n\r\n").arg(m_path);
-    if (needsConverter(m_type)) {
+    if (needsConverter(m_type) && QFileInfo(m_path).isFile()) {
         return first + QStringLiteral("When loading .DOC or .DOCX files, please verify that Word "
                                       "is correctly installed.");
     }
-    const QString advice =
-        QFileInfo(m_path).isReadable()
-            ? QStringLiteral("Please open it in the program that it comes from, and save it from "
-                             "there as RTF or text.")
-            : QStringLiteral("Please verify that the file exists and that you may read it.");
-    return first + reason + QStringLiteral("\r\n\r\n") + advice;
+    return first + reason + QStringLiteral("\r\n\r\n") + adviceFor(m_path);
 }
 
 void ScriptLoader::giveBackEditor() {

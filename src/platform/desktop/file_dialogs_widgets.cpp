@@ -131,8 +131,8 @@ std::optional<FileDialogChoice> run(QFileDialog& dialog, const FileDialogRequest
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }
-    return FileDialogChoice{QFileInfo(dialog.selectedFiles().constFirst()).absoluteFilePath(),
-                            chosenFilter(dialog, request)};
+    const QString path = QFileInfo(dialog.selectedFiles().constFirst()).absoluteFilePath();
+    return FileDialogChoice{QDir::cleanPath(path), chosenFilter(dialog, request)};
 }
 
 } // namespace

@@ -30,6 +30,11 @@ TEST_F(CommandLineTest, OpensTheEditorWithTheNamedScript) {
     const CommandLine line = parse({u"talk one.rtf"_qs});
     EXPECT_EQ(line.action, Action::OpenEditor);
     EXPECT_EQ(line.script, m_test.path(u"talk one.rtf"_qs));
+    // The window says what is wrong with them.
+    for (const QString& name : {u"missing.rtf"_qs, u"."_qs}) {
+        EXPECT_EQ(parse({name}).action, Action::OpenEditor);
+        EXPECT_EQ(parse({name}).script, m_test.path(name));
+    }
 }
 
 TEST_F(CommandLineTest, ReadsDisplayRectanglesFromTheirColumns) {
@@ -82,7 +87,6 @@ TEST_F(CommandLineTest, UnderstandsTheUnattendedRuns) {
 
 TEST_F(CommandLineTest, RefusesEverythingElseAndNamesIt) {
     const std::pair<const char*, const char16_t*> cases[] = {
-        {"missing.rtf", u"missing.rtf"},
         {"--halp", u"--halp"},
         {"--speed 60", u"--rehearse"},
         {"--convert in.rtf", u"two files"},

@@ -83,6 +83,7 @@ TEST(RecentFiles, OddFilesAndPathsDoNoHarm) {
         test.write(RecentFileTable::fileName(), bytes);
         RecentFileTable recent(test.session.AppFolder);
         recent.add(u"/two\nlines.rtf"_qs);
+        recent.add(u"/other\rlines.rtf"_qs);
         recent.add(QString());
         EXPECT_EQ(recent.paths().filter(u"lines"_qs), QStringList());
         recent.add(u"/a.rtf"_qs);

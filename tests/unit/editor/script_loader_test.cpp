@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+
 namespace velmora {
 namespace {
 
@@ -54,7 +56,7 @@ TEST_F(ScriptLoaderTest, PlainTextArrivesInTheCurrentLookWithBlanksForTabs) {
     test.host.fontName = u"DejaVu Sans"_qs;
     test.host.fontSize = 31;
     session.settings.ScreenTextColor = 255;
-    loadFile(txt, "one\ttwo\r\nthree\nfour");
+    loadFile(u"./"_qs + txt, "one\ttwo\r\nthree\nfour");
     EXPECT_EQ(rtb1.Text(), u"one two\r\nthree\r\nfour");
     EXPECT_EQ(rtb1.SelStart(), 0);
     EXPECT_TRUE(test.messages.boxes.empty());
@@ -65,6 +67,8 @@ TEST_F(ScriptLoaderTest, PlainTextArrivesInTheCurrentLookWithBlanksForTabs) {
     EXPECT_EQ(test.host.progress, QStringList({u"Loading File."_qs, QString()}));
     EXPECT_EQ(session.script.ScriptFileType, 1);
     EXPECT_EQ(session.settings.LastScriptFolder, session.AppFolder);
+    EXPECT_EQ(session.script.ScriptFileName, test.path(txt)) << "a cleaned path";
+    EXPECT_EQ(recent.paths(), QStringList(test.path(txt)));
     expectAllPutAway();
 }
 
@@ -193,12 +197,16 @@ TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
     };
     const Case cases[] = {
         {u"missing.rtf"_qs, std::nullopt, u"verify that the file exists"_qs},
+        {u"missing.docx"_qs, std::nullopt, u"There is no such file."_qs},
+        {u"caf\uFFFD.rtf"_qs, std::nullopt, u"other than UTF-8"_qs},
+        {u"folder.rtf"_qs, std::nullopt, u"It is a folder.\r\n\r\nPlease choose a file"_qs},
         {u"binary.rtf"_qs, QByteArray("MZ\x90\x00\x03", 5), u"save it from there as RTF"_qs},
         {u"archive.odt"_qs, QByteArray("PK\x03\x04\x14\x00\x00\x08", 8),
          u"It holds something else than text."_qs},
         {u"old.doc"_qs, QByteArray("\xD0\xCF\x11\xE0"), u"Word is correctly installed."_qs},
         {u"new.DOCX"_qs, QByteArray("PK"), u"Word is correctly installed."_qs},
     };
+    QDir().mkpath(test.path(u"folder.rtf"_qs));
     for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
         for (const Case& c : cases) {
             test.messages.boxes.clear();
