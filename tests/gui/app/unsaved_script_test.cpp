@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QTest>
 
 namespace velmora {
@@ -20,6 +21,17 @@ TEST_F(Form1Test, OnlyWhatIsInNoFileIsRescuedAndTheNextStartOffersIt) {
     EXPECT_TRUE(rescued().isNull()) << "only loaded";
     rtb1().setSelText(u"typed "_qs);
     EXPECT_TRUE(rescued().contains("typed "));
+    // Neither a save that fails nor an append brings it into a file.
+    QDir().mkpath(test.path(u"folder.txt"_qs));
+    test.dialogs.choose(test.path(u"folder.txt"_qs), 1);
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(test.messages.boxes.back().title, u"Could Not Save File"_qs);
+    EXPECT_EQ(form->windowTitle(), u"Velmora V12.0 - news.txt*"_qs);
+    EXPECT_TRUE(test.read(u"unsaved.rtf"_qs).contains("typed ")) << "a failed save";
+    test.messages.answers = {MessageAnswer::Yes};
+    test.dialogs.choose(test.write(u"second.txt"_qs, "second"));
+    press(Qt::Key_L, Qt::ControlModifier);
+    EXPECT_TRUE(test.read(u"unsaved.rtf"_qs).contains("typed ")) << "an append";
     test.dialogs.choose(test.path(u"kept.txt"_qs), 1);
     press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_TRUE(test.read(u"unsaved.rtf"_qs).isNull()) << "saved";

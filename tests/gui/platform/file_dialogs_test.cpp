@@ -165,6 +165,7 @@ TEST_F(FileDialogTest, AMissingFolderOpensAnotherOneAndAFullPathIsOffered) {
 
 TEST_F(FileDialogTest, ReplacingAnotherFileIsAskedAndNoLeadsBackToTheDialog) {
     request.fileName = u"note.rtf"_qs;
+    request.ownFile = path(u"show.rtf"_qs);
     // The program writes text where the text filter is in force, whatever was typed.
     request.filterIndex = 1;
     request.writtenPath = [](const FileDialogChoice& choice) {
