@@ -54,4 +54,11 @@ struct RgbParts final {
     return value >= White ? White : static_cast<Rgb24>(value);
 }
 
+/// Contrast of two colours, 1 for the same to 21 for black and white, as WCAG 2 defines it.
+[[nodiscard]] double contrastOf(Rgb24 one, Rgb24 other);
+/// Just above that of a colour with itself.
+inline constexpr double SameColour = 1.001;
+/// The least at which WCAG 2 calls large text readable.
+inline constexpr double ReadableContrast = 3;
+
 } // namespace velmora

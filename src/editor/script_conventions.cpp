@@ -9,13 +9,13 @@
 
 namespace velmora {
 
-void applyColourRule(RichTextFragment& text, Rgb24 target, Rgb24 other) {
+void applyColourRule(RichTextFragment& text, Rgb24 target, Rgb24 other, double leastContrast) {
     for (CharacterFormat& format : text.formats) {
         if (format.color != other) {
             continue;
         }
         format.color = target;
-        if (format.backColor == target) {
+        if (contrastOf(target, format.backColor) < leastContrast) {
             format.backColor = 0;
         }
     }
@@ -23,9 +23,9 @@ void applyColourRule(RichTextFragment& text, Rgb24 target, Rgb24 other) {
 
 void applyColourRuleForBackground(RichTextFragment& text, Rgb24 background) {
     if (background == Black) {
-        applyColourRule(text, White, Black);
+        applyColourRule(text, White, Black, ReadableContrast);
     } else if (background == White) {
-        applyColourRule(text, Black, White);
+        applyColourRule(text, Black, White, ReadableContrast);
     }
 }
 

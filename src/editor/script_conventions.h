@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/colour_tables.h"
 #include "platform/rich_text/rich_text_fragment.h"
 
 #include <QString>
@@ -16,12 +17,15 @@ class Session;
 /// only two colours that is the same as exchanging a colour in the table of formats, which takes no
 /// time however long the script is.
 ///
-/// Text that would take the colour of its own background loses that background: it would not be
-/// seen. (Word processors put white behind text that they take from the web.)
-void applyColourRule(RichTextFragment& text, Rgb24 target, Rgb24 other);
+/// Text whose new colour has less than this contrast with its own background loses that background.
+/// By default that is a background of the very colour; a save takes no more than that, for the
+/// editor's own colours come back with the next load.
+void applyColourRule(RichTextFragment& text, Rgb24 target, Rgb24 other,
+                     double leastContrast = SameColour);
 
 /// The colour rule for text that enters an editor: on black, black text turns white; on white,
-/// white text turns black; on any other background nothing happens.
+/// white text turns black; on any other background nothing happens. What could hardly be read on
+/// its own background, such as what a yellow marker pen has marked, loses that background.
 void applyColourRuleForBackground(RichTextFragment& text, Rgb24 background);
 
 /// The tab rule: every tab becomes a blank of the same format.

@@ -71,7 +71,7 @@ RandomTextParts partsForFiles() {
     parts.pieces = {u"word "_qs, u"\\{}"_qs,       u"éüß"_qs,
                     u"日本"_qs,  u"\U0001F3A5"_qs, u"\u2028"_qs,
                     u"\t"_qs,    u"1-2"_qs,        u"\u00a0\u00ad\u2011"_qs,
-                    u"^----"_qs, u" "_qs,          u"\u05e9\uF0B7"_qs};
+                    u"^----"_qs, u" "_qs,          u"\u05e9\uE0B7"_qs};
     parts.fonts = {u"Arial"_qs, u"Times New Roman"_qs, u"Symbol"_qs, u"明朝 {x}"_qs, QString()};
     parts.halfPoints = {24, 24, 2, 3, 53, 999, 1999, 2000};
     parts.colors = {Black, Black, White, 0x0000FF, 0x123456, 0xFFFFFE, 0x010000};

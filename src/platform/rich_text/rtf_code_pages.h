@@ -19,6 +19,7 @@ public:
     explicit CodePage(int number);
 
     [[nodiscard]] int number() const { return m_number; }
+    [[nodiscard]] bool isDoubleByte() const { return m_kind == Kind::DoubleByte; }
     /// How many bytes the character takes that begins with this byte: 1, 2, or up to 4 in UTF-8.
     [[nodiscard]] int sequenceLength(unsigned char first) const;
     /// Whether the byte can stand behind the first one of a longer character.

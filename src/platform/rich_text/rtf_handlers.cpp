@@ -25,11 +25,7 @@ void RtfInterpreter::unicode(const RtfToken& token, int) {
         lineEnd(token, 0);
     } else if (value >= 0xF020 && value <= 0xF0FF && inBody()) {
         refreshFormat();
-        if (m_run.hasSigns()) {
-            putSign(static_cast<unsigned char>(value & 0xFF));
-        } else {
-            put(static_cast<char16_t>(value));
-        }
+        putSign(static_cast<unsigned char>(value & 0xFF));
     } else {
         put(static_cast<char16_t>(value));
     }
@@ -64,7 +60,7 @@ void RtfInterpreter::cellEnd(const RtfToken&, int) {
 }
 
 void RtfInterpreter::rowEnd(const RtfToken&, int) {
-    if (inBody() || m_group.destination == RtfDestination::Silent) {
+    if (inBody()) {
         dropHalfCharacter();
         refreshFormat();
         m_builder.endRow(m_group.formats.paragraph);

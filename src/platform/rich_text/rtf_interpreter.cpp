@@ -52,8 +52,12 @@ bool RtfInterpreter::readHeader() {
 
 void RtfInterpreter::follow(const RtfToken& token) {
     RtfToken rest = token;
-    if (isAttachmentSign(token) || (m_unitsToSkip > 0 && isReplaced(rest))) {
+    if (isAttachmentSign(rest) || (m_unitsToSkip > 0 && isReplaced(rest))) {
         return;
+    }
+    if (isBareStar(rest)) {
+        rest.kind = RtfTokenKind::Symbol;
+        rest.byte = '*';
     }
     // An alternative shows by its first words whether it is the one to read.
     const bool shown = token.kind == RtfTokenKind::Word || token.kind == RtfTokenKind::Symbol ||
@@ -96,13 +100,29 @@ void RtfInterpreter::follow(const RtfToken& token) {
     m_atGroupStart = rest.kind == RtfTokenKind::GroupStart || (m_atGroupStart && m_ignorable);
 }
 
-bool RtfInterpreter::isAttachmentSign(const RtfToken& token) {
+bool RtfInterpreter::isAttachmentSign(RtfToken& token) {
     constexpr unsigned char sign = 0xAC;
     if (!m_attachmentBefore || token.kind == RtfTokenKind::GroupEnd) {
         return false;
     }
     m_attachmentBefore = false;
+    if (token.kind == RtfTokenKind::HighBytes &&
+        static_cast<unsigned char>(token.text.front()) == sign) {
+        token.text.remove_prefix(1);
+        return token.text.empty();
+    }
     return token.kind == RtfTokenKind::Hex && token.byte == sign;
+}
+
+bool RtfInterpreter::isBareStar(const RtfToken& token) const {
+    if (!m_atGroupStart || token.kind != RtfTokenKind::Text || token.text != "*") {
+        return false;
+    }
+    RtfTokenizer ahead = m_tokenizer;
+    const RtfToken word = ahead.next();
+    const RtfControlWord* row =
+        word.kind == RtfTokenKind::Word ? findRtfControlWord(word.text) : nullptr;
+    return row != nullptr && row->handler == &RtfInterpreter::skip;
 }
 
 bool RtfInterpreter::isReplaced(RtfToken& token) {
@@ -205,18 +225,18 @@ void RtfInterpreter::endStyle(const RtfGroup& closed) {
 }
 
 void RtfInterpreter::endFieldInstruction() {
-    const char16_t sign = symbolOfField(m_instruction);
-    if (sign != 0 && inBody()) {
-        put(sign);
-        m_resultReplaced = true;
+    if (!inBody()) {
+        return;
     }
+    const QString text = textOfField(m_instruction);
+    std::for_each(text.begin(), text.end(), [this](QChar unit) { put(unit.unicode()); });
+    m_resultReplaced = m_resultReplaced || !text.isEmpty();
 }
 
 void RtfInterpreter::leaveUnclosedTable(bool evenStyleSheet) {
     const auto isTable = [evenStyleSheet](const RtfGroup& group) {
         return group.destination == RtfDestination::FontTable ||
                group.destination == RtfDestination::ColorTable ||
-               group.destination == RtfDestination::Silent ||
                group.destination == RtfDestination::Alternatives ||
                (evenStyleSheet && group.destination == RtfDestination::StyleSheet);
     };

@@ -23,7 +23,7 @@ public:
 
     /// Groups nested deeper than this are skipped.
     static constexpr std::size_t MaxDepth = 100'000;
-    static constexpr std::size_t MaxInstructionBytes = 512;
+    static constexpr qsizetype MaxInstructionUnits = 4096;
     /// So many skipped groups without a closing brace are left again; each costs a look at the
     /// whole rest of the file.
     static constexpr int MaxUnclosedSkips = 64;
@@ -96,8 +96,11 @@ private:
 
     [[nodiscard]] bool readHeader();
     void follow(const RtfToken& token);
-    /// Whether the token is the sign of the attachment whose group ended before it.
-    [[nodiscard]] bool isAttachmentSign(const RtfToken& token);
+    /// Whether the token is the sign of the attachment whose group ended before it, and no more;
+    /// the sign goes from one that is more.
+    [[nodiscard]] bool isAttachmentSign(RtfToken& token);
+    /// Whether the token is the star of a group whose text is not shown, without its backslash.
+    [[nodiscard]] bool isBareStar(const RtfToken& token) const;
     /// Whether the token stands for a character that a \u before it has replaced.
     [[nodiscard]] bool isReplaced(RtfToken& token);
 
@@ -192,7 +195,7 @@ private:
     };
     StyleRow m_style;
 
-    std::string m_instruction;
+    QString m_instruction;
     bool m_resultReplaced = false;
 };
 

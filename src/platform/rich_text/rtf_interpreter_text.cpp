@@ -10,7 +10,10 @@ namespace velmora {
 void RtfInterpreter::symbol(unsigned char byte) {
     switch (byte) {
     case '\n':
-        lineEnd({}, 0);
+        // In a table of the header a writer has only broken its own line.
+        if (inBody()) {
+            lineEnd({}, 0);
+        }
         break;
     case '~':
         put(QChar::Nbsp);
@@ -57,12 +60,11 @@ void RtfInterpreter::asciiText(std::string_view text) {
         }
         break;
     case RtfDestination::FieldInstruction:
-        m_instruction.append(text.substr(0, MaxInstructionBytes - m_instruction.size()));
+        std::for_each(text.begin(), text.end(), [this](char c) { put(static_cast<char16_t>(c)); });
         break;
     case RtfDestination::StyleSheet:
     case RtfDestination::Alternatives:
     case RtfDestination::Alternative:
-    case RtfDestination::Silent:
         break;
     }
 }
@@ -81,7 +83,13 @@ void RtfInterpreter::bodyText(std::string_view text) {
                       [this](char c) { decode(static_cast<unsigned char>(c)); });
         return;
     }
-    m_builder.appendAscii(QLatin1StringView(text.data(), static_cast<qsizetype>(text.size())));
+    const QLatin1StringView latin(text.data(), static_cast<qsizetype>(text.size()));
+    if (m_group.formats.character.capitals) {
+        const QByteArray capitals = QByteArray(latin.data(), latin.size()).toUpper();
+        m_builder.appendAscii(QLatin1StringView(capitals));
+    } else {
+        m_builder.appendAscii(latin);
+    }
 }
 
 void RtfInterpreter::highBytes(std::string_view bytes) {
@@ -97,7 +105,8 @@ void RtfInterpreter::highBytes(std::string_view bytes) {
 }
 
 void RtfInterpreter::byte(unsigned char byte) {
-    const bool decoded = inBody() || m_group.destination == RtfDestination::FontTable;
+    const bool decoded = inBody() || m_group.destination == RtfDestination::FontTable ||
+                         m_group.destination == RtfDestination::FieldInstruction;
     if (byte < 0x80 && !decoded) {
         const char text = static_cast<char>(byte);
         asciiText(std::string_view(&text, 1));
@@ -115,8 +124,10 @@ void RtfInterpreter::decode(unsigned char byte) {
             return;
         }
         page = m_run.codePage;
-    } else {
+    } else if (m_group.destination == RtfDestination::FontTable) {
         page = codePage(m_fonts.nameCodePage());
+    } else {
+        page = codePage(m_fonts.font(m_group.formats.character.font).codePage);
     }
     if (!m_halfCharacter.empty() && m_halfCharacterPage == page && page->isTrail(byte)) {
         m_halfCharacter.push_back(static_cast<char>(byte));
@@ -138,17 +149,28 @@ void RtfInterpreter::decode(unsigned char byte) {
 void RtfInterpreter::put(char16_t unit) {
     if (m_group.destination == RtfDestination::FontTable) {
         m_fonts.append(QChar(unit));
+    } else if (m_group.destination == RtfDestination::FieldInstruction &&
+               m_instruction.size() < MaxInstructionUnits) {
+        m_instruction.append(QChar(unit));
     }
     if (!inBody() || isHidden()) {
         return;
     }
     dropHalfCharacter();
     refreshFormat();
-    m_builder.append(unit);
+    if (!m_group.formats.character.capitals) {
+        m_builder.append(unit);
+        return;
+    }
+    for (const QChar capital : QString(QChar(unit)).toUpper()) {
+        m_builder.append(capital.unicode());
+    }
 }
 
 void RtfInterpreter::putSign(unsigned char byte) {
-    const char16_t sign = symbolCharacter(m_run.symbols, byte);
+    // In a font for text these are what a list's bullets are written as: signs of Symbol.
+    const SymbolSet set = m_run.symbols == SymbolSet::None ? SymbolSet::Symbol : m_run.symbols;
+    const char16_t sign = symbolCharacter(set, byte);
     const bool onlyInItsFont = m_run.hasSigns() && sign >= 0xF000 && sign <= 0xF0FF;
     if (!onlyInItsFont || isHidden()) {
         put(sign);
@@ -161,11 +183,15 @@ void RtfInterpreter::putSign(unsigned char byte) {
     m_formatStale = true;
 }
 
+/// A lead byte that no other one follows was meant as a character of its own, whatever the font
+/// says: bullets are written so.
 void RtfInterpreter::dropHalfCharacter() {
-    if (!m_halfCharacter.empty()) {
-        m_halfCharacter.clear();
-        put(QChar::ReplacementCharacter);
+    if (m_halfCharacter.empty()) {
+        return;
     }
+    const auto lead = static_cast<unsigned char>(std::exchange(m_halfCharacter, {}).front());
+    put(m_halfCharacterPage->isDoubleByte() ? windows1252(lead)
+                                            : char16_t(QChar::ReplacementCharacter));
 }
 
 CodePage* RtfInterpreter::codePage(int number) {

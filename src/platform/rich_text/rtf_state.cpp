@@ -19,6 +19,7 @@ void RtfFormats::apply(const RtfFormats& style) {
     take(PropertyUnderline, character.underline, from.underline);
     take(PropertyStrike, character.strike, from.strike);
     take(PropertyDoubleStrike, character.doubleStrike, from.doubleStrike);
+    take(PropertyCapitals, character.capitals, from.capitals);
     take(PropertyHidden, character.hidden, from.hidden);
     take(PropertyAlignment, paragraph.alignment, style.paragraph.alignment);
     take(PropertyDirection, paragraph.rightToLeft, style.paragraph.rightToLeft);

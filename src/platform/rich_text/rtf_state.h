@@ -26,6 +26,7 @@ struct RtfCharacter final {
     bool underline = false;
     bool strike = false;
     bool doubleStrike = false;
+    bool capitals = false;
     bool hidden = false;
     bool deleted = false;
 
@@ -45,6 +46,7 @@ enum RtfProperty : std::uint32_t {
     PropertyStrike = 1u << 8,
     PropertyDoubleStrike = 1u << 9,
     PropertyHidden = 1u << 10,
+    PropertyCapitals = 1u << 11,
     PropertyAlignment = 1u << 16,
     PropertyDirection = 1u << 17,
     PropertyLeftOffset = 1u << 18,
@@ -69,14 +71,12 @@ enum class RtfDestination : std::uint8_t {
     FontTable,
     ColorTable,
     StyleSheet,
-    /// A field's instruction: never shown, kept only to find the signs of SYMBOL fields.
+    /// A field's instruction: kept for the fields whose text it holds.
     FieldInstruction,
     /// A pair of an old and a Unicode form of the same thing, of which the second is read.
     Alternatives,
     /// A member of such a pair that has not yet shown to be the second.
     Alternative,
-    /// Control words are followed, text is not shown.
-    Silent,
 };
 
 /// What a brace saves and restores.

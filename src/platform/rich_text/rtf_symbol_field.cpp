@@ -5,12 +5,12 @@
 
 #include <QString>
 
+#include <algorithm>
+
 namespace velmora {
 
-char16_t symbolOfField(std::string_view instruction) {
-    const QString text =
-        QString::fromLatin1(instruction.data(), static_cast<qsizetype>(instruction.size()))
-            .simplified();
+char16_t symbolOfField(const QString& instruction) {
+    const QString text = instruction.simplified();
     if (!text.startsWith(QLatin1StringView("SYMBOL "), Qt::CaseInsensitive)) {
         return 0;
     }
@@ -28,6 +28,39 @@ char16_t symbolOfField(std::string_view instruction) {
         return symbolCharacter(symbolSetOfFont(font), byte);
     }
     return byte >= 0x80 && byte < 0xA0 ? windows1252(byte) : byte;
+}
+
+QString equationText(const QString& instruction) {
+    const QString text = instruction.simplified();
+    if (!text.startsWith(QLatin1StringView("EQ "), Qt::CaseInsensitive)) {
+        return QString();
+    }
+    // What stands in brackets is shown, what stands before them are switches.
+    QString shown;
+    int depth = 0;
+    for (qsizetype at = 3; at < text.size(); ++at) {
+        const QChar unit = text[at];
+        if (unit == u'\\' && at + 1 < text.size()) {
+            const QChar escaped = text[++at];
+            if (escaped.isLetter() || escaped == u'*') {
+                at = std::max(at, text.indexOf(u'(', at) - 1);
+            } else if (depth > 0) {
+                shown += escaped;
+            }
+        } else if (unit == u'(') {
+            ++depth;
+        } else if (unit == u')') {
+            depth = std::max(0, depth - 1);
+        } else if (depth > 0) {
+            shown += unit == u',' || unit == u';' ? u' ' : unit;
+        }
+    }
+    return shown.simplified();
+}
+
+QString textOfField(const QString& instruction) {
+    const char16_t sign = symbolOfField(instruction);
+    return sign != 0 ? QString(QChar(sign)) : equationText(instruction);
 }
 
 } // namespace velmora

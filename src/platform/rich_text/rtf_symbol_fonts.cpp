@@ -128,7 +128,8 @@ char16_t symbolCharacter(SymbolSet set, unsigned char byte) {
     case SymbolSet::Unknown:
         break;
     }
-    return byte < 0x80 ? byte : addressed(byte);
+    // Most are named after Symbol's own bullets; words stay readable.
+    return byte < 0x80 ? byte : inSymbol(byte);
 }
 
 } // namespace velmora

@@ -8,9 +8,15 @@ namespace velmora {
 
 namespace {
 
+struct Family final {
+    QString name;
+    int codePage = 0;
+};
+
 /// Old systems list one family once for each script that it has, with the script behind its name;
-/// on today's machines only the family itself is known.
-QString familyOf(const QString& name, int codePage) {
+/// on today's machines only the family itself is known. The name alone tells the code page where
+/// nothing else does.
+Family familyOf(const QString& name, int codePage, bool nameDecides) {
     struct Row final {
         const char16_t* suffix;
         int codePage;
@@ -22,11 +28,12 @@ QString familyOf(const QString& name, int codePage) {
     };
     for (const Row& row : rows) {
         const QStringView suffix(row.suffix);
-        if (codePage == row.codePage && name.size() > suffix.size() && name.endsWith(suffix)) {
-            return name.chopped(suffix.size());
+        if ((nameDecides || codePage == row.codePage) && name.size() > suffix.size() &&
+            name.endsWith(suffix)) {
+            return {name.chopped(suffix.size()), row.codePage};
         }
     }
-    return name;
+    return {name, codePage};
 }
 
 } // namespace
@@ -68,8 +75,10 @@ void RtfFontTable::finish() {
     if (m_fonts.size() >= MaxFonts) {
         return;
     }
-    m_row.codePage = nameCodePage();
-    m_row.name = familyOf(rtfFontName(m_row.name), m_row.codePage);
+    const bool nothingGiven = m_rowCharset < 0 && m_rowCodePage == 0;
+    const Family family = familyOf(rtfFontName(m_row.name), nameCodePage(), nothingGiven);
+    m_row.codePage = family.codePage;
+    m_row.name = family.name;
     if (m_rowCharset == CodePages::SymbolCharset) {
         m_row.symbols = symbolSetOfFont(m_row.name);
     }

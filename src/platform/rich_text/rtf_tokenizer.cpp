@@ -109,6 +109,9 @@ RtfToken RtfTokenizer::hex() {
     if (low < 0) {
         token.kind = RtfTokenKind::Symbol;
         token.byte = '\'';
+        // Half a number has a damaged half beside it, which is no text either.
+        const bool half = high >= 0 && (classOf(m_at[1]) == Plain || classOf(m_at[1]) == High);
+        m_at += half ? 2 : 0;
         return token;
     }
     m_at += 2;

@@ -249,12 +249,18 @@ void writeParagraph(Output& output, const Paragraph& paragraph, const FormatTabl
     writeParagraphFormat(output, paragraph.format);
     const QStringView text(paragraph.text);
     qsizetype at = 0;
+    qsizetype runEnd = 0;
     int written = -1;
     for (const TextRun& run : paragraph.runs) {
-        const qsizetype length = std::min<qsizetype>(run.length, text.size() - at);
+        runEnd = std::min<qsizetype>(runEnd + run.length, text.size());
+        qsizetype length = runEnd - at;
         if (length <= 0) {
             continue;
         }
+        // The two halves of a character are one character, whatever formats they have.
+        const bool cutsOne = runEnd < text.size() && text[runEnd - 1].isHighSurrogate() &&
+                             text[runEnd].isLowSurrogate();
+        length += cutsOne ? 1 : 0;
         if (tables.number(run.format) != written) {
             written = tables.number(run.format);
             output.append(tables.words(run.format));

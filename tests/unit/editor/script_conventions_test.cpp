@@ -34,7 +34,9 @@ TEST(ColourRule, DependsOnTheBackgroundAndLeavesNoTextInTheColourOfItsOwn) {
           Case{Black, Red, 0, Red, 0}, Case{White, White, 0, Black, 0},
           Case{White, Black, 0, Black, 0}, Case{DarkBlue, Black, 0, Black, 0},
           Case{0x010000, White, 0, White, 0}, Case{Black, Black, White, White, 0},
-          Case{Black, Black, Yellow, White, Yellow}, Case{Black, Red, White, Red, White}}) {
+          Case{Black, Black, Yellow, White, 0}, Case{Black, Black, DarkBlue, White, DarkBlue},
+          Case{White, White, Yellow, Black, Yellow}, Case{White, White, DarkBlue, Black, 0},
+          Case{Black, Red, White, Red, White}}) {
         RichTextFragment text{{{QString(), 24, c.color, c.behind}}, {}};
         applyColourRuleForBackground(text, c.background);
         EXPECT_EQ(text.formats[0].color, c.newColor) << c.color << " on " << c.background;

@@ -38,9 +38,9 @@ TEST(RtfCodePages, ReadTheBytesOfEveryFamily) {
         {"\\ansicpg65001\\'c3\\'a9 \xe2\x82\xac\xf0\x9f\x8e\xa5", u"\u00e9 \u20ac\U0001F3A5"_qs},
         // A character cut into two runs, and one whose second half never comes.
         {"\\ansicpg932\\'82{\\b\\'b1}a", u"{b:\u3053}a"_qs},
-        {"\\ansicpg932\\'82\\par a", u"\ufffd|a"_qs},
-        {"\\ansicpg932 a\\'82", u"a\ufffd"_qs},
-        {"\\ansicpg932\\'82 \\'82\\'b1", u"\ufffd \u3053"_qs},
+        {"\\ansicpg932\\'82\\par a", u"\u201a|a"_qs},
+        {"\\ansicpg932 a\\'82", u"a\u201a"_qs},
+        {"\\ansicpg932\\'82 \\'82\\'b1", u"\u201a \u3053"_qs},
         // Code pages that do not exist are Windows-1252; so are Unicode numbers that are none.
         {"\\ansicpg99999\\'e9", u"\u00e9"_qs},
         {"\\u133?\\u150?", u"\u2026\u2013"_qs},
@@ -66,6 +66,13 @@ TEST(RtfCodePages, TheFontDecides) {
     expectReadings({
         {fonts + "\\f0\\'e9\\f1\\'e9\\f2\\'82\\'b1\\f3\\'e1\\f4\\'e9\\f5\\'8e",
          u"{'L':\u00e9}{'D':\u0439}{'J':\u3053}{'G':\u03b1}{'N':\u0439}{'M':\u00e9}"_qs},
+        // A lead byte alone, as bullets are written; the next one is no other half.
+        {fonts + "\\f2\\'96\\tab\\'96 a\\'82\\'b1", u"{'J':\u2013\t\u2013 a\u3053}"_qs},
+        // The name alone tells the code page.
+        {"{\\fonttbl{\\f0 A CE;}{\\f1 B Cyr;}{\\f2 C Greek;}{\\f3 D "
+         "(Hebrew);}}\\f0\\'e8\\f1\\'e9\\f2"
+         "\\'e1\\f3\\'e0",
+         u"{'A':\u010d}{'B':\u0439}{'C':\u03b1}{'D':\u05d0}"_qs},
         {"{\\fonttbl{\\f0\\fcharset129 \\'b8\\'bc\\'c0\\'ba;}}a", u"{'\ub9d1\uc740':a}"_qs},
     });
 }
@@ -82,10 +89,11 @@ TEST(RtfCodePages, SymbolFontsBecomeUnicode) {
         {"\\fcharset2 ZapfDingbats", "4\\'d5n", u"\u2714\u2192\u25a0"_qs},
         {"\\fcharset2 Zapf Dingbats", "\\u-4031?", u"\u2721"_qs},
         // The name alone says nothing: it may be ordinary text in that font.
-        {" Symbol", "a\\'b7\\u-3913?", u"a\u00b7\uf0b7"_qs},
+        {" Symbol", "a\\'b7\\u-3913?", u"a\u00b7\u2022"_qs},
+        {" Liberation Serif", "\\u61623\\'3f\\u-4031\\'3f", u"\u2022\u0391"_qs},
         {"\\fcharset0 Symbol", "a\\'b7", u"a\u00b7"_qs},
-        // An unknown symbol font keeps words readable and addresses the rest.
-        {"\\fcharset2 Webthings", "a\\'b7\\u-4031?", u"a\uf0b7\uf041"_qs},
+        // An unknown symbol font keeps words readable; its other signs are mostly Symbol's.
+        {"\\fcharset2 Webthings", "a\\'b7\\u-4031?", u"a\u2022A"_qs},
     };
     for (const Row& row : rows) {
         const QString reading =
@@ -106,7 +114,7 @@ TEST(RtfCodePages, SignsOfSymbolFontsTakeTheFontOfTheTextAroundThem) {
         {fonts + "\\f0\\f1{\\b\\'b7}\\par", u"{b 'A':\u2022}|"_qs},
         // What Unicode lacks can only be shown in the font itself.
         {fonts + "\\f0\\f3\\'e0\\'3a\\'e0", u"{'A':\u2192}{'Wingdings':\uf03a}{'A':\u2192}"_qs},
-        {fonts + "\\f0\\f4 a\\'b7", u"{'Webthings':a\uf0b7}"_qs},
+        {fonts + "\\f0\\f4 a\\'b7", u"{'Webthings':a\u2022}"_qs},
         // A table without a font for text.
         {"{\\fonttbl{\\f1\\fcharset2 Symbol;}}\\'b7", u"{'Symbol':\u2022}"_qs},
         {"{\\fonttbl{\\f1\\fcharset2 Symbol;}{\\f2 B;}}\\'b7", u"{'B':\u2022}"_qs},
@@ -114,13 +122,13 @@ TEST(RtfCodePages, SignsOfSymbolFontsTakeTheFontOfTheTextAroundThem) {
 }
 
 TEST(RtfCodePages, SymbolFieldsShowTheirSign) {
-    EXPECT_EQ(symbolOfField(" SYMBOL 224 \\f \"Wingdings\" \\s 12 "), u'\u2192');
-    EXPECT_EQ(symbolOfField("symbol 61623 \\f \"Symbol\""), u'\u2022');
-    EXPECT_EQ(symbolOfField("SYMBOL 0x2022 \\u"), u'\u2022');
-    EXPECT_EQ(symbolOfField("SYMBOL 133"), u'\u2026');
+    EXPECT_EQ(symbolOfField(u" SYMBOL 224 \\f \"Wingdings\" \\s 12 "_qs), u'\u2192');
+    EXPECT_EQ(symbolOfField(u"symbol 61623 \\f \"Symbol\""_qs), u'\u2022');
+    EXPECT_EQ(symbolOfField(u"SYMBOL 0x2022 \\u"_qs), u'\u2022');
+    EXPECT_EQ(symbolOfField(u"SYMBOL 133"_qs), u'\u2026');
     for (const char* other :
          {"", "SYMBOL", "SYMBOL 3", "SYMBOL 99999", "PAGE 224", "SYMBOLS 224"}) {
-        EXPECT_EQ(symbolOfField(other), u'\0') << other;
+        EXPECT_EQ(symbolOfField(QString::fromLatin1(other)), u'\0') << other;
     }
 }
 

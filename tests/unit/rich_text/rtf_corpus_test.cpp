@@ -43,6 +43,8 @@ const Departures& textDepartures() {
         {"mac-apps__adium-Credits.rtf",
          "the other reader turns a blank before a blank into U+2006, so it does not see its own "
          "bullets as labels (\"\\u2006\u2022\\u2006 Growl, a notification framework\")"},
+        {"pandoc__unicode.rtf",
+         "a private character in a font for text is the sign that Symbol has there, a bullet"},
         {"rtfpipe__lists_with_breaks.rtf",
          "a table's row is one line here, so the label of its second cell stands inside the line "
          "(\"6. cell one 7. cell two\")"},

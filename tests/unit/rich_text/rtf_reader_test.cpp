@@ -92,6 +92,7 @@ TEST(RtfReader, FontTablesInEveryForm) {
         {"\\deff3{\\fonttbl{\\f3 C;}{\\f1 B;}}a", u"{'C':a}"_qs},
         {"{\\fonttbl{\\f5 C;}{\\f1 B;}}a", u"{'C':a}"_qs},
         {"{\\fonttbl}a", u"a"_qs},
+        {"{\\fonttbl\\\n{\\f0 A;}\\\r\n{\\f1 B;}}\\f1 a", u"{'B':a}"_qs},
         // A family that has a name for each script, where the font says that it is of that script.
         {"{\\fonttbl{\\f0\\fcharset238 Arial CE;}}a", u"{'Arial':a}"_qs},
         {"{\\fonttbl{\\f0\\cpg1251 Times New Roman CYR;}}a", u"{'Times New Roman':a}"_qs},
@@ -147,6 +148,9 @@ TEST(RtfReader, FieldsObjectsAndLabels) {
         {"{\\listtext 1.\\tab}{\\pntext 1.\\tab}a\\par{\\listtext 2.\\tab}b", u"1.\ta|2.\tb"_qs},
         {"{\\*\\htmltag <b>}\\htmlrtf {\\b\\htmlrtf0 a\\htmlrtf}\\htmlrtf0", u"{b:a}"_qs},
         {"{\\*\\unheardof a}{\\unheardof b}", u"b"_qs},
+        {"{\\field{\\*\\fldinst EQ \\\\o\\\\ad(\\\\s\\\\up 9(\\u12363?),\\u26085?)}{\\fldrslt }}a",
+         u"\u304b \u65e5a"_qs},
+        {"{\\field{\\*\\fldinst EQ \\\\f(1;2)}}a{\\field{\\*\\fldinst PAGE}}", u"1 2a"_qs},
     });
 }
 
@@ -201,6 +205,9 @@ TEST(RtfReader, ADamagedFileGivesWhatCanBeRead) {
         // Groups that are whole stay passed over, whatever else is lost.
         {"{\\rtf1{\\b a{\\footnote\\pard x\\par}\\par b\\par}", u"{b:a}|{b:b}|"_qs},
         {"{\\rtf1 a{\\shp{\\*\\shpinst{\\shptxt\\pard x\\par}}{\\info\\pard b\\par}", u"ab|"_qs},
+        {"a\\'3?b\\'g1c", u"abg1c"_qs},
+        {"a{*\\themedata lost}{\\list{\\listname lost;}}b{*\\b c}", u"ab*{b:c}"_qs},
+        {"a{{\\NeXTGraphic x.tiff}\xac}b\xac", u"ab\u00ac"_qs},
     });
 }
 

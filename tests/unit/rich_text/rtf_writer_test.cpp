@@ -66,6 +66,15 @@ TEST(RtfWriter, FormatsThatLookTheSameAreOne) {
               "\\pard\\plain\\f0\\fs52 ab\\line c\\par\r\n\\pard\\qc\\plain\\f0\\fs52 }\r\n");
 }
 
+TEST(RtfWriter, ACharacterWhoseHalvesHaveDifferentFormatsIsKept) {
+    CharacterFormat bold;
+    bold.bold = true;
+    const QString text = u"a\U0001F3C5b"_qs;
+    const RichTextFragment fragment{{CharacterFormat(), bold}, {{text, {{2, 0}, {2, 1}}, 1, {}}}};
+    const RtfReadResult read = readRtf(writeRtf(fragment));
+    EXPECT_EQ(read.fragment.paragraphs.at(0).text, text);
+}
+
 TEST(RtfWriter, WhatAFileCannotHoldIsLeftOutOnce) {
     const QString text = u"a\u0001\n\uFFFC\uFFFF"_qs + QChar(0xD800) + u'b';
     const RichTextFragment fragment{
