@@ -1,5 +1,6 @@
 #include "support/fragment_description.h"
 
+#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rtf_reader.h"
 #include "platform/rich_text/rtf_writer.h"
 
@@ -36,13 +37,17 @@ QString describe(const CharacterFormat& format) {
     return words.join(u' ');
 }
 
-QString describe(const ParagraphFormat& format) {
+/// A direction that the text has of itself is not told apart from one that was asked for.
+QString describeFormat(const Paragraph& paragraph) {
+    const ParagraphFormat& format = paragraph.format;
     QStringList words;
     if (format.alignment != Alignment::Left) {
         words.append(format.alignment == Alignment::Right ? u"right"_qs : u"centre"_qs);
     }
-    if (format.rightToLeft) {
+    if (isRightToLeft(format.direction, paragraph.text)) {
         words.append(u"rtl"_qs);
+    } else if (format.direction == Direction::LeftToRight) {
+        words.append(u"ltr"_qs);
     }
     if (format.leftOffsetTwips != 0) {
         words.append(u"li%1"_qs.arg(format.leftOffsetTwips));
@@ -59,7 +64,7 @@ QString describe(const RichTextFragment& fragment, bool withEndFormats) {
         return describe(fragment.formats.at(static_cast<std::size_t>(index)));
     };
     for (const Paragraph& paragraph : fragment.paragraphs) {
-        QString text = describe(paragraph.format);
+        QString text = describeFormat(paragraph);
         int at = 0;
         QString open;
         for (const TextRun& run : paragraph.runs) {

@@ -15,8 +15,9 @@ CharacterFormat RandomText::format() {
 }
 
 ParagraphFormat RandomText::paragraphFormat() {
-    return {static_cast<Alignment>(below(3)), once(6), oneOf(m_parts.leftOffsets),
-            oneOf(m_parts.firstLineOffsets)};
+    return {static_cast<Alignment>(below(3)),
+            once(6) ? static_cast<Direction>(below(3)) : Direction::FromText,
+            oneOf(m_parts.leftOffsets), oneOf(m_parts.firstLineOffsets)};
 }
 
 QString RandomText::text(int mostPieces) {

@@ -37,9 +37,9 @@ Qt::Alignment qtAlignment(Alignment alignment) {
     return Qt::AlignLeft | Qt::AlignAbsolute;
 }
 
-QTextOption optionFor(const ParagraphFormat& format) {
+QTextOption optionFor(const ParagraphFormat& format, bool rightToLeft) {
     QTextOption option(qtAlignment(format.alignment));
-    option.setTextDirection(format.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(WrapMode);
     option.setUseDesignMetrics(true);
     option.setTabStopDistance(TabDistanceUnits);
@@ -47,13 +47,14 @@ QTextOption optionFor(const ParagraphFormat& format) {
 }
 
 /// Whether blanks at a line's end move the text that they follow.
-bool blanksMatter(const ParagraphFormat& format) {
-    return format.alignment != (format.rightToLeft ? Alignment::Right : Alignment::Left);
+bool blanksMatter(Alignment alignment, bool rightToLeft) {
+    return alignment != (rightToLeft ? Alignment::Right : Alignment::Left);
 }
 
 /// The text layout lets blanks hang over the edge at a break; at the end of a paragraph they count
 /// for the alignment, unless the line is moved by this much.
-double hangingShift(const QTextLine& line, const QString& text, const ParagraphFormat& format) {
+double hangingShift(const QTextLine& line, const QString& text, Alignment alignment,
+                    bool rightToLeft) {
     const int begin = line.textStart();
     const int end = begin + line.textLength();
     if (end != text.size()) {
@@ -67,8 +68,8 @@ double hangingShift(const QTextLine& line, const QString& text, const ParagraphF
         return 0;
     }
     const double blanks = std::abs(line.cursorToX(end) - line.cursorToX(inkEnd));
-    const double share = format.alignment == Alignment::Centre ? 0.5 : 1;
-    return (format.rightToLeft ? -share : share) * blanks;
+    const double share = alignment == Alignment::Centre ? 0.5 : 1;
+    return (rightToLeft ? -share : share) * blanks;
 }
 
 /// Number of the last line of a paragraph of which a condition holds that holds of no line behind
@@ -172,11 +173,12 @@ double DocumentLayout::layOutBlock(QTextBlock block) const {
     const ParagraphFormat format = fromBlockFormat(block.blockFormat());
     const int indent = format.leftOffsetTwips + format.firstLineOffsetTwips;
     const bool mayHoldLongWords = block.length() > LongWords::MaxWordLength;
-    const bool lineEndsMatter = blanksMatter(format) && block.length() > 1;
+    const bool rightToLeft = isRightToLeft(block);
+    const bool lineEndsMatter = blanksMatter(format.alignment, rightToLeft) && block.length() > 1;
     const QString text = mayHoldLongWords || lineEndsMatter ? block.text() : QString();
     LongWords longWords(mayHoldLongWords ? text : QString());
     QTextLayout* layout = block.layout();
-    QTextOption option = optionFor(format);
+    QTextOption option = optionFor(format, rightToLeft);
     layout->setTextOption(option);
     layout->beginLayout();
     double y = 0;
@@ -190,9 +192,9 @@ double DocumentLayout::layOutBlock(QTextBlock block) const {
             offsetUnits(line.lineNumber() == 0 ? indent : format.leftOffsetTwips, m_wrapWidth);
         line.setLeadingIncluded(true);
         line.setLineWidth(m_wrapWidth - offset);
-        const double shift = lineEndsMatter ? hangingShift(line, text, format) : 0;
-        line.setPosition(
-            QPointF((format.rightToLeft ? 0 : offset) + shift, std::min(y, MaxLineTop)));
+        const double shift =
+            lineEndsMatter ? hangingShift(line, text, format.alignment, rightToLeft) : 0;
+        line.setPosition(QPointF((rightToLeft ? 0 : offset) + shift, std::min(y, MaxLineTop)));
         y += line.height();
         begin = line.textStart() + line.textLength();
     }

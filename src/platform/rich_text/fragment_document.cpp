@@ -5,6 +5,7 @@
 
 #include <QTextBlock>
 #include <QTextCursor>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <unordered_map>
@@ -152,8 +153,9 @@ QTextBlockFormat toBlockFormat(const ParagraphFormat& format) {
         result.setAlignment(format.alignment == Alignment::Right ? Qt::AlignRight
                                                                  : Qt::AlignHCenter);
     }
-    if (format.rightToLeft) {
-        result.setLayoutDirection(Qt::RightToLeft);
+    if (format.direction != Direction::FromText) {
+        const bool toTheLeft = format.direction == Direction::RightToLeft;
+        result.setLayoutDirection(toTheLeft ? Qt::RightToLeft : Qt::LeftToRight);
     }
     if (format.leftOffsetTwips != 0) {
         result.setProperty(LeftOffset, format.leftOffsetTwips);
@@ -172,10 +174,26 @@ ParagraphFormat fromBlockFormat(const QTextBlockFormat& format) {
     } else if (alignment.testFlag(Qt::AlignHCenter)) {
         result.alignment = Alignment::Centre;
     }
-    result.rightToLeft = format.layoutDirection() == Qt::RightToLeft;
+    if (const auto direction = format.layoutDirection(); direction != Qt::LayoutDirectionAuto) {
+        result.direction =
+            direction == Qt::RightToLeft ? Direction::RightToLeft : Direction::LeftToRight;
+    }
     result.leftOffsetTwips = format.intProperty(LeftOffset);
     result.firstLineOffsetTwips = format.intProperty(FirstLineOffset);
     return result;
+}
+
+bool isRightToLeft(const QTextBlock& block) {
+    const Direction direction = fromBlockFormat(block.blockFormat()).direction;
+    if (direction != Direction::FromText) {
+        return direction == Direction::RightToLeft;
+    }
+    QString text = block.text();
+    const QTextLayout& layout = *block.layout();
+    if (!layout.preeditAreaText().isEmpty()) {
+        text.insert(layout.preeditAreaPosition(), layout.preeditAreaText());
+    }
+    return text.isRightToLeft();
 }
 
 RichTextFragment fragmentOf(const QTextDocument& document, int begin, int end) {

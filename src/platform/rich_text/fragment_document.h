@@ -2,6 +2,7 @@
 
 #include "platform/rich_text/rich_text_fragment.h"
 
+#include <QTextBlock>
 #include <QTextBlockFormat>
 #include <QTextCharFormat>
 #include <QTextDocument>
@@ -13,6 +14,10 @@ namespace velmora {
 
 [[nodiscard]] QTextBlockFormat toBlockFormat(const ParagraphFormat& format);
 [[nodiscard]] ParagraphFormat fromBlockFormat(const QTextBlockFormat& format);
+
+/// Whether a paragraph is read from right to left, as it is laid out: text that is being composed
+/// in it counts.
+[[nodiscard]] bool isRightToLeft(const QTextBlock& block);
 
 // Positions below are those of the QTextDocument: a line end counts as one. The end format of a
 // paragraph is its block's character format, which the document keeps at the separator in front of

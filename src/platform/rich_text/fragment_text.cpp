@@ -193,6 +193,11 @@ const CharacterFormat& formatAt(const RichTextFragment& fragment, int index) {
     return index >= 0 && place < fragment.formats.size() ? fragment.formats[place] : none;
 }
 
+bool isRightToLeft(Direction direction, QStringView text) {
+    return direction == Direction::FromText ? text.isRightToLeft()
+                                            : direction == Direction::RightToLeft;
+}
+
 bool runsRightToLeft(QStringView text) {
     return std::any_of(text.begin(), text.end(), [](QChar character) {
         return character.unicode() >= RightToLeftUnits[0].first &&

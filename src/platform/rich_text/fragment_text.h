@@ -24,6 +24,9 @@ namespace velmora {
 /// characters that a text document reserves for itself U+FFFD.
 [[nodiscard]] QString paragraphText(const QString& text);
 
+/// Whether a paragraph of this text is read from right to left.
+[[nodiscard]] bool isRightToLeft(Direction direction, QStringView text);
+
 /// Whether text that runs from right to left is in it, or a mark that turns text around.
 [[nodiscard]] bool runsRightToLeft(QStringView text);
 

@@ -65,11 +65,11 @@ QStringList usedNamesOf(QSet<QString> names, qsizetype most, const QTextDocument
 }
 
 /// Whether the order of a line's characters needs the rest of its paragraph.
-bool needsParagraph(const LinePlace& place, DocumentRange range, const ParagraphFormat& format) {
+bool needsParagraph(const LinePlace& place, DocumentRange range, bool rightToLeft) {
     if (place.block.lineCount() < 2 || place.start() != range.begin ||
         range.end > range.begin + place.line.textLength())
         return false;
-    return format.rightToLeft || runsRightToLeft(place.block.text());
+    return rightToLeft || runsRightToLeft(place.block.text());
 }
 
 /// Whether a range reaches the end of a line that was broken.
@@ -81,12 +81,11 @@ bool isWrapped(const LinePlace& place, DocumentRange range) {
 void print(Surface& target, const QTextDocument& document, const DocumentLayout& layout,
            DocumentRange range, const PrintBox& box, GlyphMaskCache& cache) {
     const LinePlace place = layout.lineOfPosition(range.begin);
-    const ParagraphFormat format = fromBlockFormat(place.block.blockFormat());
     const std::vector<StyledText> runs = styledRuns(document, range);
     PrintBox directed = box;
-    directed.rightToLeft = format.rightToLeft;
+    directed.rightToLeft = isRightToLeft(place.block);
     directed.roomForBlanks = isWrapped(place, range) ? 0 : place.line.width();
-    if (needsParagraph(place, range, format)) {
+    if (needsParagraph(place, range, directed.rightToLeft)) {
         printLine(target, shapeLineOfParagraph(runs, place.line), runs, directed, cache);
     } else {
         printLine(target, runs, directed, cache);

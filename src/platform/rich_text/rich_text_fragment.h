@@ -8,10 +8,18 @@
 
 namespace velmora {
 
+/// Which way a paragraph is read.
+enum class Direction {
+    /// As its first strong letter is; from left to right without one.
+    FromText,
+    LeftToRight,
+    RightToLeft,
+};
+
 /// The format of a paragraph. Offsets are in twips (1/20 point).
 struct ParagraphFormat final {
     Alignment alignment = Alignment::Left;
-    bool rightToLeft = false;
+    Direction direction = Direction::FromText;
     int leftOffsetTwips = 0;
     /// Of the first line, relative to leftOffsetTwips; negative hangs it out.
     int firstLineOffsetTwips = 0;

@@ -136,16 +136,19 @@ public:
     }
     QString attributes(int offset, int* start, int* end) const override {
         const QTextBlock block = blockOf(offset);
+        const QString direction =
+            isRightToLeft(block) ? QStringLiteral("writing-mode:rl;") : QString();
         *start = block.position();
         *end = std::min(block.position() + block.length(), characterCount());
         for (auto run = block.begin(); !run.atEnd(); ++run) {
             if (run.fragment().contains(offset)) {
                 *start = run.fragment().position();
                 *end = *start + run.fragment().length();
-                return attributeText(fromTextFormat(run.fragment().charFormat()), background());
+                return attributeText(fromTextFormat(run.fragment().charFormat()), background()) +
+                       direction;
             }
         }
-        return attributeText(fromTextFormat(block.charFormat()), background());
+        return attributeText(fromTextFormat(block.charFormat()), background()) + direction;
     }
 
     // --- places on the screen

@@ -1,5 +1,6 @@
 #include "platform/rich_text/rich_text_view_geometry.h"
 
+#include "platform/rich_text/fragment_document.h"
 #include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rich_text_box.h"
 
@@ -149,8 +150,7 @@ bool ViewGeometry::isTwoWay(int position) const {
     constexpr int longestLine = 2000;
     const LinePlace line = lineOfPosition(position);
     return line.line.textLength() <= longestLine &&
-           (line.block.blockFormat().layoutDirection() == Qt::RightToLeft ||
-            runsRightToLeft(line.block.text()));
+           (isRightToLeft(line.block) || runsRightToLeft(line.block.text()));
 }
 
 int ViewGeometry::positionBeside(int position, Side side) const {
@@ -160,9 +160,7 @@ int ViewGeometry::positionBeside(int position, Side side) const {
     if (const auto found = firstBehind(x, line, side, from)) {
         return fromLayout(line.block, *found);
     }
-    // As the text engine has it, the first letter tells which way a paragraph is read whose own
-    // direction is not from right to left.
-    const bool onwards = (side == Side::Left) == (line.block.textDirection() == Qt::RightToLeft);
+    const bool onwards = (side == Side::Left) == isRightToLeft(line.block);
     const LinePlace other = onwards           ? nextLine(line)
                             : line.number > 0 ? lineByNumber(line.number - 1)
                                               : LinePlace();

@@ -20,19 +20,31 @@ using Attribute = QInputMethodEvent::Attribute;
 /// Characters around the caret that an input method gets where it names no limit.
 constexpr int DefaultContext = 1024;
 
-QList<QTextLayout::FormatRange> composedFormats(const QInputMethodEvent& event, int position) {
+bool isMarked(const QTextCharFormat& format) {
+    return format.underlineStyle() != QTextCharFormat::NoUnderline ||
+           format.hasProperty(QTextFormat::BackgroundBrush);
+}
+
+/// The looks of composed text: those that the input method asks for, else an underline. The text
+/// engine takes the font and the colour from the text beside it; an empty paragraph's are given.
+QList<QTextLayout::FormatRange> composedFormats(const QInputMethodEvent& event,
+                                                const QTextCursor& cursor) {
+    const int position = cursor.positionInBlock();
     QList<QTextLayout::FormatRange> formats;
+    bool underlined = true;
     for (const Attribute& attribute : event.attributes()) {
         const auto format = qvariant_cast<QTextFormat>(attribute.value).toCharFormat();
         if (attribute.type == QInputMethodEvent::TextFormat && format.isValid()) {
             formats.append({position + attribute.start, attribute.length, format});
+            underlined = underlined && !isMarked(format);
         }
     }
-    if (formats.isEmpty()) {
-        QTextCharFormat underlined;
-        underlined.setFontUnderline(true);
-        formats.append({position, static_cast<int>(event.preeditString().size()), underlined});
+    QTextCharFormat base =
+        cursor.block().length() == 1 ? cursor.blockCharFormat() : QTextCharFormat();
+    if (underlined) {
+        base.setFontUnderline(true);
     }
+    formats.prepend({position, static_cast<int>(event.preeditString().size()), base});
     return formats;
 }
 
@@ -103,7 +115,7 @@ void InputMethodHandler::showComposed(const QInputMethodEvent& event) {
     }
     const int position = cursor.positionInBlock();
     m_composedAt = cursor;
-    setComposed(cursor.block(), position, event.preeditString(), composedFormats(event, position));
+    setComposed(cursor.block(), position, event.preeditString(), composedFormats(event, cursor));
 }
 
 void InputMethodHandler::setComposed(const QTextBlock& block, int position, const QString& text,

@@ -1,5 +1,6 @@
 #include "platform/rich_text/rich_text_view_keys.h"
 
+#include "platform/rich_text/fragment_document.h"
 #include "platform/rich_text/rich_text_box.h"
 
 #include <QKeyEvent>
@@ -217,7 +218,7 @@ int KeyHandler::selectionEndOn(Side side) const {
     const LinePlace line = geometry.lineOfPosition(start);
     const bool startIsLeft = geometry.lineOfPosition(end).number == line.number
                                  ? geometry.caretX(start) <= geometry.caretX(end)
-                                 : line.block.textDirection() == Qt::LeftToRight;
+                                 : !isRightToLeft(line.block);
     return startIsLeft == (side == Side::Left) ? start : end;
 }
 

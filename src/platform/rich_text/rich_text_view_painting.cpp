@@ -1,6 +1,7 @@
 #include "platform/rich_text/rich_text_view_painting.h"
 
 #include "platform/drawing/color.h"
+#include "platform/rich_text/fragment_document.h"
 #include "platform/rich_text/rich_text_view_geometry.h"
 
 #include <QPainter>
@@ -83,8 +84,7 @@ private:
         const QTextLine line = layout.lineAt(layout.lineCount() - 1);
         const double end = line.cursorToX(line.textStart() + line.textLength());
         const double width = line.height() * LineEndMarkWidth;
-        // As the layout has it; textDirection() would guess from the text.
-        const bool toTheLeft = m_block.blockFormat().layoutDirection() == Qt::RightToLeft;
+        const bool toTheLeft = isRightToLeft(m_block);
         m_painter.fillRect(QRectF(toTheLeft ? end - width : end, line.y(), width, line.height()),
                            m_state.selection.background);
     }

@@ -91,8 +91,8 @@ constexpr RtfControlWord Words[] = {
     {"li", Property, &Reader::setLeftOffset},
     {"lin", Property, &Reader::setLeftOffset},
     {"fi", Property, &Reader::setFirstLineOffset},
-    {"rtlpar", Property, &Reader::setDirection, 1},
-    {"ltrpar", Property, &Reader::setDirection},
+    {"rtlpar", Property, &Reader::setDirection, int(Direction::RightToLeft)},
+    {"ltrpar", Property, &Reader::setDirection, int(Direction::LeftToRight)},
     // The document and its tables
     {"ansi", Property, &Reader::setDocumentCodePage, CodePages::Windows1252},
     {"mac", Property, &Reader::setDocumentCodePage, 10000},

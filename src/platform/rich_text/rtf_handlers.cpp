@@ -133,8 +133,8 @@ void RtfInterpreter::align(const RtfToken&, int alignment) {
     given(PropertyAlignment);
 }
 
-void RtfInterpreter::setDirection(const RtfToken&, int rightToLeft) {
-    m_group.formats.paragraph.rightToLeft = rightToLeft != 0;
+void RtfInterpreter::setDirection(const RtfToken&, int direction) {
+    m_group.formats.paragraph.direction = static_cast<Direction>(direction);
     given(PropertyDirection);
 }
 

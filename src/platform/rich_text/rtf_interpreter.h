@@ -56,7 +56,7 @@ public:
     void setShading(const RtfToken& token, int);
     void resetParagraph(const RtfToken& token, int);
     void align(const RtfToken& token, int alignment);
-    void setDirection(const RtfToken& token, int rightToLeft);
+    void setDirection(const RtfToken& token, int direction);
     void setLeftOffset(const RtfToken& token, int);
     void setFirstLineOffset(const RtfToken& token, int);
 

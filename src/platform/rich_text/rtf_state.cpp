@@ -22,7 +22,7 @@ void RtfFormats::apply(const RtfFormats& style) {
     take(PropertyCapitals, character.capitals, from.capitals);
     take(PropertyHidden, character.hidden, from.hidden);
     take(PropertyAlignment, paragraph.alignment, style.paragraph.alignment);
-    take(PropertyDirection, paragraph.rightToLeft, style.paragraph.rightToLeft);
+    take(PropertyDirection, paragraph.direction, style.paragraph.direction);
     take(PropertyLeftOffset, paragraph.leftOffsetTwips, style.paragraph.leftOffsetTwips);
     take(PropertyFirstLineOffset, paragraph.firstLineOffsetTwips,
          style.paragraph.firstLineOffsetTwips);

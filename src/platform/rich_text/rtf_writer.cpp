@@ -1,5 +1,6 @@
 #include "platform/rich_text/rtf_writer.h"
 
+#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rtf_font_name.h"
 #include "platform/rich_text/rtf_state.h"
 
@@ -226,14 +227,19 @@ private:
     QHash<Rgb24, int> m_colorNumbers;
 };
 
-void writeParagraphFormat(Output& output, const ParagraphFormat& format) {
+void writeParagraphFormat(Output& output, const Paragraph& paragraph) {
+    const ParagraphFormat& format = paragraph.format;
+    // Others do not look at the text: what it tells is written too.
+    const bool rightToLeft = isRightToLeft(format.direction, paragraph.text);
     output.append("\\pard");
-    if (format.rightToLeft) {
+    if (rightToLeft) {
         output.append("\\rtlpar");
+    } else if (format.direction == Direction::LeftToRight) {
+        output.append("\\ltrpar");
     }
     if (format.alignment != Alignment::Left) {
         output.append(format.alignment == Alignment::Right ? "\\qr" : "\\qc");
-    } else if (format.rightToLeft) {
+    } else if (rightToLeft) {
         output.append("\\ql"); // others take the right side for such a paragraph unless told
     }
     const auto offset = [&output](std::string_view word, int twips) {
@@ -246,7 +252,7 @@ void writeParagraphFormat(Output& output, const ParagraphFormat& format) {
 }
 
 void writeParagraph(Output& output, const Paragraph& paragraph, const FormatTables& tables) {
-    writeParagraphFormat(output, paragraph.format);
+    writeParagraphFormat(output, paragraph);
     const QStringView text(paragraph.text);
     qsizetype at = 0;
     qsizetype runEnd = 0;

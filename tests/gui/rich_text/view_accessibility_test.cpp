@@ -105,7 +105,7 @@ TEST_F(ViewAccessibility, CutsTheTextIntoUnits) {
 }
 
 TEST_F(ViewAccessibility, TellsPlacesAndFormats) {
-    setText(u"One two\nThree"_qs);
+    setText(u"One two\n\u05E9\u05DC\u05D5\u05DD"_qs);
     box.select(4, 7);
     box.setSelBold(true);
     const QRect rect = text().characterRect(5);
@@ -120,6 +120,8 @@ TEST_F(ViewAccessibility, TellsPlacesAndFormats) {
     EXPECT_EQ(std::make_pair(start, end), std::make_pair(4, 7));
     EXPECT_TRUE(attributes.contains(u"font-weight:bold"_qs)) << attributes.toStdString();
     EXPECT_TRUE(attributes.contains(u"color:rgb(255,255,255)"_qs));
+    EXPECT_FALSE(attributes.contains(u"writing-mode"_qs));
+    EXPECT_TRUE(text().attributes(9, &start, &end).contains(u"writing-mode:rl"_qs));
 }
 
 TEST_F(ViewAccessibility, OffsetsOutsideOfTheTextMeanItsEnds) {

@@ -68,7 +68,8 @@ protected:
     }
     /// One paragraph that begins at the right.
     void setTextFromTheRight(const QString& text) {
-        box.setFragment(fragmentOfText(text, box.defaultFormat(), {Alignment::Right, true}));
+        box.setFragment(
+            fragmentOfText(text, box.defaultFormat(), {Alignment::Right, Direction::RightToLeft}));
     }
     [[nodiscard]] int positionOf(const QString& text, int from = 0) const {
         return static_cast<int>(box.Text().indexOf(withLineEnds(text), from));

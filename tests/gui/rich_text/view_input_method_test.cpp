@@ -55,6 +55,29 @@ TEST_F(ViewInputMethod, ComposedTextStandsInPlaceAndOutsideOfTheText) {
     EXPECT_EQ(changes, 1);
 }
 
+TEST_F(ViewInputMethod, ComposedTextLooksLikeTextAndIsUnderlined) {
+    for (const QString& text : {QString(), u"ab"_qs, u"ab\n"_qs}) {
+        setText(text);
+        box.setSelStart(box.textLength());
+        const int height = cursor().height();
+        const int left = cursor().left();
+        compose(u"xy"_qs, {{QInputMethodEvent::Cursor, 2, 1, QVariant()}});
+        EXPECT_EQ(cursor().height(), height) << text.toStdString();
+        QTest::qWait(1);
+        const QImage picture = view.viewport()->grab().toImage();
+        const int width = cursor().left() - left;
+        int longest = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0, length = 0; x < picture.width(); ++x) {
+                length = picture.pixelColor(x, y).lightness() > 128 ? length + 1 : 0;
+                longest = std::max(longest, length);
+            }
+        }
+        EXPECT_GT(longest, 0.9 * width) << "underlined: " << text.toStdString();
+        compose(QString());
+    }
+}
+
 TEST_F(ViewInputMethod, ComposingEnds) {
     setText(u"abcdef"_qs);
     const struct {

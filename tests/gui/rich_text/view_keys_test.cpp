@@ -219,11 +219,12 @@ TEST_F(ViewKeys, ArrowsGoTheirWayThroughTextOfTwoDirections) {
     constexpr double widestStep = 14 * UnitsPerPoint * 1.3;
     for (const char* text : {"abc שלום def", "שלום abc דה", "שלום 123 דה", "שלום עולם",
                              "abc\nשלום 1 דה\nx", "שלום abc עולם abc עולם abc שלום abc שלום"}) {
-        for (const bool rightToLeft : {false, true}) {
+        for (const Direction direction :
+             {Direction::FromText, Direction::LeftToRight, Direction::RightToLeft}) {
             box.setText(withLineEnds(QString::fromUtf8(text)));
             RichTextFragment fragment = box.fragment();
             for (Paragraph& paragraph : fragment.paragraphs) {
-                paragraph.format.rightToLeft = rightToLeft;
+                paragraph.format.direction = direction;
             }
             box.setFragment(fragment);
             for (int from = 0; from <= box.textLength(); ++from) {
@@ -243,7 +244,7 @@ TEST_F(ViewKeys, ArrowsGoTheirWayThroughTextOfTwoDirections) {
                                           : step > 0 && step < widestStep;
                     const bool atEdge = end == start && (before.number == 0 ||
                                                          before.number == box.lineCount() - 1);
-                    EXPECT_TRUE(goes || atEdge) << text << ' ' << rightToLeft << ' ' << from
+                    EXPECT_TRUE(goes || atEdge) << text << ' ' << int(direction) << ' ' << from
                                                 << (way < 0 ? " left to " : " right to ") << end;
                 }
             }

@@ -200,6 +200,21 @@ TEST(LinePrinter, StrikesThroughAndUnderlinesInTheTextColourByTheFontsMeasures) 
     }
 }
 
+TEST(LinePrinter, DrawsTheSameWhateverFontsAndSizesWereDrawnBefore) {
+    const std::vector<StyledText> runs{styled(u"Qty "_qs, Sans, 24),
+                                       styled(u"fox"_qs, Sans, 30, "b")};
+    const QImage expected = printed(runs, windowBox()).image();
+    GlyphMaskCache cache;
+    for (int halfPoints = 8; halfPoints < 8 + 300; ++halfPoints) {
+        Surface other(700, 100);
+        printLine(other, {styled(u"Qtyfox"_qs, Sans, halfPoints)}, windowBox(), cache);
+        Surface surface(700, 100);
+        surface.fill(PaperColor);
+        printLine(surface, runs, windowBox(), cache);
+        ASSERT_EQ(surface.image(), expected) << halfPoints;
+    }
+}
+
 TEST(LinePrinter, BlendsWithWhatIsBeneath) {
     StyledText run = styled(u"OQ"_qs, Sans, 48);
     const Surface coverage = printed({run}, windowBox());

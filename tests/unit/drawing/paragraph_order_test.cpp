@@ -19,7 +19,7 @@ constexpr int Room = 40;
 struct Case final {
     const char* name;
     QString text;
-    bool rightToLeft = false;
+    Direction direction = Direction::FromText;
 };
 
 void PrintTo(const Case& example, std::ostream* out) {
@@ -34,7 +34,7 @@ const QString Arabic =
     u"\u0635\u062f\u064a\u0642, Qt 6.4, \u0627\u0644\u0639\u0631\u0628\u064a\u0629!"_qs;
 
 /// In three formats, so that runs and directions end at different places.
-void fill(RichTextBox& box, const QString& text, bool rightToLeft, double wrapPixels) {
+void fill(RichTextBox& box, const QString& text, Direction direction, double wrapPixels) {
     const QString font = u"DejaVu Sans"_qs;
     const qsizetype third = text.size() / 3;
     RichTextFragment fragment;
@@ -42,7 +42,7 @@ void fill(RichTextBox& box, const QString& text, bool rightToLeft, double wrapPi
                     {styled(text.left(third), font, 28),
                      styled(text.mid(third, third), font, 28, "b"),
                      styled(text.mid(2 * third), font, 28, "i")},
-                    {Alignment::Left, rightToLeft});
+                    {Alignment::Left, direction});
     box.setWrapWidth(wrapPixels);
     box.setFragment(fragment);
 }
@@ -81,9 +81,10 @@ class ParagraphOrder : public ::testing::TestWithParam<Case> {};
 INSTANTIATE_TEST_SUITE_P(
     Texts, ParagraphOrder,
     ::testing::Values(
-        Case{"Mixed", Greeting}, Case{"MixedFromTheRight", Greeting, true},
-        Case{"Arabic", Arabic, true}, Case{"ArabicFromTheLeft", Arabic},
-        Case{"LatinFromTheRight", u"Well (as they say), 12, 13 - or [so]! And (again)."_qs, true},
+        Case{"Mixed", Greeting}, Case{"MixedFromTheRight", Greeting, Direction::RightToLeft},
+        Case{"Arabic", Arabic}, Case{"ArabicFromTheLeft", Arabic, Direction::LeftToRight},
+        Case{"LatinFromTheRight", u"Well (as they say), 12, 13 - or [so]! And (again)."_qs,
+             Direction::RightToLeft},
         Case{"SoftHyphens",
              u"\u05d0\u05d1 extra\u00adordinary words hyphen\u00adation \u05d2\u05d3"_qs},
         Case{"Plain", u"A line (of words), 12 and [more] of them."_qs}),
@@ -93,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_P(ParagraphOrder, OfEveryLineIsThatOfTheEditor) {
     for (const double width : {60.0, 90.0, 125.0, 170.0, 298.0, 2000.0}) {
         RichTextBox box;
-        fill(box, GetParam().text, GetParam().rightToLeft, width);
+        fill(box, GetParam().text, GetParam().direction, width);
         for (int line = 0; line < box.lineCount(); ++line) {
             const Ink expected = drawnInItsParagraph(box, line);
             const Ink ink = printed(box, line);
@@ -110,7 +111,7 @@ TEST(StrokesOfALine, EndWhereTheTextEngineEndsThem) {
          {u"one two  three four five, six   "_qs, u"\u05e9\u05dc one \u05d5\u05dd  two  "_qs}) {
         for (const double width : {60.0, 74.0, 90.0, 125.0, 170.0, 2000.0}) {
             RichTextBox box;
-            fill(box, text, false, width);
+            fill(box, text, Direction::LeftToRight, width);
             box.selectAll();
             box.setSelUnderline(true);
             box.setSelStrikeThru(true);
@@ -128,11 +129,11 @@ TEST(ParagraphOrderOfMarkedText, ClosesUpWhereMarkersAreLeftOut) {
     const QString lines = u"%1says \u05e9\u05dc\u05d5\u05dd, %2 12 \u05d0\u05d1,\u2028"
                           u"%1\u05d2\u05d3 (45%2), Qt\u2028"
                           u"%1\u05d2\u05d3 and%2, more%1%2"_qs;
-    for (const bool rightToLeft : {false, true}) {
+    for (const Direction direction : {Direction::LeftToRight, Direction::RightToLeft}) {
         RichTextBox bare;
         RichTextBox marked;
-        fill(bare, QString(lines).remove(u"%1"_qs).remove(u"%2"_qs), rightToLeft, 2000);
-        fill(marked, lines.arg(u"^"_qs, u"~"_qs), rightToLeft, 2000);
+        fill(bare, QString(lines).remove(u"%1"_qs).remove(u"%2"_qs), direction, 2000);
+        fill(marked, lines.arg(u"^"_qs, u"~"_qs), direction, 2000);
         // One format: how kerning falls on the borders of formats is not the matter here.
         for (RichTextBox* box : {&bare, &marked}) {
             box->selectAll();
@@ -142,9 +143,9 @@ TEST(ParagraphOrderOfMarkedText, ClosesUpWhereMarkersAreLeftOut) {
         for (int line = 0; line < 3; ++line) {
             const Ink expected = printed(bare, line);
             const Ink ink = printed(marked, line);
-            EXPECT_NEAR(ink.left, expected.left, 1) << rightToLeft << line;
-            EXPECT_NEAR(ink.right, expected.right, 1) << rightToLeft << line;
-            EXPECT_LT(unlikeness(expected, ink), 0.3) << rightToLeft << line;
+            EXPECT_NEAR(ink.left, expected.left, 1) << int(direction) << line;
+            EXPECT_NEAR(ink.right, expected.right, 1) << int(direction) << line;
+            EXPECT_LT(unlikeness(expected, ink), 0.3) << int(direction) << line;
         }
     }
 }

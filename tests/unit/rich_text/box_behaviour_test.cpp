@@ -112,6 +112,18 @@ TEST(BoxBehaviour, TextKeepsUpWithEditsAskedForInTheMiddleOfThemOrNotAtAll) {
     EXPECT_EQ(box.Text(), expected);
 }
 
+TEST(BoxBehaviour, TextKeepsUpWithEditsFarDown) {
+    RichTextBox box;
+    box.setText(u"some words\r\n"_qs.repeated(1'000));
+    for (const int position : {3'999, 4'001, 9'000}) {
+        QString expected = box.Text();
+        box.select(position, position + 3);
+        expected.replace(box.SelStart(), box.SelLength(), u"new"_qs);
+        box.setSelText(u"new"_qs);
+        EXPECT_TRUE(box.Text() == expected) << position;
+    }
+}
+
 TEST(BoxBehaviour, AnEmptyTextHasTheDefaultFormat) {
     RichTextBox box;
     EXPECT_TRUE(box.isEmpty());

@@ -2,6 +2,7 @@
 #include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/long_words.h"
 #include "platform/rich_text/rich_text_box.h"
+#include "platform/rich_text/rtf_writer.h"
 #include "support/fonts.h"
 #include "support/random_text.h"
 
@@ -110,7 +111,7 @@ TEST(LayoutLines, HeightIsAscentDescentAndLeadingOfTheHighestFont) {
 TEST(LayoutLines, StandWhereAlignmentAndOffsetsPutThem) {
     struct Case {
         Alignment alignment;
-        bool rightToLeft;
+        Direction direction;
         int left;
         int first;
         /// Of the second line's ink, in reference units.
@@ -120,20 +121,19 @@ TEST(LayoutLines, StandWhereAlignmentAndOffsetsPutThem) {
     constexpr double Width = 1800;
     constexpr double Twenty = 20 * UnitsPerPoint;
     const Case cases[] = {
-        {Alignment::Left, false, 0, 0, 0.0, {}},
-        {Alignment::Right, false, 0, 0, {}, Width},
-        {Alignment::Left, false, 400, 0, Twenty, {}},
-        {Alignment::Left, false, 400, -400, Twenty, {}},
-        {Alignment::Left, false, -400, 0, 0.0, {}},
-        {Alignment::Left, false, 1 << 20, 0, Width / 2, {}},
-        {Alignment::Right, true, 400, 0, {}, Width - Twenty},
-        {Alignment::Left, true, 0, 0, 0.0, {}},
+        {Alignment::Left, Direction::FromText, 0, 0, 0.0, {}},
+        {Alignment::Right, Direction::FromText, 0, 0, {}, Width},
+        {Alignment::Left, Direction::FromText, 400, 0, Twenty, {}},
+        {Alignment::Left, Direction::FromText, 400, -400, Twenty, {}},
+        {Alignment::Left, Direction::FromText, -400, 0, 0.0, {}},
+        {Alignment::Left, Direction::FromText, 1 << 20, 0, Width / 2, {}},
+        {Alignment::Right, Direction::RightToLeft, 400, 0, {}, Width - Twenty},
+        {Alignment::Left, Direction::RightToLeft, 0, 0, 0.0, {}},
     };
     for (const Case& c : cases) {
         RichTextBox box;
         box.setWrapWidth(Width / 6);
-        fill(box, u"some words  \u2028some words"_qs,
-             {c.alignment, c.rightToLeft, c.left, c.first});
+        fill(box, u"some words  \u2028some words"_qs, {c.alignment, c.direction, c.left, c.first});
         const LinePlace place = box.layout().lineAt(1);
         const QRectF ink = place.line.naturalTextRect();
         const std::string name = "case " + std::to_string(&c - cases);
@@ -144,8 +144,36 @@ TEST(LayoutLines, StandWhereAlignmentAndOffsetsPutThem) {
             EXPECT_NEAR(ink.right(), *c.right, 0.1) << name;
         }
         const double firstX = box.layout().lineAt(0).line.x();
-        EXPECT_NEAR(firstX - (c.rightToLeft ? 0 : place.line.x()), c.first == 0 ? 0 : -Twenty, 0.1)
+        EXPECT_NEAR(firstX - (c.direction == Direction::RightToLeft ? 0 : place.line.x()),
+                    c.first == 0 ? 0 : -Twenty, 0.1)
             << name;
+    }
+}
+
+TEST(LayoutLines, TheFirstLetterTellsTheDirectionHoweverTheTextCameIn) {
+    const QString hebrew = u"12 (^\u05E9\u05DC\u05D5\u05DD) abc."_qs;
+    const QString arabic = u"\u0645\u0631\u062D\u0628\u0627 abc."_qs;
+    const QString latin = u"abc \u05E9\u05DC\u05D5\u05DD."_qs;
+    const auto byFile = [](RichTextBox& box, const QString& text) {
+        (void)box.setTextRTF(writeRtf(fragmentOfText(text, {})).replace("\\rtlpar", ""));
+    };
+    const auto byHand = [](RichTextBox& box, const QString& text) {
+        for (const QChar letter : text) {
+            box.setSelText(letter);
+        }
+    };
+    for (const auto& fillBox : {std::function<void(RichTextBox&, const QString&)>(byFile),
+                                {byHand},
+                                {&RichTextBox::setText}}) {
+        for (const QString& text : {hebrew, arabic, latin, u"12."_qs}) {
+            RichTextBox box;
+            fillBox(box, text);
+            const QTextLine line = box.layout().lineAt(0).line;
+            const double stop = line.cursorToX(static_cast<int>(text.size()));
+            EXPECT_EQ(stop < line.cursorToX(0), text == hebrew || text == arabic)
+                << text.toStdString();
+            EXPECT_NEAR(line.naturalTextRect().left(), 0, 0.1) << "the alignment stays";
+        }
     }
 }
 
@@ -155,8 +183,8 @@ TEST(LayoutLines, TrailingBlanksDoNotMoveTheText) {
         for (const Alignment alignment : {Alignment::Left, Alignment::Centre, Alignment::Right}) {
             RichTextBox bare;
             RichTextBox trailing;
-            fill(bare, word, {alignment, rightToLeft});
-            fill(trailing, u"%1   \u2028%1\t  "_qs.arg(word), {alignment, rightToLeft});
+            fill(bare, word, {alignment});
+            fill(trailing, u"%1   \u2028%1\t  "_qs.arg(word), {alignment});
             // Qt gives U+2028 in a right-to-left line the width of a blank.
             for (int line = rightToLeft ? 1 : 0; line < 2; ++line) {
                 const QTextLine place = trailing.layout().lineAt(line).line;

@@ -82,9 +82,9 @@ QList<LookedAt> looksOf(const RichTextFragment& fragment) {
     for (const Paragraph& paragraph : fragment.paragraphs) {
         const ParagraphFormat& own = paragraph.format;
         LookedAt& looked = result.emplace_back();
-        looked.paragraphFormat =
-            paragraphLook(Alignments[static_cast<int>(own.alignment)], own.rightToLeft,
-                          own.leftOffsetTwips, own.firstLineOffsetTwips);
+        looked.paragraphFormat = paragraphLook(Alignments[static_cast<int>(own.alignment)],
+                                               own.direction == Direction::RightToLeft,
+                                               own.leftOffsetTwips, own.firstLineOffsetTwips);
         qsizetype at = 0;
         for (const TextRun& run : paragraph.runs) {
             const CharacterFormat& format = fragment.formats[static_cast<std::size_t>(run.format)];

@@ -75,11 +75,33 @@ TEST(RtfWriter, ACharacterWhoseHalvesHaveDifferentFormatsIsKept) {
     EXPECT_EQ(read.fragment.paragraphs.at(0).text, text);
 }
 
+TEST(RtfWriter, NamesTheDirectionThatTheTextHas) {
+    const QString hebrew = u"1. \u05E9\u05DC\u05D5\u05DD"_qs;
+    const struct {
+        QString text;
+        Direction direction;
+        const char* words;
+    } rows[] = {
+        {u"abc"_qs, Direction::FromText, "\\pard\\plain"},
+        {hebrew, Direction::FromText, "\\pard\\rtlpar\\ql\\plain"},
+        {hebrew, Direction::LeftToRight, "\\pard\\ltrpar\\plain"},
+        {u"abc"_qs, Direction::RightToLeft, "\\pard\\rtlpar\\ql\\plain"},
+        {u"123"_qs, Direction::FromText, "\\pard\\plain"},
+    };
+    for (const auto& row : rows) {
+        const int length = static_cast<int>(row.text.size());
+        const QByteArray rtf =
+            writeRtf({{{}}, {{row.text, {{length, 0}}, 0, {Alignment::Left, row.direction}}}});
+        EXPECT_TRUE(rtf.contains(row.words)) << rtf.constData();
+        EXPECT_EQ(writeRtf(readRtf(rtf).fragment), rtf);
+    }
+}
+
 TEST(RtfWriter, WhatAFileCannotHoldIsLeftOutOnce) {
     const QString text = u"a\u0001\n\uFFFC\uFFFF"_qs + QChar(0xD800) + u'b';
     const RichTextFragment fragment{
         {{u"A;B\n}"_qs, 100'000, 0xFF000001}},
-        {{text, {{static_cast<int>(text.size()), 0}}, 0, {Alignment::Left, false, 1'000'000}}}};
+        {{text, {{static_cast<int>(text.size()), 0}}, 0, {Alignment::Left, {}, 1'000'000}}}};
     const RtfReadResult read = readRtf(writeRtf(fragment));
     ASSERT_TRUE(read.outcome);
     EXPECT_EQ(faultOf(read.fragment).toStdString(), "");
