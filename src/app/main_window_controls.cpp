@@ -71,7 +71,6 @@ MainWindowControls::MainWindowControls(QWidget& window, Session& session) : m_wi
     Hscroll1->setLayoutDirection(Qt::LeftToRight);
 
     rtb1 = new RichTextView(session.script.rtb1, &window);
-    rtb1->setAccessibleName(QStringLiteral("Script"));
     rtb1->setObjectName(QStringLiteral("rtb1"));
     rtb1->setAccessibleName(QStringLiteral("Script"));
     rtb1->setFrameShape(QFrame::NoFrame);

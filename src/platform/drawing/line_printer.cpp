@@ -46,8 +46,11 @@ Placement placeLine(const LineShape& shape, const PrintBox& box) {
     place.left = textLeft - shape.textLeft * place.scale;
     // Rows that are lower than the line lose the leading first, then the room above the capitals,
     // and only then feet.
+    // A font of pictures may tell the capitals of one size for all of its sizes: none reaches above
+    // the line.
+    const double capHeight = std::min(shape.capHeight, shape.ascent);
     const double top = std::max(box.rowHeight - shape.height * place.scale,
-                                (shape.capHeight - shape.ascent) * place.scale);
+                                (capHeight - shape.ascent) * place.scale);
     place.baseline = rounded(top + shape.ascent * place.scale);
     return place;
 }

@@ -1,10 +1,14 @@
 #include "platform/drawing/color.h"
 #include "platform/drawing/glyph_mask_cache.h"
 #include "platform/drawing/line_printer.h"
+#include "platform/drawing/line_shape.h"
+#include "platform/drawing/reference_units.h"
 #include "support/fonts.h"
 #include "unit/drawing/ink.h"
 
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 using namespace velmora;
 
@@ -213,6 +217,23 @@ TEST(LinePrinter, DrawsTheSameWhateverFontsAndSizesWereDrawnBefore) {
         printLine(surface, runs, windowBox(), cache);
         ASSERT_EQ(surface.image(), expected) << halfPoints;
     }
+}
+
+TEST(LinePrinter, PutsTheFeetIntoTheRowWhateverAFontTellsOfItsCapitals) {
+    const std::vector<StyledText> runs{styled(u"gyp"_qs, Sans, 24)};
+    LineShape shape = shapeLine(runs, false, 0);
+    PrintBox box = windowBox();
+    box.rowHeight = static_cast<int>(std::ceil(shape.height * box.zoom / UnitsPerPixel));
+    std::vector<Ink> inks;
+    for (const double capHeight : {shape.capHeight, shape.ascent * 1.3}) {
+        shape.capHeight = capHeight; // so those of colour emoji below 14 points
+        GlyphMaskCache cache;
+        Surface surface(700, 100);
+        printLine(surface, shape, runs, box, cache);
+        inks.push_back(inkOf(surface.image()));
+    }
+    EXPECT_EQ(inks[0].bottom, inks[1].bottom);
+    EXPECT_EQ(inks[0].amount, inks[1].amount);
 }
 
 TEST(LinePrinter, BlendsWithWhatIsBeneath) {
