@@ -57,7 +57,8 @@ private:
         Surface surface(m_picture.width(), height);
         surface.fill(m_background);
         const auto runs = script.styledText(entry.index, entry.length);
-        if (script.Text().mid(entry.index, entry.length).startsWith(u"^----"_qs)) {
+        const QString text = script.Text().mid(entry.index, entry.length);
+        if (text.startsWith(u"^----"_qs)) {
             drawBreak(surface, toPixel(runs.front().format.color));
         } else {
             PrintBox box;
@@ -65,6 +66,7 @@ private:
             box.rowHeight = height;
             box.zoom = zoom;
             box.alignment = alignment;
+            box.rightToLeft = text.isRightToLeft();
             box.extendBackground =
                 alignment == Alignment::Centre && runs.back().format.backColor != 0;
             printLine(surface, runs, box, cache);
