@@ -1,5 +1,7 @@
 #include "platform/rich_text/long_paragraphs.h"
 
+#include "platform/rich_text/fragment_text.h"
+
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
@@ -65,7 +67,12 @@ qsizetype lengthOfPiece(QStringView piece) {
 /// Takes pieces off the front of a paragraph.
 class Cutter final {
 public:
-    explicit Cutter(Paragraph whole) : m_whole(std::move(whole)) {}
+    explicit Cutter(Paragraph whole) : m_whole(std::move(whole)) {
+        // Its pieces are read as the whole is, whatever letters they begin with.
+        m_whole.format.direction = isRightToLeft(m_whole.format.direction, m_whole.text)
+                                       ? Direction::RightToLeft
+                                       : Direction::LeftToRight;
+    }
 
     [[nodiscard]] bool atEnd() const { return m_at >= m_whole.text.size(); }
 

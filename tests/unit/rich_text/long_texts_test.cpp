@@ -77,6 +77,16 @@ RichTextFragment oneParagraph(const QString& text, int runLength) {
     return fragment;
 }
 
+TEST(LongTexts, PiecesHaveTheDirectionOfTheWhole) {
+    RichTextFragment text =
+        oneParagraph(u"\u05D0 "_qs + u"some words of a line "_qs.repeated(6'000), 999'999);
+    LongParagraphs::breakUp(text);
+    ASSERT_GT(text.paragraphs.size(), 2u);
+    for (const Paragraph& piece : text.paragraphs) {
+        EXPECT_EQ(piece.format.direction, Direction::RightToLeft);
+    }
+}
+
 TEST(LongTexts, AnOverlongParagraphIsBrokenAndNothingElseChanges) {
     struct Case final {
         QString unit;
