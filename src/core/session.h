@@ -2,6 +2,7 @@
 
 #include "core/settings.h"
 #include "core/show_state.h"
+#include "platform/files/file_stamp.h"
 #include "platform/platform.h"
 #include "platform/rich_text/rich_text_box.h"
 
@@ -58,9 +59,11 @@ struct ScriptState final {
     /// The path without its extension, as the last save took it.
     QString ScriptFileBase;
     /// The file that holds this script and nothing else: it was saved there, or loaded from there
-    /// into an empty editor without anything left out. A save replaces it without a question. Empty
-    /// for none.
+    /// into an empty editor without anything left out. A save replaces it without a question,
+    /// unless another program has changed it. Empty for none.
     QString ownFile;
+    /// Of ownFile when it was last read or written here.
+    FileStamp ownFileStamp;
     /// Of the text file that the script came from; a new text's otherwise.
     TextForm textForm;
     /// True while a script is loaded or saved: neither starts inside the other.

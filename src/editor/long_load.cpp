@@ -2,6 +2,7 @@
 
 #include "core/editor_host.h"
 #include "core/session.h"
+#include "platform/rich_text/rich_text_fragment.h"
 #include "platform/timing/clock.h"
 #include "platform/timing/event_pump.h"
 
@@ -19,6 +20,19 @@ std::int64_t ticksFromNow(const Clock& clock, double seconds) {
 }
 
 } // namespace
+
+bool takesLong(const RichTextFragment& text) {
+    constexpr double unitsOfAMoment = 3e6;
+    constexpr double unitsAParagraph = 40;
+    constexpr double unitsARun = 10;
+    constexpr double unitsAFormat = 400;
+    double units = unitsAFormat * static_cast<double>(text.formats.size());
+    for (const Paragraph& paragraph : text.paragraphs) {
+        units += static_cast<double>(paragraph.text.size()) + unitsAParagraph +
+                 unitsARun * static_cast<double>(paragraph.runs.size());
+    }
+    return units > unitsOfAMoment;
+}
 
 LongLoad::LongLoad(Session& session, EditorHost& host)
     : m_session(session), m_host(host),

@@ -8,6 +8,10 @@ namespace velmora {
 
 class EditorHost;
 class Session;
+struct RichTextFragment;
+
+/// Whether a text would take the editor more than a moment, so that somebody should watch.
+bool takesLong(const RichTextFragment& text);
 
 /// Watches the work of a load. After its first second it shows how far the work is, with a way to
 /// cancel it, and lets the windows live; a load that is over sooner is never interrupted.

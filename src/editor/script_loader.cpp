@@ -107,20 +107,6 @@ QString adviceFor(const QString& path) {
     return QStringLiteral("Please verify that the file exists and that you may read it.");
 }
 
-/// Whether it would take the editor more than a moment, so that somebody should watch.
-bool takesLong(const RichTextFragment& text) {
-    constexpr double unitsOfAMoment = 3e6;
-    constexpr double unitsAParagraph = 40;
-    constexpr double unitsARun = 10;
-    constexpr double unitsAFormat = 400;
-    double units = unitsAFormat * static_cast<double>(text.formats.size());
-    for (const Paragraph& paragraph : text.paragraphs) {
-        units += static_cast<double>(paragraph.text.size()) + unitsAParagraph +
-                 unitsARun * static_cast<double>(paragraph.runs.size());
-    }
-    return units > unitsOfAMoment;
-}
-
 } // namespace
 
 ScriptLoader::ScriptLoader(Session& session, EditorHost& host, RecentFileTable* recent)
@@ -214,6 +200,7 @@ void ScriptLoader::adoptFile(Place place, bool intoEmptyEditor) {
     // To save over a file of which something was left out would lose that for good; and one with
     // other paragraphs may be another program's.
     script.ownFile = m_leftOut.isEmpty() && !m_broken ? m_path : QString();
+    script.ownFileStamp = m_stamp;
 }
 
 ScriptLoader::Place ScriptLoader::askPlace() {
@@ -273,6 +260,8 @@ RtfReadResult ScriptLoader::readFile(LongLoad& load) {
         return convert(m_path);
     }
     m_host.showProgress(QStringLiteral("Loading File."));
+    // Before the read: what another program writes meanwhile is asked about at the save.
+    m_stamp = FileStamp::of(m_path);
     // The window has to be on the screen before the work begins that keeps all else waiting.
     m_session.platform.pump.DoEvents();
     m_session.script.rtb2.setDefaultFormat(

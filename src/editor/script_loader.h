@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/script_files.h"
+#include "platform/files/file_stamp.h"
 #include "platform/outcome.h"
 #include "platform/text_services/text_encoding.h"
 
@@ -73,6 +74,7 @@ private:
     QString m_path;
     ScriptType m_type = ScriptType::Rtf;
     TextForm m_textForm;
+    FileStamp m_stamp;
     /// Of the file that was read last: whether there is anything to see in it.
     bool m_holdsText = true;
     /// Of the same file: what was left out, as a list in words.

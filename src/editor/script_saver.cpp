@@ -40,6 +40,7 @@ FileDialogRequest saveRequest(const Session& session) {
     request.fileName = script.ScriptFileName;
     request.writtenPath = pathFor;
     request.ownFile = script.ownFile;
+    request.ownFileStamp = script.ownFileStamp;
     return request;
 }
 
@@ -105,6 +106,7 @@ void ScriptSaver::writeScript(const FileDialogChoice& choice) {
         script.TextChanged = 0;
         script.SaveFailed = 0;
         script.ownFile = script.ScriptFileName;
+        script.ownFileStamp = FileStamp::of(script.ownFile);
     }
     m_session.platform.pump.DoEvents();
     if (!outcome) {

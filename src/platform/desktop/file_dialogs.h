@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/files/file_stamp.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -31,6 +33,8 @@ struct FileDialogRequest final {
     std::function<QString(const FileDialogChoice&)> writtenPath = {};
     /// For save(): the one file that is replaced without a question; empty for none.
     QString ownFile = {};
+    /// As ownFile was left; where it is not so any more, replacing it is asked too.
+    FileStamp ownFileStamp = {};
 };
 
 /// The platform's file dialogs. No value means cancelled.

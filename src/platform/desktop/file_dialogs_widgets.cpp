@@ -184,11 +184,14 @@ bool WidgetFileDialogs::mayReplace(const FileDialogRequest& request,
                                    const FileDialogChoice& choice) {
     const QString target = request.writtenPath ? request.writtenPath(choice) : choice.path;
     const QFileInfo file(target);
-    if (!file.exists() || (!request.ownFile.isEmpty() && file == QFileInfo(request.ownFile))) {
+    const bool own = !request.ownFile.isEmpty() && file == QFileInfo(request.ownFile);
+    if (!file.exists() || (own && FileStamp::of(target) == request.ownFileStamp)) {
         return true;
     }
+    const QString found = own ? QStringLiteral("Another Program Has Changed %1.")
+                              : QStringLiteral("%1 Already Exists.");
     const QString question =
-        QStringLiteral("%1 Already Exists.\nDo You Want To Replace It?").arg(file.fileName());
+        found.arg(file.fileName()) + QStringLiteral("\nDo You Want To Replace It?");
     return m_boxes.show(MessageIcon::Warning, QStringLiteral("Replace File?"), question,
                         MessageButtons::YesNo) == MessageAnswer::Yes;
 }

@@ -74,6 +74,7 @@ TEST_F(FileDialogTest, TheRealAndTheFakeGiveAnAbsoluteChoiceWithItsFilterOrNothi
     for (const DialogCase& row : DialogCases) {
         request.ownFile =
             row.ownFile != nullptr ? path(QString::fromUtf16(row.ownFile)) : QString();
+        request.ownFileStamp = FileStamp::of(request.ownFile);
         fake.choices.clear();
         if (row.typed != nullptr) {
             fake.choose(path(QString::fromUtf16(row.typed)), request.filterIndex);
@@ -156,6 +157,7 @@ TEST_F(FileDialogTest, AMissingFolderOpensAnotherOneAndAFullPathIsOffered) {
     request.folder = path(u"gone"_qs);
     request.fileName = path(u"show.rtf"_qs);
     request.ownFile = request.fileName;
+    request.ownFileStamp = FileStamp::of(request.ownFile);
     const ModalAction user([](QWidget& window) { static_cast<QDialog&>(window).accept(); });
     const auto choice = dialogs.save(request);
     ASSERT_TRUE(choice.has_value());
@@ -188,6 +190,22 @@ TEST_F(FileDialogTest, ReplacingAnotherFileIsAskedAndNoLeadsBackToTheDialog) {
     EXPECT_EQ(choice->filterIndex, 1);
     ASSERT_EQ(questions, 1);
     EXPECT_TRUE(boxes.boxes.front().text.contains(u"note.txt"_qs));
+}
+
+TEST_F(FileDialogTest, ItsOwnFileIsAskedAboutWhereAnotherProgramHasChangedIt) {
+    request.fileName = u"show.rtf"_qs;
+    request.ownFile = path(u"show.rtf"_qs);
+    request.ownFileStamp = FileStamp::of(request.ownFile);
+    QFile file(request.ownFile);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("of others");
+    file.close();
+    boxes.answers = {MessageAnswer::Yes};
+    const ModalAction user([](QWidget& window) { static_cast<QDialog&>(window).accept(); });
+    EXPECT_TRUE(dialogs.save(request).has_value());
+    ASSERT_EQ(boxes.boxes.size(), 1U);
+    EXPECT_EQ(boxes.boxes.front().text,
+              u"Another Program Has Changed show.rtf.\nDo You Want To Replace It?");
 }
 
 } // namespace

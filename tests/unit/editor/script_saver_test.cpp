@@ -111,8 +111,20 @@ TEST_F(ScriptSaverTest, OnlyTheScriptsOwnFileIsReplacedWithoutAQuestion) {
     saver.SaveText();
     EXPECT_EQ(test.dialogs.saveRequests.back().fileName, second);
     EXPECT_EQ(test.dialogs.saveRequests.back().ownFile, first);
-    saveAs(test.path(u"both.rtf"_qs), RichTextFilter);
-    EXPECT_EQ(session.script.ownFile, test.path(u"both.rtf"_qs));
+    const QString both = test.path(u"both.rtf"_qs);
+    saveAs(both, RichTextFilter);
+    EXPECT_EQ(session.script.ownFile, both);
+    // Loaded or saved, it is known as it was left here, and no longer when others have changed it.
+    const auto known = [&](const QString& path) {
+        saver.SaveText();
+        return test.dialogs.saveRequests.back().ownFileStamp == FileStamp::of(path);
+    };
+    EXPECT_TRUE(known(both));
+    session.script.rtb1.setText(QString());
+    loader.loadScript(first);
+    EXPECT_TRUE(known(first));
+    test.write(u"first.txt"_qs, "of others");
+    EXPECT_FALSE(known(first));
 }
 
 TEST_F(ScriptSaverTest, EmptyScriptIsNeverSaved) {
