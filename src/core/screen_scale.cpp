@@ -6,6 +6,9 @@
 
 #include <QSize>
 
+#include <algorithm>
+#include <cmath>
+
 namespace velmora {
 
 namespace {
@@ -14,6 +17,8 @@ constexpr double ReferenceWidth = 640;
 constexpr double ReferenceHeight = 480;
 /// Left and right inset of the text in its column, in unzoomed pixels.
 constexpr double ColumnInset = 16;
+/// The display up to which the controls of a show keep their size.
+constexpr double ControlWidth = 1920;
 
 } // namespace
 
@@ -33,6 +38,10 @@ void measureScreen(const Monitors& monitors, ScreenState& screen) {
     screen.ScaleY = scaleYFor(screen.ScreenPixelsHigh);
     screen.ColorDepth = monitors.colorDepth();
     screen.HighColorDisplay = screen.ColorDepth > 8 ? 1 : 0;
+}
+
+int controlLength(int pixels, int displayWidth) {
+    return static_cast<int>(std::lround(pixels * std::max(1.0, displayWidth / ControlWidth)));
 }
 
 double editorZoom(const ScreenState& screen) {

@@ -17,6 +17,10 @@ void measureScreen(const Monitors& monitors, ScreenState& screen);
 /// ScaleY of a screen so many pixels high, a tenth of the growth above the plain ratio included.
 [[nodiscard]] double scaleYFor(double pixelsHigh);
 
+/// A length of a show's controls on a display so many pixels wide: as told up to a width of 1920,
+/// beyond that it grows with the display.
+[[nodiscard]] int controlLength(int pixels, int displayWidth);
+
 /// The editor's zoom: ScaleX * 20 rounded to a whole number, over 10. Screen pixels for one 96-dpi
 /// pixel of the document.
 [[nodiscard]] double editorZoom(const ScreenState& screen);

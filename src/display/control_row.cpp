@@ -57,8 +57,16 @@ const SpeedScaleMapping& SpeedScale::mapping() const {
     return m_orientation == Orientation::Plain ? PlainSpeedScale : MirroredSpeedScale;
 }
 
+double SpeedScale::enlargement() const {
+    return width() / static_cast<double>(ToldSize.width());
+}
+
+double SpeedScale::placeOf(const QMouseEvent& event) const {
+    return event.position().x() / enlargement();
+}
+
 void SpeedScale::mousePressEvent(QMouseEvent* event) {
-    const double x = event->position().x();
+    const double x = placeOf(*event);
     const double left = mapping().thumbLeft(m_speed);
     m_dragging = mapping().partAt(x) == SpeedScaleMapping::Part::Scale;
     if (m_dragging && x >= left && x < left + ThumbWidth) {
@@ -70,13 +78,13 @@ void SpeedScale::mousePressEvent(QMouseEvent* event) {
 
 /// On a button it is one press; on the scale the hand is only quick.
 void SpeedScale::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (mapping().partAt(event->position().x()) == SpeedScaleMapping::Part::Scale) {
+    if (mapping().partAt(placeOf(*event)) == SpeedScaleMapping::Part::Scale) {
         mousePressEvent(event);
     }
 }
 
 void SpeedScale::mouseMoveEvent(QMouseEvent* event) {
-    const double x = event->position().x();
+    const double x = placeOf(*event);
     if (m_thumbHeldAt) {
         Q_EMIT dragged(mapping().thumbSpeed(mapping().draggedThumbLeft(x, *m_thumbHeldAt)));
     } else if (m_dragging) {
@@ -90,19 +98,23 @@ void SpeedScale::mouseReleaseEvent(QMouseEvent*) {
 }
 
 void SpeedScale::paintEvent(QPaintEvent*) {
-    paintFace(*this, m_orientation, [this](QPainter& painter) { paintWhole(painter); });
+    paintFace(*this, m_orientation, [this](QPainter& painter) {
+        painter.scale(enlargement(), enlargement());
+        paintWhole(painter);
+    });
 }
 
 /// As the plain window has it: its buttons, and the scale with the thumb.
 void SpeedScale::paintWhole(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRect start(0, 0, ButtonWidth - 2, height());
-    const QRect pause(ButtonWidth, 0, ButtonWidth - 2, height());
+    const QRect start(0, 0, ButtonWidth - 2, ToldSize.height());
+    const QRect pause(ButtonWidth, 0, ButtonWidth - 2, ToldSize.height());
     paintPanel(painter, start);
     paintPanel(painter, pause);
-    paintPanel(painter, QRect(2 * ButtonWidth + 1, 0, width() - 2 * ButtonWidth - 1, height()));
+    paintPanel(painter, QRect(2 * ButtonWidth + 1, 0, ToldSize.width() - 2 * ButtonWidth - 1,
+                              ToldSize.height()));
 
-    const double middle = height() / 2.0;
+    const double middle = ToldSize.height() / 2.0;
     painter.setBrush(QColor(Go));
     const QPointF play[] = {{12, middle - 8}, {12, middle + 8}, {25, middle}};
     painter.drawConvexPolygon(play, 3);
@@ -113,7 +125,7 @@ void SpeedScale::paintWhole(QPainter& painter) const {
 }
 
 void SpeedScale::paintScale(QPainter& painter) const {
-    const double middle = height() / 2.0;
+    const double middle = ToldSize.height() / 2.0;
     const double left = scaleX(255);
     const double right = scaleX(0);
     QLinearGradient shade(left, 0, right, 0);
@@ -146,8 +158,10 @@ ShowMark::ShowMark(Kind kind, QWidget* parent) : QWidget(parent), m_kind(kind) {
 void ShowMark::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    paintPanel(painter, rect());
-    const QPointF middle(width() / 2.0, height() / 2.0);
+    const double enlargement = width() / static_cast<double>(ToldSize.width());
+    painter.scale(enlargement, enlargement);
+    paintPanel(painter, QRect(QPoint(0, 0), ToldSize));
+    const QPointF middle = QRectF(QPointF(0, 0), ToldSize).center();
     if (m_kind == Kind::Notice) {
         painter.setBrush(QColor(Halt));
         const QPointF ribbon[] = {{middle.x() - 6, 7},

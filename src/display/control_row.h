@@ -3,6 +3,7 @@
 #include "controllers/speed_scale_mapping.h"
 #include "display/display_traits.h"
 
+#include <QSize>
 #include <QWidget>
 
 #include <optional>
@@ -10,8 +11,8 @@
 namespace velmora {
 
 /// Picture6 with Image1: the speed scale. A start button, a pause button, and the scale with its
-/// thumb, 347 by 34 pixels. The left end of the scale is speed 255, the right end 0; in a mirrored
-/// window everything runs the other way.
+/// thumb, told for 347 by 34 pixels; a larger one is the same picture enlarged. The left end of the
+/// scale is speed 255, the right end 0; in a mirrored window everything runs the other way.
 class SpeedScale final : public QWidget {
     Q_OBJECT
 public:
@@ -22,11 +23,11 @@ public:
     /// Moves the thumb.
     void setSpeed(double scrollSpeed);
 
-    /// Where the parts of the scale lie in this window.
+    /// Where the parts of the scale lie in this window, in the told pixels.
     [[nodiscard]] const SpeedScaleMapping& mapping() const;
 
 Q_SIGNALS:
-    /// A button was pressed beside the thumb, so many pixels from the left edge.
+    /// A button was pressed beside the thumb, so many told pixels from the left edge.
     void pressed(double x);
     /// The thumb or the scale is dragged to a speed.
     void dragged(double scrollSpeed);
@@ -39,6 +40,10 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    static constexpr QSize ToldSize{347, 34};
+
+    [[nodiscard]] double enlargement() const;
+    [[nodiscard]] double placeOf(const QMouseEvent& event) const;
     void paintWhole(QPainter& painter) const;
     void paintScale(QPainter& painter) const;
 
@@ -51,7 +56,7 @@ private:
     std::optional<double> m_thumbHeldAt;
 };
 
-/// Picture4, Picture5, Picture7: what stands left of the speed scale, 39 by 33 pixels.
+/// Picture4, Picture5, Picture7: what stands left of the speed scale, told for 39 by 33 pixels.
 class ShowMark final : public QWidget {
     Q_OBJECT
 public:
@@ -63,6 +68,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    static constexpr QSize ToldSize{39, 33};
+
     Kind m_kind;
 };
 

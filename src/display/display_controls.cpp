@@ -26,8 +26,7 @@ DisplayControls::DisplayControls(const DisplayTraits& traits, QWidget* window) :
     const auto button = [&](const char16_t* words) {
         return new ShowButton(QString::fromUtf16(words), traits.face, window);
     };
-    // The strip stands at the left in every window of the operator: its point is towards the text.
-    Picture3 = new ArrowStrip(Orientation::Plain, window);
+    Picture3 = new ArrowStrip(traits.face, window);
     Picture4 = new ShowMark(ShowMark::Kind::Forward, window);
     Picture5 = new ShowMark(ShowMark::Kind::Backward, window);
     Picture6 = new SpeedScale(traits.face, window);
@@ -73,6 +72,9 @@ void DisplayControls::place(const DisplayGeometry& geometry) {
         mark->setGeometry(geometry.directionMark);
     }
     Picture6->setGeometry(geometry.Picture6);
+    for (ShowText* text : {Label1, Label2, Label3, Label4, Label5, Label6}) {
+        text->setUnit(geometry.controlUnit);
+    }
     Label1->setGeometry(geometry.Label1);
     Label2->setGeometry(geometry.Label2);
     Label3->setGeometry(geometry.Label3);

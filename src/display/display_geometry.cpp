@@ -1,5 +1,6 @@
 #include "display/display_geometry.h"
 
+#include "core/screen_scale.h"
 #include "display/font_scale.h"
 
 #include <algorithm>
@@ -24,33 +25,49 @@ int sideMargin(const GeometryInput& input) {
     return static_cast<int>(std::max(0.0, std::floor(spare / 2)));
 }
 
-/// The rows of controls at the window's foot.
+/// The row of controls at the window's foot, told on a screen of 640 by 480. A steered show's
+/// stands in the middle. A timed show's keeps to the edges, so that the bar of the duration between
+/// them is as wide as it can be.
 void layOutControls(const QSize& display, const DisplayTraits& traits, DisplayGeometry& geometry) {
-    const int baseX = (display.width() - ReferenceWidth) / 2;
-    const int baseY = display.height() - ReferenceHeight;
+    const auto length = [&](int pixels) { return controlLength(pixels, display.width()); };
+    const int spare = display.width() - length(ReferenceWidth);
+    const int left = traits.timed ? 0 : spare / 2;
+    const int right = traits.timed ? spare : left;
     const auto place = [&](int x, int y, int width, int height) {
         const bool mirrored = traits.face == Orientation::Mirrored;
-        return QRect(mirrored ? display.width() - x - width : x, baseY + y, width, height);
+        return QRect(mirrored ? display.width() - x - width : x,
+                     display.height() - length(ReferenceHeight - y), width, length(height));
     };
-    geometry.directionMark = place(baseX + 25, 445, 39, 33);
-    geometry.Picture6 = place(baseX + 74, 445, 347, 34);
-    geometry.Command1 = place(baseX + 25, 445, 78, 33);
-    geometry.Hscroll1 = place(baseX + 112, 453, 190, 17);
-    geometry.Label2 = place(baseX + 318, 446, 100, 15);
-    geometry.Label3 = place(baseX + 318, 461, 65, 16);
-    geometry.Label6 = place(baseX + 433, 446, 65, 15);
-    geometry.Label5 = place(baseX + 433, 463, 65, 15);
-    geometry.Label1 = place(baseX + 500, 445, 65, 16);
-    geometry.Label4 = place(baseX + 500, 462, 65, 16);
-    geometry.Vscroll2 = place(0, 445, 18, 32);
-    geometry.Command3 = place(display.width() - 68, 445, 68, 33);
+    const auto placeFrom = [&](int edge, int x, int y, int width, int height) {
+        return place(edge + length(x), y, length(width), height);
+    };
+    geometry.directionMark = placeFrom(left, 25, 445, 39, 33);
+    geometry.Picture6 = placeFrom(left, 74, 445, 347, 34);
+    geometry.Command1 = placeFrom(left, 25, 445, 78, 33);
+    geometry.Hscroll1 = place(left + length(112), 453, right - left + length(190), 17);
+    geometry.Label2 = placeFrom(right, 318, 446, 100, 15);
+    geometry.Label3 = placeFrom(right, 318, 461, 65, 16);
+    geometry.Label6 = placeFrom(right, 433, 446, 65, 15);
+    geometry.Label5 = placeFrom(right, 433, 463, 65, 15);
+    geometry.Label1 = placeFrom(right, 500, 445, 65, 16);
+    geometry.Label4 = placeFrom(right, 500, 462, 65, 16);
+    geometry.Vscroll2 = placeFrom(0, 0, 445, 18, 32);
+    geometry.Command3 = placeFrom(display.width() - length(68), 0, 445, 68, 33);
+    geometry.controlUnit = length(ReferenceWidth) / static_cast<double>(ReferenceWidth);
 }
 
-/// The arrow's strip and the scroll bar stand beside the text.
-void layOutBeside(const QRect& picture, DisplayGeometry& geometry) {
+/// The arrow's strip stands where the lines begin for the reader, the scroll bar at their other
+/// end.
+void layOutBeside(int displayWidth, const DisplayTraits& traits, DisplayGeometry& geometry) {
+    const QRect& picture = geometry.Picture1;
+    const int strip = arrowStripWidth(displayWidth);
+    const int bar = scrollBarWidth(displayWidth);
+    const bool mirrored = traits.face == Orientation::Mirrored;
+    const int behind = picture.right() + 1;
     geometry.Picture3 =
-        QRect(picture.left() - ArrowStripWidth, picture.top(), ArrowStripWidth, picture.height());
-    geometry.Vscroll1 = QRect(picture.right() + 1, picture.top(), ScrollBarWidth, picture.height());
+        QRect(mirrored ? behind : picture.left() - strip, picture.top(), strip, picture.height());
+    geometry.Vscroll1 =
+        QRect(mirrored ? picture.left() - bar : behind, picture.top(), bar, picture.height());
 }
 
 /// The picture where it is, if it fits into the room; else as large as it can be there.
@@ -66,21 +83,29 @@ QRect fitted(const QRect& picture, const QRect& room) {
     return fit;
 }
 
+/// The arrow beside the speaker's picture is that of the smaller display: it is never larger beside
+/// a text than the operator's.
+int speakerStripWidth(int speakerWidth, int operatorWidth) {
+    return arrowStripWidth(std::min(speakerWidth, operatorWidth));
+}
+
 /// The text window on display 1, so that display 2 can show the same rows.
 QRect sharedPicture(const QRect& alone, const GeometryInput& input) {
     const QSize second = input.secondDisplay;
     QRect picture = alone;
     const int higherBy = input.screenHeight - second.height();
+    const int row = controlLength(ControlRowHeight, input.screenWidth);
     if (higherBy > 0) {
         picture.setHeight(std::max(TextMargins + 1, picture.height() - higherBy));
         picture.moveTop(higherBy / 2);
-        if (higherBy >= ControlRowHeight) {
-            picture.setHeight(picture.height() + ControlRowHeight);
-            picture.moveTop(std::max(0, picture.top() - ControlRowHeight / 2));
+        if (higherBy >= row) {
+            picture.setHeight(picture.height() + row);
+            picture.moveTop(std::max(0, picture.top() - row / 2));
         }
     }
     if (input.screenWidth - second.width() >= WiderBy) {
-        const int room = second.width() - ArrowStripWidth - picture.width();
+        const int strip = speakerStripWidth(second.width(), input.screenWidth);
+        const int room = second.width() - strip - picture.width();
         const int growth = std::clamp(room, 0, MostGrowth);
         picture.setWidth(picture.width() + growth);
         picture.moveLeft(picture.left() - growth / 2);
@@ -100,8 +125,9 @@ DisplayGeometry layOutDisplay(const GeometryInput& input) {
     geometry.LineHeightFactor = input.screenHeight <= ReferenceHeight ? 1.68 : 2.05;
     geometry.SideMargin = sideMargin(input);
     const int width = static_cast<int>(freeWidth(input.screenWidth)) - 2 * geometry.SideMargin;
-    QRect picture(geometry.SideMargin + ArrowStripWidth, 0, std::max(1, width),
-                  std::max(TextMargins + 1, input.screenHeight - ControlRowHeight));
+    const int row = controlLength(ControlRowHeight, input.screenWidth);
+    QRect picture(geometry.SideMargin + arrowStripWidth(input.screenWidth), 0, std::max(1, width),
+                  std::max(TextMargins + 1, input.screenHeight - row));
     if (!input.secondDisplay.isEmpty()) {
         picture = sharedPicture(picture, input);
     }
@@ -109,32 +135,47 @@ DisplayGeometry layOutDisplay(const GeometryInput& input) {
     if (input.FullScreenMode == 1) {
         picture.translate(FullScreenShiftX, FullScreenShiftY);
     }
+    if (input.traits.face == Orientation::Mirrored) {
+        picture.moveLeft(input.screenWidth - picture.left() - picture.width());
+    }
     geometry.Picture1 = picture;
-    layOutBeside(picture, geometry);
+    geometry.homeWidth = input.screenWidth;
+    layOutBeside(input.screenWidth, input.traits, geometry);
     if (!input.secondDisplay.isEmpty()) {
         layOutSpeaker(input.secondDisplay, geometry);
     }
     return geometry;
 }
 
+int arrowStripWidth(int displayWidth) {
+    return controlLength(ArrowStripWidth, displayWidth);
+}
+
+int scrollBarWidth(int displayWidth) {
+    return controlLength(ScrollBarWidth, displayWidth);
+}
+
 void layOutSpeaker(const QSize& display, DisplayGeometry& geometry) {
-    const QRect room(0, 0, display.width() - ArrowStripWidth, display.height());
+    const int strip = speakerStripWidth(display.width(), geometry.homeWidth);
+    const QRect room(0, 0, display.width() - strip, display.height());
     QRect picture = fitted(QRect(QPoint(0, 0), geometry.Picture1.size()), room);
     picture.moveTo((room.width() - picture.width()) / 2, (room.height() - picture.height()) / 2);
     geometry.speakerPicture1 = picture;
     geometry.speakerShare = static_cast<double>(picture.width()) / geometry.WindowWidth();
-    geometry.speakerPicture3 =
-        QRect(picture.right() + 1, picture.top(), ArrowStripWidth, picture.height());
+    geometry.speakerPicture3 = QRect(picture.right() + 1, picture.top(), strip, picture.height());
 }
 
 void moveToDisplay(const QSize& display, const DisplayTraits& traits, DisplayGeometry& geometry) {
-    const QRect room(ArrowStripWidth, 0, display.width() - ArrowStripWidth - ScrollBarWidth,
-                     display.height() - ControlRowHeight);
+    const int strip = arrowStripWidth(display.width());
+    const int bar = scrollBarWidth(display.width());
+    const int left = traits.face == Orientation::Mirrored ? bar : strip;
+    const QRect room(left, 0, display.width() - strip - bar,
+                     display.height() - controlLength(ControlRowHeight, display.width()));
     const QRect picture = fitted(geometry.Picture1, room);
     geometry.share = static_cast<double>(picture.width()) / geometry.WindowWidth();
     geometry.Picture1 = picture;
     layOutControls(display, traits, geometry);
-    layOutBeside(geometry.Picture1, geometry);
+    layOutBeside(display.width(), traits, geometry);
 }
 
 } // namespace velmora

@@ -21,15 +21,19 @@ struct GeometryInput final {
     QSize secondDisplay = {};
 };
 
-/// Where everything of a display window lies, in the window's coordinates. A mirrored window's
-/// control row is the plain one's seen in a mirror.
+/// Where everything of a display window lies, in the window's coordinates. A mirrored window is the
+/// plain one seen in a mirror.
 struct DisplayGeometry final {
+    /// Width of the display of the start.
+    int homeWidth = 0;
+    /// Size of the controls as a share of what is told for them, 1 or more.
+    double controlUnit = 1;
     int SideMargin = 0;
     /// The visible text window.
     QRect Picture1;
     /// Picture1's size as a share of what it has on the display of the start.
     double share = 1;
-    /// Strip left of Picture1 that holds the cue arrow.
+    /// Strip beside Picture1 that holds the cue arrow.
     QRect Picture3;
     /// Direction marks and the notice: one place.
     QRect directionMark;
@@ -67,12 +71,16 @@ struct DisplayGeometry final {
 inline constexpr int TextTopMargin = 10;
 /// Rows of Picture1 that are not text: 10 above and 9 below.
 inline constexpr int TextMargins = 19;
-/// Widths of the cue arrow's strip and of the scroll bar.
+/// Widths of the cue arrow's strip and of the scroll bar, on a display up to 1920 pixels wide.
 inline constexpr int ArrowStripWidth = 40;
 inline constexpr int ScrollBarWidth = 19;
 /// How far the text moves when the controls go.
 inline constexpr int FullScreenShiftX = 10;
 inline constexpr int FullScreenShiftY = 20;
+
+/// The same on a display so many pixels wide.
+[[nodiscard]] int arrowStripWidth(int displayWidth);
+[[nodiscard]] int scrollBarWidth(int displayWidth);
 
 [[nodiscard]] DisplayGeometry layOutDisplay(const GeometryInput& input);
 

@@ -2,9 +2,8 @@
 
 #include "controllers/foot_pedal.h"
 #include "controllers/speed_mapping.h"
-#include "core/arrangement.h"
-#include "core/display_rects.h"
 #include "core/number_format.h"
+#include "core/screen_scale.h"
 #include "core/session.h"
 #include "core/two_display_check.h"
 #include "display/bookmark_question.h"
@@ -18,14 +17,11 @@
 #include "display/speaker_window.h"
 #include "display/timed_loop.h"
 #include "platform/desktop/message_boxes.h"
-#include "platform/desktop/monitors.h"
 #include "platform/drawing/color.h"
 #include "platform/timing/clock.h"
 #include "platform/timing/event_pump.h"
 
-#include <QApplication>
 #include <QGuiApplication>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QWindow>
 
@@ -69,27 +65,6 @@ void DisplayWindow::load() {
     connectControls();
     runLoop();
     leave();
-}
-
-/// False where the settings ask for a second display and there is none.
-bool DisplayWindow::findDisplays() {
-    const bool twoDisplays =
-        m_traits.face == Orientation::Plain && m_session.settings.MirrorMode != mirror::OneDisplay;
-    if (twoDisplays) {
-        GetDisplayRect(m_session, 2);
-        if (!displayFound(m_session)) {
-            return false;
-        }
-        const QRect display = displayRect(m_session.displays);
-        m_speakerDisplay = {display, display};
-    }
-    GetDisplayRect(m_session, 1);
-    QRect display = displayRect(m_session.displays);
-    if (display.isEmpty()) {
-        display = QRect(QPoint(0, 0), m_session.platform.monitors.primarySize());
-    }
-    m_display = {display, display};
-    return true;
 }
 
 /// Line count, scale and colours first, then the geometry, then the ranges, then the tables. False
@@ -206,7 +181,7 @@ void DisplayWindow::placeControls() {
     if (!m_speakerDisplay.now.isEmpty()) {
         layOutSpeaker(m_speakerDisplay.now.size(), m_geometry);
     }
-    if (m_display.now.size() != m_display.home.size()) {
+    if (!m_display.now.isEmpty() && m_display.now.size() != m_display.home.size()) {
         moveToDisplay(m_display.now.size(), m_traits, m_geometry);
     }
     Picture1->setGeometry(m_geometry.Picture1);
@@ -239,7 +214,8 @@ void DisplayWindow::setRanges() {
     m_controls.Vscroll1->setRange(0, ScriptLineCount);
     m_controls.Vscroll1->setPageStep(std::max(1, ScriptLineCount / 20));
     m_controls.Vscroll1->setValue(0);
-    m_controls.Vscroll2->setRange(0, m_geometry.Picture3.height() - CueArrowHeight);
+    m_controls.Vscroll2->setRange(0, m_geometry.Picture3.height() -
+                                         controlLength(CueArrowHeight, m_display.home.width()));
     m_controls.Vscroll2->setValue(settings.ArrowPosition);
     Vscroll2_Change(m_controls.Vscroll2->value());
     settings.TimedDisplaySeconds =
@@ -255,7 +231,7 @@ void DisplayWindow::setRanges() {
 
 void DisplayWindow::openSpeakerWindow() {
     m_speaker = std::make_unique<SpeakerScriptM>(toPixel(m_session.script.rtb1.BackColor()));
-    m_speaker->Picture3->setArrow(m_session.settings.ArrowPosition);
+    placeArrow();
     connect(m_speaker.get(), &SpeakerScriptM::closeRequested, this, [this] { m_steering.leave(); });
     m_speaker->standOn(m_speakerDisplay.now, m_geometry);
     showState();
@@ -263,6 +239,9 @@ void DisplayWindow::openSpeakerWindow() {
 
 void DisplayWindow::connectControls() {
     Picture1->installEventFilter(this);
+    if (m_speaker) {
+        m_speaker->Picture1->installEventFilter(this);
+    }
     connect(m_controls.Vscroll1, &QScrollBar::valueChanged, this, &DisplayWindow::Vscroll1_Change);
     connect(m_controls.Vscroll1, &QScrollBar::actionTriggered, this,
             &DisplayWindow::Vscroll1_Action);
@@ -275,74 +254,6 @@ void DisplayWindow::connectControls() {
     connect(m_controls.Command3, &ShowButton::clicked, this, [this] { m_steering.leave(); });
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DisplayWindow::keepInFront);
     watchDisplays();
-}
-
-/// A display may come first and find its place later. The preparation has pumped: a display may
-/// have gone already.
-void DisplayWindow::watchDisplays() {
-    const auto watch = [this](const QScreen* screen) {
-        connect(screen, &QScreen::geometryChanged, this, &DisplayWindow::followDisplays);
-        connect(screen, &QScreen::refreshRateChanged, this, &DisplayWindow::followDisplays);
-    };
-    std::ranges::for_each(QGuiApplication::screens(), watch);
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DisplayWindow::followDisplays);
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this, watch](const QScreen* screen) {
-        if (screen != nullptr) {
-            watch(screen);
-        }
-        followDisplays();
-    });
-    followDisplays();
-}
-
-/// A display that is unplugged ends nothing: both windows keep to a display that is still there;
-/// the operator's moves to another one, the speaker's rests until there is another one. Both go
-/// home as soon as they can: a cable that blinks out must not swap them.
-void DisplayWindow::followDisplays() {
-    const std::vector<QRect> displays = m_session.platform.monitors.displays();
-    if (m_session.displays.CmdDisplaysGiven == 1 || displays.empty()) {
-        return;
-    }
-    const QRect before = m_display.now;
-    // The text stays on the speaker's display as long as there is another one for the operator.
-    m_display.choose(displays, m_speakerDisplay.seat(displays));
-    if (m_display.now.isEmpty()) {
-        m_display.choose(displays);
-    }
-    if (m_speaker) {
-        m_speakerDisplay.choose(displays, m_display.now);
-    }
-    placeControls();
-    if (m_display.now != before) {
-        fillDisplay(*this, m_display.now);
-        if (QWidget* dialog = QApplication::activeModalWidget()) {
-            // It has all keys: nobody could answer it on a display that is gone.
-            dialog->move(m_display.now.center() - dialog->rect().center());
-        }
-    }
-    if (m_speaker) {
-        m_speaker->standOn(m_speakerDisplay.now, m_geometry);
-    }
-    m_presenter->setRefreshRate(refreshRate());
-    if (QApplication::activeModalWidget() == nullptr) {
-        activateWindow();
-    }
-}
-
-/// The speaker's display counts where there is one: the speaker reads, the operator glances.
-double DisplayWindow::refreshRate() const {
-    const QRect& reader = m_speakerDisplay.now.isEmpty() ? m_display.now : m_speakerDisplay.now;
-    return m_session.platform.monitors.refreshRate(reader);
-}
-
-/// The editor beneath is disabled: brought to the front by the desktop it would hide a running show
-/// that no key reaches any more.
-void DisplayWindow::keepInFront(QWindow* focused) {
-    if (focused != nullptr && focused != windowHandle() &&
-        QApplication::activeModalWidget() == nullptr) {
-        raise();
-        activateWindow();
-    }
 }
 
 /// Both pictures in one turn: the speaker sees the row that the operator sees.
@@ -382,8 +293,8 @@ void DisplayWindow::leave() {
     RichTextBox& rtb1 = m_session.script.rtb1;
     const double topLine = m_navigation->returnLine();
     const int top = rtb1.lineIndex(std::max(0, static_cast<int>(topLine) - 1));
-    const int topNow =
-        offerBookmarks(m_session, m_navigation->bookmarks().inserted(), m_traits.face, this, top);
+    const int topNow = offerBookmarks(m_session, m_navigation->bookmarks().inserted(),
+                                      faceInCharge(), pictureInCharge().window(), top);
     m_session.show.ShowTopLine = topNow == top ? topLine : rtb1.GetLineFromChar(topNow) + 1;
 }
 

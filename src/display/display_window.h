@@ -80,11 +80,15 @@ private:
     void startComposer();
     void layOut();
     void placeControls();
+    void placeArrow();
     void setRanges();
     void openSpeakerWindow();
     void createSteering();
     void connectControls();
     void followDisplays();
+    void takePlace();
+    [[nodiscard]] TextWindow& pictureInCharge() const;
+    [[nodiscard]] Orientation faceInCharge() const;
     [[nodiscard]] double refreshRate() const;
     void watchDisplays();
     void keepInFront(QWindow* focused);

@@ -2,6 +2,7 @@
 #include "display/display_window.h"
 
 #include "core/number_format.h"
+#include "core/screen_scale.h"
 #include "core/session.h"
 #include "display/show_find.h"
 #include "display/speaker_window.h"
@@ -40,13 +41,13 @@ void DisplayWindow::moveSpeedIndicator() {
 
 void DisplayWindow::showPicture() {
     Picture1->show();
-    activateWindow();
+    pictureInCharge().window()->activateWindow();
     focusPicture();
     m_pointer->catchPointer();
 }
 
 void DisplayWindow::focusPicture() {
-    Picture1->setFocus();
+    pictureInCharge().setFocus();
 }
 
 void DisplayWindow::addBookmark() {
@@ -57,7 +58,7 @@ void DisplayWindow::addBookmark() {
 }
 
 void DisplayWindow::find() {
-    m_find->find(*Picture1);
+    m_find->find(pictureInCharge(), faceInCharge());
     focusPicture();
 }
 
@@ -114,7 +115,7 @@ void DisplayWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool DisplayWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == Picture1 && event->type() == QEvent::KeyPress) {
+    if (watched == &pictureInCharge() && event->type() == QEvent::KeyPress) {
         const auto* keyEvent = static_cast<QKeyEvent*>(event);
         int keyCode = virtualKey(*keyEvent);
         int shift = shiftState(*keyEvent);
@@ -173,11 +174,18 @@ void DisplayWindow::Vscroll1_Change(int value) {
 
 void DisplayWindow::Vscroll2_Change(int value) {
     m_session.settings.ArrowPosition = value;
-    m_controls.Picture3->setArrow(value);
-    if (m_speaker) {
-        m_speaker->Picture3->setArrow(value);
-    }
+    placeArrow();
     focusPicture();
+}
+
+/// ArrowPosition is its top, in pixels of the display of the start.
+void DisplayWindow::placeArrow() {
+    const int point =
+        m_session.settings.ArrowPosition + controlLength(CueArrowPoint, m_display.home.width());
+    m_controls.Picture3->setPoint(point);
+    if (m_speaker) {
+        m_speaker->Picture3->setPoint(point);
+    }
 }
 
 void DisplayWindow::Hscroll1_Change(int value) {

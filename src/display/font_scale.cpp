@@ -58,11 +58,11 @@ int fittedSize(const QString& fontName, double ratio) {
 
 } // namespace
 
-double freeWidth(double screenWidth) {
-    return screenWidth - ArrowStripWidth - ScrollBarWidth;
+int freeWidth(int screenWidth) {
+    return screenWidth - arrowStripWidth(screenWidth) - scrollBarWidth(screenWidth);
 }
 
-ScriptScale fitScriptScale(const QByteArray& scriptRtf, double screenWidth) {
+ScriptScale fitScriptScale(const QByteArray& scriptRtf, int screenWidth) {
     ScriptScale scale;
     scale.FontNames = fontTableNames(scriptRtf);
     const double ratio = freeWidth(screenWidth) / ReferenceTextWidth;

@@ -18,12 +18,12 @@ struct ScriptScale final {
 };
 
 /// Free width of a display: the screen without the arrow's strip and the scroll bar, in pixels.
-[[nodiscard]] double freeWidth(double screenWidth);
+[[nodiscard]] int freeWidth(int screenWidth);
 
 /// Fits the scale: for each font of the script the largest whole size at which a measuring string
 /// is as much wider than at 27 points as the display's free width asks; the least of them counts.
 /// Without a font table the plain ratio of the widths serves.
-[[nodiscard]] ScriptScale fitScriptScale(const QByteArray& scriptRtf, double screenWidth);
+[[nodiscard]] ScriptScale fitScriptScale(const QByteArray& scriptRtf, int screenWidth);
 
 /// Names in the font table of RTF: from "\fonttbl" to the closing ";}}", "\f0" upwards.
 [[nodiscard]] QStringList fontTableNames(const QByteArray& rtf);

@@ -16,7 +16,7 @@ struct DisplayPlace final {
 
     /// Chooses among the displays that are there: home, else where the window is, else any that is
     /// not taken by another window, else none.
-    void choose(const std::vector<QRect>& displays, const QRect& taken = {});
+    void choose(const std::vector<QRect>& displays, const QRect& taken);
     /// The display that the window has a claim to: home where that is there, else where it is.
     [[nodiscard]] QRect seat(const std::vector<QRect>& displays) const;
 };

@@ -31,8 +31,7 @@ PictureButton pictureButton(Qt::MouseButton button) {
 PointerControl::PointerControl(const Parts& parts, const DisplayTraits& traits)
     : m_session(parts.session), m_parts(parts), m_traits(traits),
       m_speedPointer(parts.session, parts.devices) {
-    parts.Picture1.setMouseTracking(true);
-    parts.Picture1.installEventFilter(this);
+    watch(parts.Picture1);
     connect(&parts.Picture6, &SpeedScale::pressed, this, &PointerControl::Picture6_MouseDown);
     connect(&parts.Picture6, &SpeedScale::dragged, this,
             [this](double scrollSpeed) { m_parts.steering.setSpeed(scrollSpeed); });
@@ -40,6 +39,22 @@ PointerControl::PointerControl(const Parts& parts, const DisplayTraits& traits)
 
 PointerControl::~PointerControl() {
     freePointer();
+}
+
+void PointerControl::watch(TextWindow& picture) {
+    m_picture = &picture;
+    m_picture->setMouseTracking(true);
+    m_picture->installEventFilter(this);
+}
+
+void PointerControl::moveTo(TextWindow& picture) {
+    if (m_picture == &picture) {
+        return;
+    }
+    m_picture->removeEventFilter(this);
+    freePointer();
+    watch(picture);
+    catchPointer();
 }
 
 void PointerControl::freePointer() {
@@ -51,7 +66,7 @@ void PointerControl::catchPointer() {
     if (m_traits.timed) {
         return;
     }
-    m_speedPointer.begin(m_parts.Picture1);
+    m_speedPointer.begin(*m_picture);
 }
 
 bool PointerControl::eventFilter(QObject* watched, QEvent* event) {
@@ -59,7 +74,7 @@ bool PointerControl::eventFilter(QObject* watched, QEvent* event) {
         turnWheel(*static_cast<QWheelEvent*>(event));
         return true;
     }
-    return watched == &m_parts.Picture1 && pictureEvent(event);
+    return watched == m_picture && pictureEvent(event);
 }
 
 /// True where the event was one of the pointer's.
@@ -111,7 +126,7 @@ void PointerControl::Picture1_MouseMove(const QMouseEvent& event) {
     if (m_traits.timed) {
         return;
     }
-    const TextWindow& picture = m_parts.Picture1;
+    const TextWindow& picture = *m_picture;
     PointerMove move;
     move.position = event.position();
     move.leftHeld = event.buttons().testFlag(Qt::LeftButton);

@@ -36,6 +36,8 @@ public:
     /// Catches the pointer where a controller acts as a mouse and steers the show; again after
     /// Picture1 has moved.
     void catchPointer();
+    /// From now on it is another picture that the pointer is over.
+    void moveTo(TextWindow& picture);
     /// Gives the pointer back.
     void freePointer();
     /// The wheel, wherever in the window.
@@ -45,6 +47,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void watch(TextWindow& picture);
     bool pictureEvent(QEvent* event);
     void Picture1_MouseDown(const QMouseEvent& event);
     void Picture1_MouseMove(const QMouseEvent& event);
@@ -52,6 +55,7 @@ private:
 
     Session& m_session;
     Parts m_parts;
+    TextWindow* m_picture = nullptr;
     DisplayTraits m_traits;
     SpeedPointer m_speedPointer;
 };

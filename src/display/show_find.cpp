@@ -1,9 +1,9 @@
 #include "display/show_find.h"
 
 #include "core/session.h"
+#include "display/show_find_window.h"
 #include "display/show_navigation.h"
 #include "display/text_window.h"
-#include "editor/show_find_window.h"
 
 namespace velmora {
 
@@ -18,12 +18,12 @@ constexpr int FrameHeight = 40;
 ShowFind::ShowFind(Session& session, ShowNavigation& navigation)
     : m_session(session), m_navigation(navigation) {}
 
-void ShowFind::find(const TextWindow& picture) {
+void ShowFind::find(const TextWindow& picture, Orientation face) {
     FindState& find = m_session.find;
     const std::int64_t rowBefore = m_session.show.ScrollRow;
     const int directionBefore = m_session.show.ScrollDirection;
     bool anyHit = false;
-    Form14 dialog(m_session, picture.window());
+    Form14 dialog(m_session, face, picture.window());
     dialog.adjustSize();
     const ShowState& show = m_session.show;
     for (ask(dialog, picture); !find.FindText.isEmpty() && show.ExitRequested == 0;

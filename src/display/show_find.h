@@ -1,5 +1,7 @@
 #pragma once
 
+#include "display/display_traits.h"
+
 #include <QPoint>
 #include <QRect>
 #include <QString>
@@ -22,7 +24,7 @@ public:
 
     /// Shows the find window over the display until the operator leaves it; the show stands
     /// meanwhile. Leaving it without a hit brings back the picture that stood before.
-    void find(const TextWindow& picture);
+    void find(const TextWindow& picture, Orientation face);
     /// The next place of LastFindText; nothing happens where there is none.
     void findNext();
 

@@ -15,10 +15,8 @@ constexpr int PointsPerInch = 72;
 } // namespace
 
 ShowText::ShowText(const QString& text, int points, Orientation orientation, QWidget* parent)
-    : QWidget(parent), m_text(text), m_orientation(orientation) {
-    QFont face(QStringLiteral("Arial"));
-    face.setPixelSize(points * DotsPerInch / PointsPerInch);
-    setFont(face);
+    : QWidget(parent), m_text(text), m_points(points), m_orientation(orientation) {
+    setUnit(1);
     setFocusPolicy(Qt::NoFocus);
 }
 
@@ -27,6 +25,12 @@ void ShowText::setText(const QString& text) {
         m_text = text;
         update();
     }
+}
+
+void ShowText::setUnit(double unit) {
+    QFont face(QStringLiteral("Arial"));
+    face.setPixelSize(static_cast<int>(m_points * unit * DotsPerInch / PointsPerInch));
+    setFont(face);
 }
 
 void ShowText::paintEvent(QPaintEvent*) {

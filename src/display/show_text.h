@@ -20,12 +20,15 @@ public:
     [[nodiscard]] const QString& text() const { return m_text; }
     /// Repaints on a difference only.
     void setText(const QString& text);
+    /// Enlarges the letters.
+    void setUnit(double unit);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QString m_text;
+    int m_points;
     Orientation m_orientation;
 };
 

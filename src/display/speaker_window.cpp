@@ -3,6 +3,7 @@
 #include "display/place_on_display.h"
 
 #include <QCloseEvent>
+#include <QWindow>
 
 namespace velmora {
 
@@ -30,6 +31,18 @@ void SpeakerScriptM::standOn(const QRect& display, const DisplayGeometry& geomet
     Picture3->setGeometry(geometry.speakerPicture3);
     Picture3->setShare(geometry.speakerShare);
     fillDisplay(*this, display);
+}
+
+void SpeakerScriptM::acceptKeys(bool accept) {
+    const Qt::WindowFlags flags = windowFlags().setFlag(Qt::WindowDoesNotAcceptFocus, !accept);
+    if (flags == windowFlags()) {
+        return;
+    }
+    // setWindowFlag would take the window off the screen, in front of the speaker.
+    overrideWindowFlags(flags);
+    if (QWindow* window = windowHandle()) {
+        window->setFlags(flags);
+    }
 }
 
 void SpeakerScriptM::present() {

@@ -9,7 +9,8 @@
 namespace velmora {
 
 /// SpeakerScriptM: the speaker's window on display 2, flipped for a mirror. It has no will of its
-/// own: the operator's window owns it and paints it in the same turn as its own picture.
+/// own: the operator's window owns it, paints it in the same turn as its own picture, and gets the
+/// keys that come here while the operator has no display.
 class SpeakerScriptM final : public QWidget {
     Q_OBJECT
 public:
@@ -18,6 +19,8 @@ public:
     /// Stands on a display, filling it; an empty rectangle hides the window until the display is
     /// there again. The picture stands in the display's middle, shrunk where that is too small.
     void standOn(const QRect& display, const DisplayGeometry& geometry);
+    /// Whether the window can have the keys. It never asks for them itself.
+    void acceptKeys(bool accept);
     /// Paints the picture at once.
     void present();
 

@@ -90,12 +90,13 @@ class TwoMonitorsTest(unittest.TestCase):
             # Another monitor with the only output: the one that had it has gone.
             desk.set_monitor(f"moved{number}", moved, "screen")
             self.assert_windows(desk, SMALL_LEFT, moved)
+        # The operator's goes: the speaker's picture stays and has the keys.
         desk.call("xrandr", "--delmonitor", "monitor2")
-        self.assert_windows(desk, RIGHT, None)
+        self.assert_windows(desk, None, RIGHT)
         desk.key("space")
         before = desk.picture()
-        desk.seen("the text rising on the display that is left", lambda now: now.rise_since(
-            before, (RIGHT[0] + 190, 12, RIGHT[0] + 460, 430), 400))
+        desk.seen("the text rising on the speaker's display", lambda now: now.rise_since(
+            before, (RIGHT[0] + 190, 90, RIGHT[0] + 460, 500), 400))
         desk.key("space")
         desk.set_monitor("monitor2", SMALL_LEFT, "none")
         self.assert_windows(desk, SMALL_LEFT, RIGHT)
@@ -103,13 +104,13 @@ class TwoMonitorsTest(unittest.TestCase):
 
     def assert_windows(self, desk, operator, speaker, picture=SMALL_PICTURE):
         """Both windows come to stand in their rectangles and show the same text, or there is none
-        of the speaker's. picture: the text's columns and its window's rows, on the operator's."""
+        of the operator's. picture: the text's columns and its window's rows, on the operator's."""
         def places(title):
             return [desk.geometry(window) for window in desk.windows(title)]
         desk.wait_until(f"the operator in {operator}, the speaker in {speaker}", lambda: (
-            places(SHOW_WINDOW) == [operator] and
-            places(SPEAKER_WINDOW) == ([speaker] if speaker else [])))
-        if speaker is None:
+            places(SHOW_WINDOW) == ([operator] if operator else []) and
+            places(SPEAKER_WINDOW) == [speaker]))
+        if operator is None:
             return
         (x, y, *_), (left, top, right, bottom) = operator, picture
         text = (x + left, y + top + 20, x + right, y + bottom - 20)

@@ -27,7 +27,7 @@ LAYERS = {
 
 # The same for the folders inside platform. A file beside them may include none of them.
 PLATFORM_PARTS = {
-    "desktop": [],
+    "desktop": ["files"],
     "devices": [],
     "drawing": [],
     "files": [],

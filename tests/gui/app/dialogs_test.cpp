@@ -1,5 +1,5 @@
 #include "app/exit_question.h"
-#include "editor/show_find_window.h"
+#include "display/show_find_window.h"
 #include "setup/monitor_help.h"
 #include "support/modal_action.h"
 #include "support/test_session.h"
@@ -118,7 +118,7 @@ TEST(DialogAnimation, ShowsTheFrameOfTheTimePassedAndRestsWhileHidden) {
 TEST(DialogAnimation, MovesInEachWindowThatHasOne) {
     TestSession test;
     Form11 help(test.session, nullptr);
-    Form14 find(test.session, nullptr);
+    Form14 find(test.session, Orientation::Plain, nullptr);
     Form17 exit(test.session, nullptr);
     for (QDialog* window : std::initializer_list<QDialog*>{&help, &find, &exit}) {
         auto* animation = window->findChild<DialogAnimation*>();

@@ -1,5 +1,6 @@
 #include "core/arrangement.h"
 #include "display/display_windows.h"
+#include "display/flipped_view.h"
 #include "display/speaker_window.h"
 #include "show_fixture.h"
 #include "support/modal_action.h"
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QWindow>
 
 using namespace velmora;
 
@@ -145,7 +147,7 @@ TEST_F(FourWindows, RemainingTimeOfTheFullRangeIsToldInTheMirroredWindowAlone) {
     }
 }
 
-TEST_F(FourWindows, SpeakersWindowRestsWhileItsDisplayIsAway) {
+TEST_F(FourWindows, EachWindowHidesWhileItsDisplayIsAwayAndTheOtherGoesOn) {
     twoDisplays(QSize(1280, 720));
     const auto expectFaceInside = [&](QWidget& window, const QWidget& picture) {
         EXPECT_TRUE(window.rect().contains(picture.geometry()));
@@ -179,29 +181,49 @@ TEST_F(FourWindows, SpeakersWindowRestsWhileItsDisplayIsAway) {
         expectFaceInside(*speaker(), *speaker()->Picture1);
     });
     t.pump.in(2.2, [&] {
-        // The operator's display goes, and both come home.
+        // The operator's display goes: the speaker's keeps its picture, and takes keys and pointer.
         t.monitors.rectangles.erase(t.monitors.rectangles.begin());
         Q_EMIT qGuiApp->screenRemoved(nullptr);
-        EXPECT_EQ(display->geometry(), QRect(1280, 0, 800, 600));
-        EXPECT_FALSE(speaker()->isVisible());
-        expectFaceInside(*display, *display->focusWidget());
-        for (const char* name : {"Picture6", "Command3", "Vscroll1", "Label4"}) {
-            EXPECT_TRUE(display->rect().contains(control(name)->geometry())) << name;
-        }
+        EXPECT_FALSE(display->isVisible());
+        EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 800, 600));
+        EXPECT_EQ(speaker()->focusWidget(), speaker()->Picture1);
+        EXPECT_FALSE(speaker()->windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
+        const double speed = settings.ScrollSpeed;
+        QTest::keyClick(speaker()->Picture1, Qt::Key_Right);
+        EXPECT_LT(settings.ScrollSpeed, speed);
+        QTest::mouseClick(speaker()->Picture1, Qt::RightButton);
+        EXPECT_EQ(show.PauseState, pause::Paused);
+        ModalAction user([&](QWidget& dialog) {
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_NE(dialog.findChild<FlippedView*>(), nullptr);
+            EXPECT_TRUE(speaker()->geometry().contains(dialog.frameGeometry()));
+            dialog.close();
+        });
+        QTest::keyClick(speaker()->Picture1, Qt::Key_F);
+        EXPECT_TRUE(user.done());
+        QTest::keyClick(speaker()->Picture1, Qt::Key_Space);
+        EXPECT_EQ(show.PauseState, pause::Scrolling);
+        // Both come home.
         t.monitors.rectangles = {QRect(0, 0, 1280, 720), QRect(1280, 0, 1280, 720)};
         Q_EMIT qGuiApp->screenAdded(nullptr);
         EXPECT_EQ(display->geometry(), QRect(0, 0, 1280, 720));
         EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 1280, 720));
-        EXPECT_TRUE(speaker()->isVisible());
+        EXPECT_TRUE(display->isVisible() && speaker()->isVisible());
+        EXPECT_TRUE(speaker()->windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
         EXPECT_EQ(speaker()->Picture1->size(), display->focusWidget()->size());
+        QTest::mouseClick(speaker()->Picture1, Qt::RightButton);
+        EXPECT_EQ(show.PauseState, pause::Scrolling) << "the speaker's picture is a picture again";
         // It comes back in another mode, or there is a third one: the speaker keeps the own.
         for (const QRect& other : {QRect(0, 0, 1024, 768), QRect(2560, 0, 1280, 720)}) {
             t.monitors.rectangles = {QRect(1280, 0, 1280, 720)};
             Q_EMIT qGuiApp->screenRemoved(nullptr);
-            EXPECT_FALSE(speaker()->isVisible());
+            EXPECT_FALSE(display->isVisible());
             t.monitors.rectangles.push_back(other);
             Q_EMIT qGuiApp->screenAdded(nullptr);
             EXPECT_EQ(display->geometry(), other);
+            for (const char* name : {"Picture6", "Command3", "Vscroll1", "Label4"}) {
+                EXPECT_TRUE(display->rect().contains(control(name)->geometry())) << name;
+            }
             EXPECT_EQ(speaker()->geometry(), QRect(1280, 0, 1280, 720));
             EXPECT_TRUE(speaker()->isVisible());
         }

@@ -4,6 +4,7 @@
 #include "core/arrangement.h"
 #include "core/screen_scale.h"
 #include "display/display_geometry.h"
+#include "display/flipped_view.h"
 #include "display/show_hand_over.h"
 #include "display/speaker_window.h"
 #include "display/text_window.h"
@@ -277,6 +278,9 @@ private:
         if (window == nullptr) {
             return;
         }
+        if (const auto* flipped = window->findChild<FlippedView*>()) {
+            window = flipped->sheet();
+        }
         auto* text = window->findChild<QLineEdit*>();
         ++(text != nullptr ? searches : questions);
         if (text != nullptr && upTo(2) == 0) {
@@ -284,7 +288,7 @@ private:
             text->setText(upTo(3) == 0 ? u"nowhere"_qs : u"ne ^1"_qs);
             clickButton(*window, upTo(2) == 0 ? u"Find Next" : u"Find Previous");
         } else {
-            window->close();
+            QApplication::activeModalWidget()->close();
         }
     }
 

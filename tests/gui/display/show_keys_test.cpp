@@ -1,8 +1,10 @@
+#include "core/arrangement.h"
 #include "core/script_marks.h"
 #include "display/display_geometry.h"
+#include "display/flipped_view.h"
 #include "display/mirrored_question.h"
 #include "display/script_preparation.h"
-#include "editor/show_find_window.h"
+#include "display/show_find_window.h"
 #include "show_fixture.h"
 #include "support/accessible_names.h"
 #include "support/modal_action.h"
@@ -13,6 +15,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTest>
 #include <QTimer>
 
 using namespace velmora;
@@ -291,4 +294,44 @@ TEST_F(ShowKeys, FindWindowStandsWhereItWasPutButNeverOnTheHit) {
     user.start(5);
     showFor(0.1, [&] { press(Qt::Key_F); });
     EXPECT_EQ(round, std::size(rows));
+}
+
+TEST_F(ShowKeys, FindWindowOfAMirroredShowIsFlippedAndWorks) {
+    settings.MirrorMode = mirror::Mirrored;
+    int round = 0;
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, &user, [&] {
+        QWidget* window = QApplication::activeModalWidget();
+        auto* view = window == nullptr ? nullptr : window->findChild<FlippedView*>();
+        if (view == nullptr) {
+            return;
+        }
+        // Where the eye sees a button: flipped.
+        const auto click = [view](const char16_t* caption) {
+            QRect place;
+            for (const QPushButton* button : view->sheet()->findChildren<QPushButton*>()) {
+                if (button->text() == caption) {
+                    place = button->geometry();
+                }
+            }
+            const QPoint seen(view->width() - 1 - place.center().x(), place.center().y());
+            QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, seen);
+        };
+        switch (round++) {
+        case 0:
+            QTest::keyClicks(view, u"line 20"_qs);
+            QTest::keyClick(view, Qt::Key_Return);
+            break;
+        case 1:
+            QTest::keyClicks(view, u"line 7"_qs);
+            click(u"Find Previous");
+            break;
+        default:
+            click(u"Exit");
+        }
+    });
+    user.start(5);
+    showFor(0.1, [&] { press(Qt::Key_F); });
+    EXPECT_EQ(round, 3);
+    EXPECT_EQ(caretLine(), 7);
 }

@@ -13,6 +13,35 @@ constexpr QSize Screens[] = {{640, 480},   {1280, 720},  {1366, 768},
                              {1920, 1080}, {2560, 1440}, {3840, 2160}};
 constexpr int Margins[] = {12, 160, 320};
 
+constexpr DisplayTraits Windows[] = {{Orientation::Plain, false},
+                                     {Orientation::Mirrored, false},
+                                     {Orientation::Plain, true},
+                                     {Orientation::Mirrored, true}};
+
+/// The strip and the bar beside the text, the controls beneath it.
+void expectOnScreen(const DisplayGeometry& geometry, const QSize& screen, bool controls,
+                    const DisplayTraits& traits) {
+    const QRect whole(QPoint(0, 0), screen);
+    EXPECT_TRUE(whole.contains(geometry.Picture1));
+    EXPECT_TRUE(whole.contains(geometry.Picture3));
+    const bool mirrored = traits.face == Orientation::Mirrored;
+    EXPECT_EQ(mirrored, geometry.Picture3.left() > geometry.Picture1.right());
+    EXPECT_FALSE(geometry.Picture3.intersects(geometry.Picture1));
+    if (!controls) {
+        return;
+    }
+    EXPECT_EQ(mirrored, geometry.Vscroll1.right() < geometry.Picture1.left());
+    for (const QRect& control : {geometry.Vscroll1, geometry.Vscroll2, geometry.Command3,
+                                 geometry.Picture6, geometry.Label1, geometry.Label4,
+                                 geometry.Label5, geometry.Label6, geometry.directionMark}) {
+        // A steered show's scale has no place in a timed one.
+        if (!traits.timed || control != geometry.Picture6) {
+            EXPECT_TRUE(whole.contains(control));
+            EXPECT_FALSE(control.intersects(geometry.Picture1));
+        }
+    }
+}
+
 QByteArray rtfWithFont(const char* name) {
     return QByteArray("{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil ") + name + ";}}\\f0\\fs52 x}";
 }
@@ -27,24 +56,40 @@ TEST(DisplayGeometry, EverythingIsOnTheScreenAndNoTextIsWiderThanItsWindow) {
                 SCOPED_TRACE(testing::Message()
                              << screen.width() << " margin " << margin << " full " << fullScreen);
                 const double wrap = wrapWidthForMargin(margin);
-                const DisplayGeometry geometry =
-                    layOutDisplay({screen.width(), screen.height(), wrap, scale, fullScreen});
-                const QRect whole(QPoint(0, 0), screen);
-                EXPECT_TRUE(whole.contains(geometry.Picture1));
-                EXPECT_TRUE(whole.contains(geometry.Picture3));
-                if (fullScreen == 0) {
-                    for (const QRect& control :
-                         {geometry.Vscroll1, geometry.Vscroll2, geometry.Command3,
-                          geometry.Picture6, geometry.Label1, geometry.Label4, geometry.Label5,
-                          geometry.Label6, geometry.directionMark}) {
-                        EXPECT_TRUE(whole.contains(control));
-                        EXPECT_FALSE(control.intersects(geometry.Picture1));
-                    }
+                for (const DisplayTraits& traits : Windows) {
+                    const DisplayGeometry geometry = layOutDisplay(
+                        {screen.width(), screen.height(), wrap, scale, fullScreen, traits});
+                    expectOnScreen(geometry, screen, fullScreen == 0, traits);
+                    EXPECT_LE(wrap * scale, geometry.WindowWidth());
+                    EXPECT_GE(geometry.SideMargin, 0);
                 }
-                EXPECT_LE(wrap * scale, geometry.WindowWidth());
-                EXPECT_GE(geometry.SideMargin, 0);
             }
         }
+    }
+}
+
+TEST(DisplayGeometry, ControlsGrowWithTheScreenAndADurationFillsItsRow) {
+    for (const auto& [width, unit] : {std::pair(640, 1.0), {1920, 1.0}, {2880, 1.5}, {3840, 2.0}}) {
+        SCOPED_TRACE(width);
+        const int height = width * 9 / 16;
+        const auto rowOf = [&](bool timed) {
+            return layOutDisplay({width, height, 100, 1, 0, {Orientation::Plain, timed}});
+        };
+        const DisplayGeometry steered = rowOf(false);
+        EXPECT_EQ(steered.controlUnit, unit);
+        EXPECT_EQ(steered.Picture6.width(), qRound(347 * unit));
+        EXPECT_EQ(steered.Command3.height(), qRound(33 * unit));
+        EXPECT_EQ(steered.Picture3.width(), qRound(40 * unit));
+        EXPECT_EQ(steered.Vscroll1.width(), qRound(19 * unit));
+        EXPECT_EQ(height - steered.Picture1.height(), qRound(36 * unit));
+        const DisplayGeometry timed = rowOf(true);
+        EXPECT_EQ(timed.Hscroll1.width(), width - qRound(450 * unit));
+        const QRect row[] = {timed.Vscroll2, timed.Command1, timed.Hscroll1,
+                             timed.Label3,   timed.Label5,   timed.Label4};
+        for (std::size_t i = 1; i < std::size(row); ++i) {
+            EXPECT_GT(row[i].left(), row[i - 1].right()) << i;
+        }
+        EXPECT_LE(timed.Label4.right(), timed.Command3.left());
     }
 }
 

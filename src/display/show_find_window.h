@@ -1,5 +1,7 @@
 #pragma once
 
+#include "display/display_traits.h"
+
 #include <QDialog>
 
 class QLabel;
@@ -11,8 +13,8 @@ namespace velmora {
 struct FindState;
 class Session;
 
-/// Form14: the find window over a running show. Each press closes it with what was asked for; the
-/// caller carries it out and asks again.
+/// Form14: the find window over a running show, flipped where the show is. Each press closes it
+/// with what was asked for; the caller carries it out and asks again.
 class Form14 final : public QDialog {
     Q_OBJECT
 public:
@@ -20,7 +22,7 @@ public:
     /// meanwhile.
     static constexpr int MessagePauseMs = 1200;
 
-    Form14(Session& session, QWidget* parent);
+    Form14(Session& session, Orientation face, QWidget* parent);
 
     /// Shows the window with the last search text and waits. Leaves FindText, empty where the
     /// operator left, and FindDirection.
@@ -29,6 +31,7 @@ public:
     void showNoMatch();
 
 private:
+    void fill(QWidget& sheet, Session& session);
     void answer(const QString& text, int direction);
     void endMessagePause();
 

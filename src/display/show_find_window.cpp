@@ -1,6 +1,7 @@
-#include "editor/show_find_window.h"
+#include "display/show_find_window.h"
 
 #include "core/session.h"
+#include "display/flipped_view.h"
 #include "widgets/dialog_animation.h"
 #include "widgets/push_button.h"
 
@@ -68,15 +69,31 @@ void drawSearch(QPainter& painter, double phase, const QPalette& colours) {
 
 } // namespace
 
-Form14::Form14(Session& session, QWidget* parent) : QDialog(parent), m_find(session.find) {
+Form14::Form14(Session& session, Orientation face, QWidget* parent)
+    : QDialog(parent), m_find(session.find) {
     setWindowTitle(QStringLiteral("Find"));
-    Label1 = new QLabel(usualLabel(), this);
-    Text1 = new QLineEdit(this);
-    Text1->setAccessibleName(QStringLiteral("Text to search for"));
-    FindNext = new QPushButton(QStringLiteral("Find Next"), this);
-    FindPrevious = new QPushButton(QStringLiteral("Find Previous"), this);
-    ExitButton = new QPushButton(QStringLiteral("Exit"), this);
+    if (face == Orientation::Plain) {
+        fill(*this, session);
+    } else {
+        auto* sheet = new QWidget;
+        fill(*sheet, session);
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins({});
+        column->addWidget(new FlippedView(sheet, this));
+    }
     FindNext->setDefault(true);
+    connect(FindNext, &QPushButton::clicked, this, [this] { answer(Text1->text(), Forward); });
+    connect(FindPrevious, &QPushButton::clicked, this, [this] { answer(Text1->text(), Backward); });
+    connect(ExitButton, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void Form14::fill(QWidget& sheet, Session& session) {
+    Label1 = new QLabel(usualLabel(), &sheet);
+    Text1 = new QLineEdit(&sheet);
+    Text1->setAccessibleName(QStringLiteral("Text to search for"));
+    FindNext = new QPushButton(QStringLiteral("Find Next"), &sheet);
+    FindPrevious = new QPushButton(QStringLiteral("Find Previous"), &sheet);
+    ExitButton = new QPushButton(QStringLiteral("Exit"), &sheet);
     auto* buttons = new QHBoxLayout;
     for (QPushButton* button : {FindNext, FindPrevious, ExitButton}) {
         buttons->addWidget(button);
@@ -84,16 +101,13 @@ Form14::Form14(Session& session, QWidget* parent) : QDialog(parent), m_find(sess
     auto* head = new QHBoxLayout;
     head->setSpacing(fontMetrics().height());
     head->addWidget(new DialogAnimation(QStringLiteral("Picture1"), {{43, 44}, 28, drawSearch},
-                                        session.platform.clock, this));
+                                        session.platform.clock, &sheet));
     head->addWidget(Label1, 1);
-    auto* column = new QVBoxLayout(this);
+    auto* column = new QVBoxLayout(&sheet);
     column->addLayout(head);
     column->addWidget(Text1);
     column->addLayout(buttons);
-    connect(FindNext, &QPushButton::clicked, this, [this] { answer(Text1->text(), Forward); });
-    connect(FindPrevious, &QPushButton::clicked, this, [this] { answer(Text1->text(), Backward); });
-    connect(ExitButton, &QPushButton::clicked, this, &QDialog::reject);
-    usePlainButtonsOnFewColours(*this, session.screen);
+    usePlainButtonsOnFewColours(sheet, session.screen);
 }
 
 void Form14::ask() {
