@@ -197,7 +197,7 @@ private:
 void BM_Key(benchmark::State& state, const KeyState& keys) {
     UnattendedMachine machine;
     Session session(machine.platform);
-    measureScreen(machine.monitors, session.screen);
+    measureScreen(session);
     session.displays.CmdDisplaysGiven = 1;
     session.displays.CmdDisplay1Width = 1920;
     session.displays.CmdDisplay1Height = 1080;

@@ -186,7 +186,7 @@ private:
 void BM_StartToFirstPicture(benchmark::State& state) {
     UnattendedMachine machine;
     Session session(machine.platform);
-    measureScreen(machine.monitors, session.screen);
+    measureScreen(session);
     session.displays.CmdDisplaysGiven = 1;
     session.displays.CmdDisplay1Width = static_cast<int>(state.range(1));
     session.displays.CmdDisplay1Height = static_cast<int>(state.range(2));

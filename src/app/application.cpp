@@ -96,7 +96,7 @@ int runEditor(const CommandLine& line, char** argv) {
     }
     QDir::setCurrent(QCoreApplication::applicationDirPath());
     session.AppFolder = findAppFolder();
-    measureScreen(services.monitors, session.screen);
+    measureScreen(session);
     applyLook(application, session.screen);
 
     Form1 form(session);

@@ -67,7 +67,8 @@ public:
 } // namespace
 
 double controlUnit(const ScreenState& screen) {
-    return std::max(SmallestUnit, screen.ScreenPixelsHigh / ReferenceHeight);
+    return std::max(SmallestUnit,
+                    std::min(screen.ScreenPixelsWide, screen.ScreenPixelsHigh) / ReferenceHeight);
 }
 
 void applyLook(QApplication& application, const ScreenState& screen) {

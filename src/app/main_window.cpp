@@ -83,6 +83,7 @@ template<typename Load> void Form1::load(const Load& load) {
             if (script.TextChanged == 0) {
                 m_rescue.scriptIsSafe();
             }
+            applyCheck({checkTwoDisplaysAfterLoad(m_session, columnSlider()), false});
         }
         updateCaption();
     });
@@ -240,6 +241,10 @@ void Form1::updateCaption() {
 
 void Form1::resizeEvent(QResizeEvent*) {
     m_controls.place(m_session.screen, size());
+    // A running show has the control's zoom.
+    if (m_session.show.ShowRunning == 0) {
+        sendZoom();
+    }
 }
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {

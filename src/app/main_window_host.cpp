@@ -9,7 +9,7 @@
 namespace velmora {
 
 void Form1::sendZoom() {
-    m_session.script.rtb1.setZoom(editorZoom(m_session.screen));
+    m_session.script.rtb1.setZoom(editorZoom(columnScale(m_session.screen, width())));
 }
 
 void Form1::focusEditor() {

@@ -1,6 +1,7 @@
 #include "app/main_window_layout.h"
 
 #include "app/look.h"
+#include "core/screen_scale.h"
 #include "core/session.h"
 
 #include <algorithm>
@@ -108,9 +109,9 @@ MainWindowLayout layoutMainWindow(const ScreenState& screen, QSize client) {
 
 QRect textColumn(const MainWindowLayout& layout, const ScreenState& screen, int margin,
                  QSize client) {
-    const int left = static_cast<int>(std::floor(0.5 * screen.ScaleX * margin));
-    const int width =
-        static_cast<int>(std::floor(screen.ScaleX * ReferenceWidth - screen.ScaleX * margin));
+    const double scale = columnScale(screen, client.width());
+    const int left = static_cast<int>(std::floor(0.5 * scale * margin));
+    const int width = static_cast<int>(std::floor(scale * ReferenceWidth - scale * margin));
     return {left, layout.editorTop, std::max(0, std::min(width, client.width() - left)),
             layout.editorHeight};
 }

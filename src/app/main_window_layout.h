@@ -31,8 +31,8 @@ struct MainWindowLayout final {
 
 [[nodiscard]] MainWindowLayout layoutMainWindow(const ScreenState& screen, QSize client);
 
-/// The text column at a margin of the reference screen's 640: left Int(ScaleX * margin / 2), width
-/// Int(ScaleX * 640 - ScaleX * margin), cut where the window ends.
+/// The text column at a margin of the reference screen's 640: left Int(scale * margin / 2), width
+/// Int(scale * 640 - scale * margin), scale being columnScale(); cut where the window ends.
 [[nodiscard]] QRect textColumn(const MainWindowLayout& layout, const ScreenState& screen,
                                int margin, QSize client);
 

@@ -31,7 +31,7 @@ void Form1::Form_Load() {
 void Form1::runLoadStep() {
     m_session.show.ShowRunning = 0;
     m_session.script.TextChanged = 0;
-    measureScreen(m_session.platform.monitors, m_session.screen);
+    measureScreen(m_session);
     placeOnDisplay1();
     readSettings();
     m_controls.place(m_session.screen, size());
@@ -54,6 +54,7 @@ void Form1::takeDefaultLook() {
     m_controls.Hscroll1->setValue(m_session.settings.ColumnMargin);
     Hscroll1_Change();
     applyEditorDefaults(m_session);
+    sendZoom();
     m_controls.showFont(m_session.settings.ScreenFontName, m_session.settings.ScreenFontSize);
 }
 

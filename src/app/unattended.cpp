@@ -30,7 +30,7 @@ public:
             appFolderFor(QCoreApplication::applicationDirPath(),
                          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
         session.keepsFiles = false;
-        measureScreen(m_machine.monitors, session.screen);
+        measureScreen(session);
         session.settings = defaultSettings(session.AppFolder, session.screen.ScreenPixelsHigh);
     }
 

@@ -12,7 +12,7 @@
 
 namespace velmora {
 
-/// The primary screen and the reference screen of 640 by 480 on which all layout numbers stand.
+/// Display 1 and the reference screen of 640 by 480 on which all layout numbers stand.
 /// Written by the application's start-up, read by every window.
 struct ScreenState final {
     /// Pixels.

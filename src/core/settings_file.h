@@ -20,7 +20,7 @@ public:
         Damaged
     };
 
-    /// screenPixelsHigh is that of the primary screen, from which a default follows.
+    /// screenPixelsHigh is that of display 1, from which a default follows.
     SettingsFile(QString appFolder, double screenPixelsHigh);
 
     /// Fills settings whatever the file is like, limits them and derives what follows from them.

@@ -15,15 +15,26 @@ constexpr double ReferenceWidth = 640;
 /// What the display's own frame and controls take of its width, in pixels.
 constexpr int DisplayExtras = 53;
 
+/// The widest margin at which no word breaks that is whole in the widest column.
+int mostMarginForWords(const RichTextBox& script) {
+    constexpr double roundedUp = 0.5;
+    const double widest = script.widestWord(wrapWidthForMargin(MinColumnMargin));
+    return widest == 0 ? MaxColumnMargin : marginForWrapWidth(widest + roundedUp);
+}
+
 /// The slider with its minimum at the first margin whose column fits a display; at the widest one
-/// where none does.
-ColumnSlider fittedTo(int displayWidth, double scaleX, ColumnSlider slider) {
+/// where none does. It stops short of that where a word would break: from there on the picture is
+/// made smaller for the display.
+ColumnSlider fittedTo(int displayWidth, const Session& session, ColumnSlider slider) {
+    const double scaleX = session.screen.ScaleX;
     const auto fits = [&](int margin) {
         return scaleX * ReferenceWidth - scaleX * margin <= displayWidth - DisplayExtras;
     };
     while (slider.minimum < slider.maximum && !fits(slider.minimum)) {
         ++slider.minimum;
     }
+    slider.minimum =
+        std::clamp(mostMarginForWords(session.script.rtb1), MinColumnMargin, slider.minimum);
     slider.value = std::max(slider.value, slider.minimum);
     return slider;
 }
@@ -38,7 +49,7 @@ TwoDisplayCheck check(Session& session, const ColumnSlider& slider, NarrowerFirs
     if (!displayFound(session)) {
         result.messageDue = true;
     } else if (firstWidth > session.displays.DisplayWidth) {
-        result.slider = fittedTo(session.displays.DisplayWidth, session.screen.ScaleX, slider);
+        result.slider = fittedTo(session.displays.DisplayWidth, session, slider);
     } else if (otherwise == NarrowerFirst::ResetsMinimum) {
         result.slider.minimum = MinColumnMargin;
     }
@@ -63,6 +74,18 @@ TwoDisplayCheck checkTwoDisplaysAfterSetup(Session& session, const ColumnSlider&
     TwoDisplayCheck result{slider, false};
     result.slider.minimum = MinColumnMargin;
     return result;
+}
+
+ColumnSlider checkTwoDisplaysAfterLoad(Session& session, const ColumnSlider& slider) {
+    if (session.settings.MirrorMode != mirror::TwoDisplays) {
+        return slider;
+    }
+    ColumnSlider widest = slider;
+    widest.minimum = MinColumnMargin;
+    // Held by the last check, it moves with the limit.
+    widest.value = slider.value == slider.minimum ? MinColumnMargin : slider.value;
+    const TwoDisplayCheck result = check(session, widest, NarrowerFirst::KeepsMinimum);
+    return result.messageDue ? slider : result.slider;
 }
 
 QString displayMissingTitle() {

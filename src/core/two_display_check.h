@@ -21,6 +21,9 @@ struct TwoDisplayCheck final {
     bool messageDue = false;
 };
 
+/// A column that is narrowed for display 2 never breaks a word of the script that is whole in the
+/// widest column.
+
 /// At start, to be run when MirrorMode is mirror::TwoDisplays: with a display 2 narrower than
 /// display 1 the slider's minimum, and its value if needed, rise to the first margin whose column
 /// fits display 2. Without a display 2 the message is due and the slider stays. Queries both
@@ -32,6 +35,9 @@ struct TwoDisplayCheck final {
 /// returns the minimum to 12; an unchanged one changes nothing.
 [[nodiscard]] TwoDisplayCheck
 checkTwoDisplaysAfterSetup(Session& session, const ColumnSlider& slider, int mirrorModeBefore);
+
+/// After another script has come in, which may have other words. Unchanged without two displays.
+[[nodiscard]] ColumnSlider checkTwoDisplaysAfterLoad(Session& session, const ColumnSlider& slider);
 
 [[nodiscard]] QString displayMissingTitle();
 /// The message of the start and of the setup window.

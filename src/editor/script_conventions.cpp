@@ -79,7 +79,7 @@ void applyEditorDefaults(Session& session) {
     rtb1.setDefaultFormat(plainTextLook(session, settings.ScreenFontName, settings.ScreenFontSize));
     rtb1.setBackColor(colourOfSetting(settings.ScreenBackColor));
     rtb1.setWrapWidth(wrapWidthForMargin(settings.ColumnMargin));
-    rtb1.setZoom(editorZoom(session.screen));
+    rtb1.setZoom(editorZoom(session.screen.ScaleX));
 }
 
 } // namespace velmora

@@ -8,7 +8,7 @@
 namespace velmora {
 
 void UnattendedHost::sendZoom() {
-    m_session.script.rtb1.setZoom(editorZoom(m_session.screen));
+    m_session.script.rtb1.setZoom(editorZoom(m_session.screen.ScaleX));
 }
 
 QString UnattendedHost::comboFontName() const {

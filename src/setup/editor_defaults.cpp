@@ -92,7 +92,7 @@ void Form12::addSample(QVBoxLayout& column) {
     Text1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Text1->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Text1->setFixedHeight(static_cast<int>(SampleHeightShare * screen.ScreenPixelsHigh));
-    Text1->document()->setDocumentMargin(SideMargin * SampleScale * editorZoom(screen));
+    Text1->document()->setDocumentMargin(SideMargin * SampleScale * editorZoom(screen.ScaleX));
     column.addWidget(Text1, 0, Qt::AlignHCenter);
 
     Hscroll1 = new QSlider(Qt::Horizontal, this);
@@ -200,7 +200,7 @@ void Form12::showFont() {
     QFont font(Combo1->currentText());
     font.setPixelSize(
         std::max(1, static_cast<int>(std::lround(points * PixelsPerPoint * SampleScale *
-                                                 editorZoom(m_session.screen)))));
+                                                 editorZoom(m_session.screen.ScaleX)))));
     Text1->setFont(font);
 }
 

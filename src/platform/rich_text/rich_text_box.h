@@ -171,6 +171,9 @@ public:
         int y = 0;
     };
     [[nodiscard]] std::vector<LineMetrics> lineMetrics(int count) const;
+    /// Width of the widest word that is no wider than this, in unzoomed 96-dpi pixels; 0 for none.
+    /// A word is what stands between two places at which a line may end, without blanks behind it.
+    [[nodiscard]] double widestWord(double atMost) const;
     /// Natural height of a line at the current zoom, in pixels.
     [[nodiscard]] double lineHeight(int line) const;
 

@@ -1,6 +1,8 @@
 #include "platform/rich_text/document_layout.h"
 #include "platform/rich_text/rich_text_box_private.h"
 
+#include <QGlyphRun>
+#include <QTextBoundaryFinder>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -15,6 +17,41 @@ namespace {
 int verticalPixels(double topUnits, double zoom) {
     const double pixels = 1 + std::floor(topUnits * zoom / UnitsPerPixel);
     return static_cast<int>(std::min(pixels, double{std::numeric_limits<int>::max()}));
+}
+
+/// Of the characters from begin to end, in reference units, as if they stood in one line.
+double widthOf(const QTextLayout& lines, int begin, int end) {
+    double width = 0;
+    while (begin < end) {
+        const QTextLine line = lines.lineForTextPosition(begin);
+        const int stop = std::min(end, line.textStart() + line.textLength());
+        if (!line.isValid() || stop <= begin) {
+            break;
+        }
+        // Not from cursor positions: beside text of the other direction they have two places.
+        for (const QGlyphRun& run : line.glyphRuns(begin, stop - begin)) {
+            width += run.boundingRect().width();
+        }
+        begin = stop;
+    }
+    return width;
+}
+
+double widestWordOf(const QTextBlock& block, double atMostUnits) {
+    const QString text = block.text();
+    QTextBoundaryFinder places(QTextBoundaryFinder::Line, text);
+    double widest = 0;
+    for (qsizetype begin = 0, next = places.toNextBoundary(); next > 0;
+         begin = next, next = places.toNextBoundary()) {
+        qsizetype end = next;
+        while (end > begin && text.at(end - 1).isSpace()) {
+            --end;
+        }
+        const double width =
+            widthOf(*block.layout(), static_cast<int>(begin), static_cast<int>(end));
+        widest = std::max(widest, width <= atMostUnits ? width : 0);
+    }
+    return widest;
 }
 
 } // namespace
@@ -86,6 +123,15 @@ std::vector<RichTextBox::LineMetrics> RichTextBox::lineMetrics(int count) const 
         ++blockNumber;
     }
     return result;
+}
+
+double RichTextBox::widestWord(double atMost) const {
+    static_cast<void>(d->layout->lineCount()); // Lays out what is not laid out yet.
+    double widest = 0;
+    for (QTextBlock block = d->document.begin(); block.isValid(); block = block.next()) {
+        widest = std::max(widest, widestWordOf(block, atMost * UnitsPerPixel));
+    }
+    return widest / UnitsPerPixel;
 }
 
 double RichTextBox::lineHeight(int line) const {

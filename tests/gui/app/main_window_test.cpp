@@ -122,6 +122,11 @@ TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
     EXPECT_EQ(slider.minimum(), 231) << "the column fits the narrower display 2";
     setUp({});
     EXPECT_EQ(slider.minimum(), 231);
+    form->openScript(test.write(u"wide.rtf"_qs, "{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}"
+                                                "\\f0\\fs80 EVENING}"));
+    EXPECT_LT(slider.minimum(), 231) << "the heading would break";
+    rtb1().setText(QString());
+    test.session.script.TextChanged = 0;
     setUp({u"Configure Displays"});
     EXPECT_EQ(slider.minimum(), 12);
     EXPECT_EQ(slider.value(), 300);

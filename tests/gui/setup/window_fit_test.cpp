@@ -53,10 +53,11 @@ std::string clipped(const QWidget& window) {
 TEST(SetupWindows, FitTheScreenAndClipNoText) {
     const QFont fontBefore = QApplication::font();
     const QPalette paletteBefore = QApplication::palette();
-    for (const QSize size : {QSize(1280, 720), QSize(1920, 1080), QSize(3840, 2160)}) {
+    for (const QSize size :
+         {QSize(1280, 720), QSize(1920, 1080), QSize(3840, 2160), QSize(1080, 1920)}) {
         TestSession test;
         test.monitors.rectangles = {QRect(QPoint(), size)};
-        measureScreen(test.monitors, test.session.screen);
+        measureScreen(test.session);
         applyLook(*qApp, test.session.screen);
         test.session.settings.CCActive = 1;
         test.session.settings.CCPort = 10;

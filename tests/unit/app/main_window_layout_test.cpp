@@ -18,8 +18,8 @@ ScreenState screenOf(int wide, int high) {
     return screen;
 }
 
-const QSize screens[] = {{640, 480},   {1280, 720},  {1366, 768},
-                         {1920, 1080}, {2560, 1440}, {3840, 2160}};
+const QSize screens[] = {{640, 480},   {1280, 720},  {1366, 768}, {1920, 1080},
+                         {2560, 1440}, {3840, 2160}, {1080, 1920}};
 
 std::vector<QRect> controls(const MainWindowLayout& layout) {
     return {layout.LoadText,    layout.SaveText,   layout.Combo1,      layout.Combo2,
@@ -72,12 +72,14 @@ TEST(MainWindowLayout, TheColumnFollowsTheMarginAndTheScreensWidth) {
     }
 }
 
-TEST(MainWindowLayout, AWindowNarrowerThanTheScreenKeepsTheScrollBarInSight) {
+TEST(MainWindowLayout, AWindowNarrowerThanItsDisplayShowsTheWholeColumn) {
     const ScreenState screen = screenOf(1920, 1080);
-    const QSize client(1850, 1000);
-    const QRect column = textColumn(layoutMainWindow(screen, client), screen, 12, client);
-    EXPECT_EQ(column.left(), 18);
-    EXPECT_EQ(column.right(), client.width() - 1);
+    for (const int wide : {1850, 1200}) {
+        const QSize client(wide, 1000);
+        const QRect column = textColumn(layoutMainWindow(screen, client), screen, 12, client);
+        EXPECT_NEAR(column.width(), wide * 1884.0 / 1920, 1);
+        EXPECT_NEAR(column.left(), wide - column.right(), 3);
+    }
 }
 
 } // namespace

@@ -10,7 +10,7 @@
 namespace velmora {
 namespace {
 
-TEST(ScreenScale, FollowsThePrimaryScreen) {
+TEST(ScreenScale, FollowsDisplay1AndANarrowerWindow) {
     struct Case final {
         QSize screen;
         double scaleX, scaleY, zoom;
@@ -18,13 +18,16 @@ TEST(ScreenScale, FollowsThePrimaryScreen) {
     for (const Case& c : {Case{{640, 480}, 1, 1, 2}, Case{{1280, 720}, 2, 1.55, 4},
                           Case{{1366, 768}, 2.134375, 1.66, 4.3}, Case{{1920, 1080}, 3, 2.375, 6},
                           Case{{3840, 2160}, 6, 4.85, 12}}) {
-        FakeMonitors monitors;
-        monitors.rectangles = {QRect(QPoint(), c.screen)};
-        ScreenState screen;
-        measureScreen(monitors, screen);
+        TestSession test;
+        // The primary screen stands beside it: the editor is on display 1.
+        test.monitors.rectangles = {QRect(QPoint(), c.screen), QRect(3840, 0, 1024, 768)};
+        test.monitors.primaryIndex = 1;
+        measureScreen(test.session);
+        const ScreenState& screen = test.session.screen;
         EXPECT_DOUBLE_EQ(screen.ScaleX, c.scaleX);
         EXPECT_DOUBLE_EQ(screen.ScaleY, c.scaleY);
-        EXPECT_DOUBLE_EQ(editorZoom(screen), c.zoom);
+        EXPECT_DOUBLE_EQ(editorZoom(screen.ScaleX), c.zoom);
+        EXPECT_DOUBLE_EQ(columnScale(screen, c.screen.width() / 2), c.scaleX / 2);
         EXPECT_EQ(screen.HighColorDisplay, 1);
     }
     EXPECT_DOUBLE_EQ(wrapWidthForMargin(12), 298);
@@ -141,6 +144,39 @@ TEST(TwoDisplayCheck, FitsTheColumnToANarrowerSecondDisplay) {
         EXPECT_EQ(checkTwoDisplaysAfterSetup(test.session, c.before, 4).slider.minimum, 12)
             << c.name;
     }
+}
+
+TEST(TwoDisplayCheck, NarrowsTheColumnNoFurtherThanAWordIsWide) {
+    TestSession test;
+    test.monitors.rectangles = {QRect(0, 0, 1920, 1080), QRect(1920, 0, 800, 600)};
+    test.session.settings.MirrorMode = 4;
+    RichTextBox& rtb1 = test.session.script.rtb1;
+    const auto isWhole = [&](int margin) {
+        rtb1.setWrapWidth(wrapWidthForMargin(margin));
+        const int word = static_cast<int>(rtb1.Text().indexOf(u"EVENING"_qs));
+        return rtb1.GetLineFromChar(word) == rtb1.GetLineFromChar(word + 6);
+    };
+    rtb1.setDefaultFormat({u"Liberation Sans"_qs, 60, White});
+    ColumnSlider slider{12, 320, 60};
+    // The first word breaks in any column; a line may end behind the hyphen; from right to left.
+    for (const QString& words :
+         {u"WWWWWWWWWWWWWWWWWWWW\r\nEVENING NEWS"_qs, u"THE-EVENING NEWS"_qs, u"שלום EVENING"_qs}) {
+        SCOPED_TRACE(words.toStdString());
+        rtb1.setText(words);
+        const ColumnSlider narrowed = checkTwoDisplaysAtStart(test.session, slider).slider;
+        EXPECT_LT(narrowed.minimum, 320);
+        EXPECT_EQ(narrowed.value, std::max(slider.value, narrowed.minimum));
+        EXPECT_TRUE(isWhole(narrowed.minimum));
+        EXPECT_FALSE(isWhole(narrowed.minimum + 2)) << "no wider than it must be";
+    }
+    // The next script may be narrowed as far as told, the one after it not.
+    rtb1.setText(u"A"_qs);
+    slider = checkTwoDisplaysAfterLoad(test.session, slider);
+    EXPECT_EQ(slider, (ColumnSlider{320, 320, 320}));
+    rtb1.setText(u"EVENING"_qs);
+    slider = checkTwoDisplaysAfterLoad(test.session, slider);
+    EXPECT_LT(slider.value, 320);
+    EXPECT_EQ(slider.value, slider.minimum);
 }
 
 } // namespace
