@@ -52,7 +52,28 @@ QPalette darkPalette() {
 /// and a font named "<img src=...>" in a script would make the program read that file.
 class PlainTextStyle final : public QProxyStyle {
 public:
-    PlainTextStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+    /// unit: see controlUnit().
+    explicit PlainTextStyle(double unit)
+        : QProxyStyle(QStringLiteral("Fusion")), m_enlargement(std::max(1.0, unit)) {}
+
+    /// What the hand takes hold of grows with the screen, as the letters do.
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        const int pixels = QProxyStyle::pixelMetric(metric, option, widget);
+        switch (metric) {
+        case PM_ScrollBarExtent:
+        case PM_SliderThickness:
+        case PM_SliderControlThickness:
+        case PM_SliderLength:
+        case PM_IndicatorWidth:
+        case PM_IndicatorHeight:
+        case PM_ExclusiveIndicatorWidth:
+        case PM_ExclusiveIndicatorHeight:
+            return static_cast<int>(std::lround(pixels * m_enlargement));
+        default:
+            return pixels;
+        }
+    }
 
     using QProxyStyle::polish;
     void polish(QWidget* widget) override {
@@ -62,6 +83,9 @@ public:
             label->setTextFormat(Qt::PlainText);
         }
     }
+
+private:
+    double m_enlargement;
 };
 
 } // namespace
@@ -72,7 +96,7 @@ double controlUnit(const ScreenState& screen) {
 }
 
 void applyLook(QApplication& application, const ScreenState& screen) {
-    QApplication::setStyle(new PlainTextStyle);
+    QApplication::setStyle(new PlainTextStyle(controlUnit(screen)));
     const QPalette palette = darkPalette();
     QApplication::setPalette(palette);
     // Fusion draws their outlines darker than the window, where nobody would see them.
