@@ -56,6 +56,9 @@ void Form1::connectControls() {
     connect(m_controls.Hscroll1, &QSlider::valueChanged, this, &Form1::Hscroll1_Change);
     connect(&m_session.script.rtb1, &RichTextBox::Change, this, &Form1::rtb1_Change);
     m_controls.rtb1->setIncomingHandler([this](const QMimeData& mime) { enterText(mime); });
+    // As a save leaves it: white letters cannot be read on the paper of other programs.
+    m_controls.rtb1->setOutgoingLook(
+        [](RichTextFragment& text) { applyColourRule(text, Black, White); });
     m_controls.rtb1->installEventFilter(this);
     m_controls.rtb1->viewport()->installEventFilter(this);
 }

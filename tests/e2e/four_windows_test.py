@@ -11,9 +11,9 @@ TEXT = (100, 12, 1200, 672)
 # What has a face that is read: the speed scale, the clocks and Exit; in a timed show Start or
 # Reset, and the duration with its clocks and Exit.
 STEERED_FACES = [(394, 684, 1280, 720)]
-TIMED_FACES = [(345, 684, 423, 720), (630, 684, 1280, 720)]
+TIMED_FACES = [(25, 684, 103, 720), (958, 684, 1280, 720)]
 # In the plain window and in the mirrored one.
-DURATION_BARS = (432, 690, 622, 712), (SCREEN[0] - 622, 690, SCREEN[0] - 432, 712)
+DURATION_BARS = (112, 690, 942, 712), (SCREEN[0] - 942, 690, SCREEN[0] - 112, 712)
 # Slow, so that pictures taken one after the other have most of their rows in common.
 PLAIN, MIRRORED = ({MIRROR_MODE: mode, SCROLL_SPEED: 100} for mode in (0, 1))
 TIMED_SHOW = {TIMED: 1, TIMED_SECONDS: 10}

@@ -84,7 +84,7 @@ void RichTextView::resizeEvent(QResizeEvent* event) {
 // --- clipboard
 
 void RichTextView::copy() const {
-    if (auto mimeData = selectionMimeData(box())) {
+    if (auto mimeData = d->core.selectionData()) {
         QGuiApplication::clipboard()->setMimeData(mimeData.release());
     }
 }
@@ -115,6 +115,10 @@ void RichTextView::setReadOnly(bool on) {
 
 void RichTextView::setIncomingHandler(IncomingHandler handler) {
     d->core.setIncomingHandler(std::move(handler));
+}
+
+void RichTextView::setOutgoingLook(OutgoingLook look) {
+    d->core.setOutgoingLook(std::move(look));
 }
 
 // --- painting and focus

@@ -10,6 +10,7 @@ class QMimeData;
 namespace velmora {
 
 class RichTextBox;
+struct RichTextFragment;
 
 /// The visible editor over a RichTextBox: caret, selection, mouse, keys, input method, clipboard,
 /// scroll bar. Owned by its window; the box is the session's and outlives it.
@@ -49,6 +50,9 @@ public:
     /// What is dragged inside the view does not count. An empty function restores the insertion.
     using IncomingHandler = std::function<void(const QMimeData&)>;
     void setIncomingHandler(IncomingHandler handler);
+    /// Changes the text that other programs get by copy, cut, drag and the middle button.
+    using OutgoingLook = std::function<void(RichTextFragment&)>;
+    void setOutgoingLook(OutgoingLook look);
 
     /// Viewport rectangle of the caret at a position of the QTextDocument; a position outside of
     /// the text counts as its nearest end.

@@ -3,6 +3,7 @@
 #include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/rich_text/rtf_fragment_builder.h"
+#include "platform/rich_text/rtf_writer.h"
 
 #include <QMimeData>
 #include <QRegularExpression>
@@ -16,9 +17,11 @@ namespace velmora {
 
 namespace {
 
+/// RTF of this program, which other programs do not look for.
+constexpr const char* OwnRtfName = "application/x-velmora-rtf";
 /// The names under which programs offer RTF, the usual one first. Some word processors put RTF
 /// under the name of an older format, so the contents are looked at too.
-constexpr std::array RtfNames = {"text/rtf", "application/rtf", "text/richtext",
+constexpr std::array RtfNames = {OwnRtfName, "text/rtf", "application/rtf", "text/richtext",
                                  "application/x-qt-windows-mime;value=\"Rich Text Format\""};
 
 QByteArray rtfOf(const QMimeData& data) {
@@ -63,14 +66,20 @@ QString withPlainLineEnds(QString text) {
 
 } // namespace
 
-std::unique_ptr<QMimeData> selectionMimeData(const RichTextBox& box) {
+std::unique_ptr<QMimeData> selectionMimeData(const RichTextBox& box, const OutgoingLook& look) {
     if (box.SelLength() == 0) {
         return nullptr;
     }
     auto data = std::make_unique<QMimeData>();
-    const QByteArray rtf = box.SelRTF();
-    data->setData(QString::fromLatin1(RtfNames[0]), rtf);
-    data->setData(QString::fromLatin1(RtfNames[1]), rtf);
+    RichTextFragment text = box.selectedFragment();
+    QByteArray rtf = writeRtf(text);
+    if (look) {
+        data->setData(QString::fromLatin1(OwnRtfName), rtf);
+        look(text);
+        rtf = writeRtf(text);
+    }
+    data->setData(QStringLiteral("text/rtf"), rtf);
+    data->setData(QStringLiteral("application/rtf"), rtf);
     data->setText(withPlainLineEnds(box.SelText()));
     return data;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 class QMimeData;
@@ -7,9 +8,15 @@ class QMimeData;
 namespace velmora {
 
 class RichTextBox;
+struct RichTextFragment;
+
+/// Changes what other programs get of a text.
+using OutgoingLook = std::function<void(RichTextFragment&)>;
 
 /// The selection as RTF and as plain text, lines ended by LF; nullptr if the selection is empty.
-[[nodiscard]] std::unique_ptr<QMimeData> selectionMimeData(const RichTextBox& box);
+/// The RTF that other programs know has the look; under a name of our own it is as it stands.
+[[nodiscard]] std::unique_ptr<QMimeData> selectionMimeData(const RichTextBox& box,
+                                                           const OutgoingLook& look);
 
 /// Whether insertMimeData would find text. Files are no text: they are the owner's to open.
 [[nodiscard]] bool hasText(const QMimeData& data);

@@ -1,9 +1,9 @@
 #include "platform/rich_text/rich_text_view_core.h"
 
 #include "platform/rich_text/rich_text_box.h"
-#include "platform/rich_text/rich_text_view_clipboard.h"
 
 #include <QAbstractScrollArea>
+#include <QMimeData>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -62,6 +62,10 @@ void ViewCore::insertIncoming(const QMimeData& data) {
     } else {
         insertMimeData(m_box, data);
     }
+}
+
+std::unique_ptr<QMimeData> ViewCore::selectionData() const {
+    return selectionMimeData(m_box, m_outgoing);
 }
 
 void ViewCore::scrollTo(int documentPixel) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/rich_text/rich_text_view_clipboard.h"
 #include "platform/rich_text/rich_text_view_geometry.h"
 
 #include <QString>
@@ -50,6 +51,9 @@ public:
     /// Replaces the selection by what came from the clipboard or by drag and drop.
     void insertIncoming(const QMimeData& data);
     void setIncomingHandler(IncomingHandler handler) { m_incoming = std::move(handler); }
+    /// The selection for the clipboard or a drag; nullptr where nothing is selected.
+    [[nodiscard]] std::unique_ptr<QMimeData> selectionData() const;
+    void setOutgoingLook(OutgoingLook look) { m_outgoing = std::move(look); }
 
     // --- scrolling
     void scrollTo(int documentPixel);
@@ -78,6 +82,7 @@ private:
     QAbstractScrollArea& m_area;
     ViewGeometry m_geometry;
     IncomingHandler m_incoming;
+    OutgoingLook m_outgoing;
     int m_preeditCaret = 0;
     int m_scrollHolds = 0;
     bool m_readOnly = false;

@@ -29,7 +29,7 @@ DragHandler::DragHandler(ViewCore& core, Runner runner) : m_core(core), m_run(st
 }
 
 void DragHandler::drag() {
-    std::unique_ptr<QMimeData> data = selectionMimeData(m_core.box());
+    std::unique_ptr<QMimeData> data = m_core.selectionData();
     if (!data) {
         return;
     }

@@ -175,7 +175,7 @@ void MouseHandler::publishSelection() const {
     if (!clipboard.supportsSelection()) {
         return;
     }
-    if (auto data = selectionMimeData(m_core.box())) {
+    if (auto data = m_core.selectionData()) {
         clipboard.setMimeData(data.release(), QClipboard::Selection);
     }
 }

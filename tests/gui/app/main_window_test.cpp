@@ -1,6 +1,7 @@
 #include "core/colour_tables.h"
 #include "core/screen_scale.h"
 #include "main_window_fixture.h"
+#include "platform/rich_text/rtf_reader.h"
 #include "support/accessible_names.h"
 #include "support/modal_action.h"
 
@@ -135,6 +136,25 @@ TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
     setUp({u"Configure Displays", u"Configure Displays"});
     ASSERT_EQ(test.messages.boxes.size(), 1U);
     EXPECT_EQ(test.messages.boxes[0].title, u"Display 2 Not Available"_qs);
+}
+
+TEST_F(Form1Test, CopiedTextIsBlackForOthersAndKeepsItsLookHere) {
+    load();
+    rtb1().setBackColor(0x800000);
+    rtb1().setText(u"white"_qs);
+    rtb1().selectAll();
+    rtb1().setSelColor(White);
+    for (const int key : {Qt::Key_C, Qt::Key_X}) {
+        press(key, Qt::ControlModifier);
+        const QMimeData& copied = *QGuiApplication::clipboard()->mimeData();
+        for (const char16_t* name : {u"text/rtf", u"application/rtf"}) {
+            const RtfReadResult others = readRtf(copied.data(QString::fromUtf16(name)));
+            EXPECT_EQ(others.fragment.formats.front().color, Black);
+        }
+        press(Qt::Key_V, Qt::ControlModifier);
+        rtb1().selectAll();
+        EXPECT_EQ(rtb1().SelColor(), White);
+    }
 }
 
 TEST_F(Form1Test, AnEmptyEditorTakesTheDefaultLookThatTheSetupSaved) {
