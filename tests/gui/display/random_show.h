@@ -141,7 +141,18 @@ private:
                                  : upTo(4) == 0 ? QString()
                                                 : u"Line ^%1 of ~the script"_qs.arg(line);
             rtb1.setSelText(text + u"\r\n"_qs);
+            if (upTo(4) == 0) {
+                writeOnBackground(u"Bar %1"_qs.arg(line));
+            }
         }
+    }
+
+    void writeOnBackground(const QString& text) {
+        RichTextBox& rtb1 = t.session.script.rtb1;
+        rtb1.setSelBackColor(0x80 + (m_random() & 0xFFFF00));
+        rtb1.setSelText(text);
+        rtb1.setSelBackColor(0);
+        rtb1.setSelText(u"\r\n"_qs);
     }
 
     /// One look at the window, and now and then an act.

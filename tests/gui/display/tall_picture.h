@@ -4,10 +4,13 @@
 #include "platform/drawing/color.h"
 #include "platform/drawing/glyph_mask_cache.h"
 #include "platform/drawing/line_printer.h"
+#include "platform/drawing/reference_units.h"
 #include "platform/drawing/surface.h"
+#include "platform/drawing/text_format.h"
 #include "platform/rich_text/rich_text_box.h"
 
 #include <QImage>
+#include <QTextLayout>
 
 #include <cmath>
 
@@ -56,25 +59,45 @@ private:
         }
         Surface surface(m_picture.width(), height);
         surface.fill(m_background);
-        const auto runs = script.styledText(entry.index, entry.length);
+        auto runs = script.styledText(entry.index, entry.length);
         const QString text = script.Text().mid(entry.index, entry.length);
         if (text.startsWith(u"^----"_qs)) {
             drawBreak(surface, toPixel(runs.front().format.color));
         } else {
+            if (runs.front().format.backColor != 0) {
+                drawBackground(surface, runs.front(), zoom, alignment);
+                runs.front().format.backColor = 0;
+            }
             PrintBox box;
             box.width = m_picture.width();
             box.rowHeight = height;
             box.zoom = zoom;
             box.alignment = alignment;
             box.rightToLeft = text.isRightToLeft();
-            box.extendBackground =
-                alignment == Alignment::Centre && runs.back().format.backColor != 0;
             printLine(surface, runs, box, cache);
         }
         for (int row = 0; row < height; ++row) {
             std::copy_n(surface.image().constScanLine(row), m_picture.width() * 4,
                         m_picture.scanLine(top + row));
         }
+    }
+
+    /// As wide as the text engine has the text; where it is centred it goes on to the edge.
+    static void drawBackground(Surface& surface, const StyledText& run, double zoom,
+                               Alignment alignment) {
+        QTextLayout layout(run.text);
+        layout.setFormats({{0, static_cast<int>(run.text.size()), toTextFormat(run.format)}});
+        layout.beginLayout();
+        QTextLine line = layout.createLine();
+        line.setLineWidth(1e5);
+        layout.endLayout();
+        const double length = line.naturalTextWidth() * zoom / UnitsPerPixel;
+        const double room = surface.width() - (alignment == Alignment::Right ? 12 : 0) - length;
+        const double shares[] = {0, 1, 0.5}; // Left, right, centred.
+        const double left = room * shares[static_cast<int>(alignment)];
+        const double right = alignment == Alignment::Centre ? surface.width() : left + length;
+        surface.fillRect(qRound(left), 0, qRound(right) - qRound(left), surface.height(),
+                         toPixel(run.format.backColor));
     }
 
     /// Rising over the second quarter of the line, falling over the third.
