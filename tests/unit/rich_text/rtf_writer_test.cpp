@@ -43,15 +43,22 @@ TEST(RtfWriter, EveryRunNamesItsSizeAndTheFontTableHasItsClosingMark) {
 
 TEST(RtfWriter, ARunAsLongAsABookIsWrittenWholeAndWithoutRoomToSpare) {
     const qsizetype length = 1'000'000;
-    for (const QChar special : {QChar(u'a'), QChar(u'{'), QChar(u'\u20ac'), QChar(0xFFFD)}) {
-        const QString text = QString(length, u'a') + QString(9'999, special);
+    const auto book = [](qsizetype plain, qsizetype count, const QString& special) {
+        const QString text = QString(plain, u'a') + special.repeated(count);
         const RichTextFragment fragment{{{}},
                                         {{text, {{static_cast<int>(text.size()), 0}}, 0, {}}}};
         const QByteArray rtf = writeRtf(fragment);
         EXPECT_LT(rtf.capacity(), 3 * length);
         const RtfReadResult read = readRtf(rtf);
         ASSERT_EQ(read.fragment.paragraphs.size(), 1u);
-        EXPECT_TRUE(read.fragment.paragraphs.front().text == text) << int{special.unicode()};
+        EXPECT_TRUE(read.fragment.paragraphs.front().text == text) << special.toStdString();
+    };
+    for (const QString& special : {u"a"_qs, u"{"_qs, u"\u20ac"_qs, u"\ufffd"_qs}) {
+        book(length, 9'999, special);
+    }
+    // Nothing but the longest forms: the room must be enough for each of them.
+    for (const qsizetype count : {2'048, 4'096, 40'960}) {
+        book(0, count, u"\U0001f600"_qs);
     }
 }
 
