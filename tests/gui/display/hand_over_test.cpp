@@ -200,17 +200,6 @@ TEST_F(HandOver, ScriptThatFitsTheWindowStandsWhateverIsPressed) {
     });
 }
 
-TEST_F(HandOver, NothingOfTheDisplayOpensAMenuInWhichTheShowWouldStand) {
-    showFor(0.1, [&] {
-        const auto children = display->findChildren<QWidget*>();
-        for (QWidget* child : children) {
-            if (qobject_cast<QScrollBar*>(child) || qobject_cast<QPushButton*>(child)) {
-                EXPECT_EQ(child->contextMenuPolicy(), Qt::NoContextMenu);
-            }
-        }
-    });
-}
-
 TEST_F(HandOver, ArrowKeepsTheHeightThatItsButtonsGaveIt) {
     settings.ArrowPosition = 5000;
     showFor(0.1, [&] {

@@ -100,26 +100,6 @@ TEST(Words, OfTheCorpusAreKept) {
     }
 }
 
-TEST(Words, OfDamagedDocumentsAreKeptAsFarAsTheyCanBeRead) {
-    if (!corpus().exists()) {
-        GTEST_SKIP() << "no corpus beside the sources";
-    }
-    const QFileInfoList files = corpusFiles(u"rtf"_qs);
-    ASSERT_FALSE(files.isEmpty());
-    std::mt19937 random(2);
-    Road road;
-    for (const QFileInfo& file : files) {
-        const QByteArray bytes = bytesOf(file.filePath());
-        if (bytes.size() > 40'000) {
-            continue;
-        }
-        for (int round = 0; round < 4; ++round) {
-            SCOPED_TRACE(file.fileName().toStdString() + " round " + std::to_string(round));
-            expectAllWordsKept(road, damaged(bytes, random, 8));
-        }
-    }
-}
-
 TEST(Words, OfGeneratedScriptsComeBackInOrder) {
     RandomTextParts parts;
     parts.pieces = {u"w%1 "_qs,      u"w%1 "_qs,  u"w%1  "_qs, u"w%1\t"_qs,

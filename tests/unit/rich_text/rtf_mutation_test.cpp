@@ -24,22 +24,6 @@ const QByteArray Rich =
     "\\cell two\\cell\\row\\pard {\\f1\\'82\\'b1\\'83e} \\u-10179?\\u-8251? {\\v hidden}"
     "{\\footnote note}last\\par}";
 
-TEST(RtfMutation, DamagedDocumentsAreReadSafelyAndWriteTheSame) {
-    std::mt19937 random(20'240);
-    RandomText texts(7, partsForFiles());
-    QElapsedTimer timer;
-    timer.start();
-    int readable = 0;
-    for (int round = 0; round < 6'000; ++round) {
-        const QByteArray valid = round % 3 == 0 ? writeRtf(texts.fragment(1, 8, 9)) : Rich;
-        const QByteArray rtf = damaged(valid, random);
-        ASSERT_EQ(faultOfReading(rtf), QString()) << rtf.constData();
-        readable += readRtf(rtf).outcome ? 1 : 0;
-    }
-    EXPECT_GT(readable, 3'000);
-    EXPECT_LT(timer.elapsed(), 60'000);
-}
-
 TEST(RtfMutation, ACutOffDocumentGivesTheTextUpToTheCut) {
     const QString whole = plainText(readRtf(Rich).fragment);
     ASSERT_TRUE(whole.startsWith(u"First line"_qs));

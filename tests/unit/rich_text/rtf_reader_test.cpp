@@ -36,6 +36,18 @@ TEST(RtfReader, SymbolsAndEscapes) {
     });
 }
 
+TEST(RtfReader, WordsEndWhereTheirNumbersDo) {
+    expectReadings({
+        {"\\b  x\\b0x\\li-x", u"{b: x}x-x"_qs},
+        {"\\li-360 x", u"[li-360]x"_qs},
+        {"\\b\r\nx\n\ry", u"{b:xy}"_qs},
+        {"\\fs99999999999 x\\u-99999999999y", u"{2000:x\ufffd}"_qs},
+        {QByteArray("a\0b\x01z", 5), u"abz"_qs},
+        {"\\'zz\\'4", u"zz4"_qs},
+        {"\\bin3 }{\\x\\bin-5 ab", u"xab"_qs},
+    });
+}
+
 TEST(RtfReader, ReplacementsOfUnicodeCharactersAreLeftOut) {
     expectReadings({
         {"\\u233ea", u"\u00e9a"_qs},
