@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <QCloseEvent>
-#include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -107,33 +106,6 @@ TEST_F(FourWindows, TimedShowIsStartedAndResetByButtonKeyAndPress) {
             });
         }
     }
-}
-
-TEST_F(FourWindows, MirroredFaceIsThePlainOneFlipped) {
-    QImage faces[2];
-    for (const int mode : {0, 1}) {
-        settings.MirrorMode = mode;
-        showFor(0.1, [&] {
-            const QImage text = display->focusWidget()->grab().toImage();
-            const QImage scale = control("Picture6")->grab().toImage();
-            const QImage clock = control("Label1")->grab().toImage();
-            QImage face(scale.width(), text.height() + scale.height() + clock.height(),
-                        QImage::Format_RGB32);
-            face.fill(Qt::black);
-            QPainter painter(&face);
-            auto put = [&, y = 0](const QImage& image) mutable {
-                painter.drawImage(0, y, image.mirrored(mode == 1, false));
-                y += image.height();
-            };
-            put(text);
-            put(scale);
-            put(clock);
-            faces[mode] = face;
-            EXPECT_EQ(control("Command3")->x(), mode == 1 ? 0 : 1280 - 68);
-        });
-    }
-    ASSERT_EQ(faces[0].size(), faces[1].size());
-    EXPECT_EQ(faces[0], faces[1]);
 }
 
 TEST_F(FourWindows, RemainingTimeOfTheFullRangeIsToldInTheMirroredWindowAlone) {

@@ -201,12 +201,5 @@ TEST_F(SettingsFileTest, KeepsADamagedFileOnceBesideTheSavedOne) {
     EXPECT_EQ(m_file.load(m_settings), SettingsFile::LoadResult::Read);
 }
 
-TEST_F(SettingsFileTest, FailedSaveSaysSo) {
-    SettingsFile nowhere(folder() + u"missing/"_qs, 1080);
-    const Outcome outcome = nowhere.save(m_settings);
-    EXPECT_FALSE(outcome);
-    EXPECT_FALSE(outcome.reason().isEmpty());
-}
-
 } // namespace
 } // namespace velmora

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 using namespace velmora;
 
 namespace {
@@ -38,27 +36,6 @@ void moveTo(ScrollSurface& surface, const Surface& tall, std::int64_t top) {
 }
 
 } // namespace
-
-TEST(ScrollSurface, ShowsTheRowsFromTopAfterAnyMixOfMoves) {
-    const Surface tall = tallPicture();
-    std::mt19937 random(7);
-    const auto number = [&](int low, int high) {
-        return std::uniform_int_distribution(low, high)(random);
-    };
-    for (const int rows : {1, 2, 7, 61}) {
-        ScrollSurface surface;
-        surface.resize(Width, rows, Background);
-        surface.setTop(-rows);
-        std::int64_t top = 0;
-        for (int step = 0; step < 1500; ++step) {
-            moveTo(surface, tall, top);
-            ASSERT_EQ(surface.toImage(), part(tall.image(), top, rows))
-                << rows << " rows at " << top;
-            const int jump = number(0, 20) == 0 ? number(-TableRows, TableRows) : number(-2, 2);
-            top = std::clamp<std::int64_t>(top + jump, 0, TableRows - rows);
-        }
-    }
-}
 
 TEST(ScrollSurface, PaintsAtAPlaceAndInsideAClipOnly) {
     constexpr int Rows = 19;

@@ -32,17 +32,6 @@ struct NaivePicture final {
                 if (has(x + column, y + row) && source.has(sx + column, sy + row))
                     at(x + column, y + row) = source.at(sx + column, sy + row);
     }
-    void stretch(int x, int y, int w, int h, NaivePicture source, int sx, int sy, int sw, int sh) {
-        const int size = std::abs(w);
-        for (int row = 0; row < h; ++row)
-            for (int column = 0; column < size; ++column) {
-                const int targetX = w > 0 ? x + column : x - 1 - column;
-                const int sourceX = sx + static_cast<int>(std::floor((column + 0.5) * sw / size));
-                const int sourceY = sy + static_cast<int>(std::floor((row + 0.5) * sh / h));
-                if (has(targetX, y + row) && source.has(sourceX, sourceY))
-                    at(targetX, y + row) = source.at(sourceX, sourceY);
-            }
-    }
 };
 
 class SurfaceOperations : public ::testing::Test {
@@ -78,25 +67,6 @@ TEST_F(SurfaceOperations, CopiesLikeANaivePictureIncludingOverlapsAndClipping) {
             << 'x' << h << " from " << sx << ',' << sy;
         if (round % 50 == 0)
             surface = noise(24, 20);
-    }
-}
-
-TEST_F(SurfaceOperations, StretchesAndMirrorsLikeANaivePicture) {
-    const Surface other = noise(31, 17);
-    for (int round = 0; round < 2000; ++round) {
-        Surface surface = noise(24, 20);
-        const Surface& source = number(0, 1) == 1 ? surface : other;
-        const int x = number(-12, 40), y = number(-12, 26), w = number(-34, 34), h = number(1, 30);
-        const int sx = number(-6, 20), sy = number(-6, 12), sh = number(1, 20);
-        // Half of them at the source's own width: the plain mirror of the speaker's display.
-        const int sw = w != 0 && number(0, 1) == 1 ? std::abs(w) : number(1, 30);
-        NaivePicture expected(surface);
-        if (w != 0)
-            expected.stretch(x, y, w, h, NaivePicture(source), sx, sy, sw, sh);
-        surface.StretchBlt(x, y, w, h, source, sx, sy, sw, sh);
-        ASSERT_EQ(NaivePicture(surface).pixels, expected.pixels)
-            << "round " << round << ": " << x << ',' << y << ' ' << w << 'x' << h << " from " << sx
-            << ',' << sy << ' ' << sw << 'x' << sh;
     }
 }
 

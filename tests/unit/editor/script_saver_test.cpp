@@ -187,28 +187,6 @@ TEST_F(ScriptSaverTest, WhiteScriptComesBackWhiteAndInItsFormats) {
     EXPECT_EQ(flatten(session.script.rtb1.fragment()), before);
 }
 
-TEST(Convert, WritesTheOtherFormatAndNothingOnFailure) {
-    TestSession test;
-    const QString in = test.write(u"in.txt"_qs, "caf\xE9\tau lait\r\nsecond line");
-    const QString out = test.path(u"out.rtf"_qs);
-    const QString back = test.path(u"back.txt"_qs);
-    EXPECT_EQ(convertScript(test.session, in, out), 0);
-    TestSession second;
-    EXPECT_EQ(convertScript(second.session, out, back), 0);
-    EXPECT_EQ(test.read(u"back.txt"_qs), "caf\xC3\xA9 au lait\nsecond line") << "a new text";
-    TestSession same;
-    EXPECT_EQ(convertScript(same.session, in, back), 0);
-    EXPECT_EQ(test.read(u"back.txt"_qs), "caf\xE9 au lait\r\nsecond line") << "its own form";
-    TestSession third;
-    const QString never = test.path(u"never.rtf"_qs);
-    EXPECT_EQ(convertScript(third.session, test.path(u"missing.rtf"_qs), never), 1);
-    EXPECT_EQ(convertScript(third.session, test.write(u"bad.rtf"_qs, "no rtf"), never), 1);
-    EXPECT_FALSE(QFileInfo::exists(never));
-    EXPECT_EQ(convertScript(third.session, in, u"/no/such/folder/x.rtf"_qs), 1);
-    EXPECT_TRUE(third.messages.boxes.empty());
-    EXPECT_TRUE(test.read(u"files.ini"_qs).isNull());
-}
-
 TEST(Convert, RefusesAnEndingThatItCannotWrite) {
     TestSession test;
     const QString in = test.write(u"in.txt"_qs, "words");

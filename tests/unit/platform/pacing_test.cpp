@@ -113,6 +113,31 @@ TEST(RefreshPresenter, LockedPaintsKeepTheirGridAfterALateStep) {
     }
 }
 
+TEST(RefreshPresenter, SettlesWhatAStepHasNotPaintedOnce) {
+    FakeClock clock;
+    int paints = 0;
+    RefreshPresenter presenter(clock, 60, [&] { ++paints; });
+    presenter.presentNow();
+    presenter.settle();
+    EXPECT_EQ(paints, 1) << "the picture is on the screen";
+    constexpr std::int64_t Period = FakeClock::TicksPerSecond / 400;
+    int paintedSteps = 0;
+    for (int round = 1; round <= 100; ++round) {
+        const int before = paints;
+        clock.advanceTicks(Period);
+        const bool painted = presenter.stepDone(Period);
+        EXPECT_EQ(paints, before + (painted ? 1 : 0));
+        paintedSteps += painted ? 1 : 0;
+        if (round % 7 == 0) {
+            presenter.settle();
+            presenter.settle();
+            EXPECT_EQ(paints, before + 1) << "once, by the step or by settling";
+        }
+    }
+    EXPECT_GT(paintedSteps, 5);
+    EXPECT_LT(paintedSteps, 60);
+}
+
 TEST(TimeOfDay, SpansSurviveMidnight) {
     EXPECT_DOUBLE_EQ(secondsSince(100, 104), 4);
     EXPECT_DOUBLE_EQ(secondsSince(86398, 2), 4);

@@ -1,9 +1,7 @@
 #include "platform/timing/machine_clock.h"
 #include "platform/timing/qt_event_pump.h"
-#include "platform/timing/refresh_presenter.h"
 #include "support/fake_clock.h"
 #include "support/fake_event_pump.h"
-#include "support/fake_presenter.h"
 
 #include <gtest/gtest.h>
 
@@ -49,32 +47,6 @@ protected:
 };
 using Pumps = ::testing::Types<MachinePump, FakePump>;
 TYPED_TEST_SUITE(PumpContract, Pumps);
-
-/// A presenter whose steps come so fast that only some of them are painted.
-struct RefreshRig final {
-    FakeClock clock;
-    int painted = 0;
-    RefreshPresenter presenter{clock, 60, [this] { ++painted; }};
-    [[nodiscard]] int paints() const { return painted; }
-};
-struct FakePresenterRig final {
-    FakePresenter presenter;
-    FakePresenterRig() { presenter.stepsPerPaint = 5; }
-    [[nodiscard]] int paints() const { return presenter.paints; }
-};
-template<typename Rig> class PresenterContract : public ::testing::Test {
-protected:
-    static constexpr std::int64_t Period = FakeClock::TicksPerSecond / 400;
-    bool step() {
-        if constexpr (requires { rig.clock; }) {
-            rig.clock.advanceTicks(Period);
-        }
-        return rig.presenter.stepDone(Period);
-    }
-    Rig rig;
-};
-using Presenters = ::testing::Types<RefreshRig, FakePresenterRig>;
-TYPED_TEST_SUITE(PresenterContract, Presenters);
 
 } // namespace
 
@@ -136,39 +108,4 @@ TYPED_TEST(PumpContract, WaitEndsByItsTimeOutOrByWhatComesFirst) {
     }
     EXPECT_TRUE(came);
     EXPECT_LT(this->msSince(start), 9'000);
-}
-
-TYPED_TEST(PresenterContract, TellsWhetherAStepWasPaintedAndSettlesTheOthersOnce) {
-    this->rig.presenter.presentNow();
-    ASSERT_EQ(this->rig.paints(), 1);
-    this->rig.presenter.settle();
-    EXPECT_EQ(this->rig.paints(), 1) << "the picture is on the screen";
-    int paintedSteps = 0;
-    for (int round = 1; round <= 100; ++round) {
-        const int before = this->rig.paints();
-        const bool painted = this->step();
-        EXPECT_EQ(this->rig.paints(), before + (painted ? 1 : 0));
-        paintedSteps += painted ? 1 : 0;
-        if (round % 7 == 0) {
-            this->rig.presenter.settle();
-            this->rig.presenter.settle();
-            EXPECT_EQ(this->rig.paints(), before + 1) << "once, by the step or by settling";
-        }
-        if (round % 11 == 0) {
-            const int current = this->rig.paints();
-            this->rig.presenter.presentNow();
-            this->rig.presenter.settle();
-            EXPECT_EQ(this->rig.paints(), current + 1) << "at once, whatever is on the screen";
-        }
-    }
-    EXPECT_GT(paintedSteps, 5);
-    EXPECT_LT(paintedSteps, 60);
-}
-
-TYPED_TEST(PresenterContract, LocksAPeriodByAHundredthAtTheMostAndOnce) {
-    for (const std::int64_t period : {0, 1, 9'999, 27'520, 83'600, 166'000, 170'000, 335'000}) {
-        const std::int64_t locked = this->rig.presenter.lockedPeriod(period);
-        EXPECT_LE(std::abs(locked - period) * 100, period) << period;
-        EXPECT_EQ(this->rig.presenter.lockedPeriod(locked), locked) << period;
-    }
 }

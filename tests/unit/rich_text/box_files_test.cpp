@@ -146,16 +146,5 @@ TEST_F(BoxFiles, FailuresHaveAReasonAndChangeNothing) {
     }
 }
 
-TEST_F(BoxFiles, AFailedSaveLeavesTheOldFileWhole) {
-    const QString folder = path(u"a folder where a file should be"_qs);
-    QDir().mkpath(folder);
-    for (const QString& target : {folder, path(u"missing/script.txt"_qs)}) {
-        const Outcome outcome = box.SaveFile(target, FileFormat::PlainText);
-        EXPECT_FALSE(outcome);
-        EXPECT_FALSE(outcome.reason().isEmpty());
-    }
-    EXPECT_TRUE(QDir(folder).exists());
-}
-
 } // namespace
 } // namespace velmora

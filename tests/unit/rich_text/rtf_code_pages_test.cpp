@@ -132,15 +132,5 @@ TEST(RtfCodePages, SymbolFieldsShowTheirSign) {
     }
 }
 
-TEST(RtfCodePages, AreMadeOnceAndInBoundedNumber) {
-    CodePages pages;
-    CodePage* const fallback = pages.page(CodePages::Windows1252);
-    EXPECT_EQ(pages.page(932), pages.page(932));
-    EXPECT_NE(pages.page(932), fallback);
-    for (const int number : {-1, 0, 42, 1361, 99999}) {
-        EXPECT_EQ(pages.page(number), fallback) << number;
-    }
-}
-
 } // namespace
 } // namespace velmora

@@ -83,18 +83,6 @@ TEST(RtfReader, FormatsKeepToTheirGroups) {
     });
 }
 
-TEST(RtfReader, EndFormatIsWhatHoldsAtTheLineEnd) {
-    const RtfReadResult result = readRtf("{\\rtf1{\\b\\fs40 a\\par}\\fs60\\par\\fs80 b}");
-    ASSERT_EQ(result.fragment.paragraphs.size(), 3u);
-    const auto endOf = [&result](std::size_t paragraph) {
-        const int index = result.fragment.paragraphs[paragraph].endFormat;
-        return result.fragment.formats[static_cast<std::size_t>(index)].halfPoints;
-    };
-    EXPECT_EQ(endOf(0), 40);
-    EXPECT_EQ(endOf(1), 60);
-    EXPECT_EQ(endOf(2), 80);
-}
-
 TEST(RtfReader, FontTablesInEveryForm) {
     expectReadings({
         {"{\\fonttbl\\f0\\fswiss\\fcharset0 Helvetica;\\f1\\fnil B;}\\f1 a", u"{'B':a}"_qs},
