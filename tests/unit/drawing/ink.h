@@ -1,10 +1,14 @@
 #pragma once
 
 #include "platform/drawing/print_box.h"
+#include "platform/drawing/reference_units.h"
 #include "platform/drawing/surface.h"
-#include "platform/rich_text/rich_text_fragment.h"
+#include "platform/rich_text/document_layout.h"
+#include "platform/rich_text/rich_text_box.h"
 
 #include <QImage>
+#include <QPainter>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -68,6 +72,23 @@ inline Ink inkOf(const QImage& picture) {
         ink.y = sumY / ink.amount;
     }
     return ink;
+}
+
+/// Empty pixels around what the text engine draws.
+inline constexpr int Room = 150;
+
+/// A line of a box as the text engine draws it, white on black, its origin at (Room, Room).
+inline Ink drawnByTheTextEngine(const RichTextBox& box, int line, double zoom) {
+    const LinePlace place = box.layout().lineAt(line);
+    const double scale = zoom / UnitsPerPixel;
+    QImage image(static_cast<int>(box.wrapWidth() * zoom) + 2 * Room,
+                 static_cast<int>(place.height * scale) + 2 * Room, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.translate(Room, Room);
+    painter.scale(scale, scale);
+    place.line.draw(&painter, -place.line.position());
+    return inkOf(image);
 }
 
 /// White text; styles holds any of "b", "i", "u", "s".

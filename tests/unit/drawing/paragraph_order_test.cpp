@@ -1,11 +1,7 @@
 #include "platform/drawing/color.h"
 #include "platform/drawing/glyph_mask_cache.h"
 #include "platform/drawing/surface.h"
-#include "platform/rich_text/document_layout.h"
-#include "platform/rich_text/rich_text_box.h"
 #include "unit/drawing/ink.h"
-
-#include <QPainter>
 
 #include <gtest/gtest.h>
 
@@ -14,7 +10,6 @@ using namespace velmora;
 namespace {
 
 constexpr double Zoom = 4;
-constexpr int Room = 40;
 
 struct Case final {
     const char* name;
@@ -47,24 +42,10 @@ void fill(RichTextBox& box, const QString& text, Direction direction, double wra
     box.setFragment(fragment);
 }
 
-/// A line of the paragraph as the text engine draws it there.
-Ink drawnInItsParagraph(const RichTextBox& box, int line) {
-    const LinePlace place = box.layout().lineAt(line);
-    const double scale = Zoom / UnitsPerPixel;
-    QImage image(static_cast<int>(box.wrapWidth() * Zoom) + 2 * Room,
-                 static_cast<int>(place.height * scale) + 2 * Room, QImage::Format_RGB32);
-    image.fill(Qt::black);
-    QPainter painter(&image);
-    painter.translate(Room, Room);
-    painter.scale(scale, scale);
-    place.line.draw(&painter, -place.line.position());
-    return inkOf(image);
-}
-
 Ink printed(const RichTextBox& box, int line) {
     const int position = box.lineIndex(line);
     PrintBox print;
-    print.width = box.wrapWidth() * Zoom + Room;
+    print.width = box.wrapWidth() * Zoom + 40;
     print.rowHeight = 2 * static_cast<int>(box.layout().lineAt(line).height);
     print.zoom = Zoom;
     Surface surface(static_cast<int>(print.width), print.rowHeight);
@@ -96,7 +77,7 @@ TEST_P(ParagraphOrder, OfEveryLineIsThatOfTheEditor) {
         RichTextBox box;
         fill(box, GetParam().text, GetParam().direction, width);
         for (int line = 0; line < box.lineCount(); ++line) {
-            const Ink expected = drawnInItsParagraph(box, line);
+            const Ink expected = drawnByTheTextEngine(box, line, Zoom);
             const Ink ink = printed(box, line);
             ASSERT_GT(expected.amount, 0);
             EXPECT_NEAR(ink.amount / expected.amount, 1, 0.01) << width << " line " << line;
@@ -116,7 +97,7 @@ TEST(StrokesOfALine, EndWhereTheTextEngineEndsThem) {
             box.setSelUnderline(true);
             box.setSelStrikeThru(true);
             for (int line = 0; line < box.lineCount(); ++line) {
-                const Ink expected = drawnInItsParagraph(box, line);
+                const Ink expected = drawnByTheTextEngine(box, line, Zoom);
                 const Ink ink = printed(box, line);
                 EXPECT_NEAR(ink.right - ink.left, expected.right - expected.left, 3)
                     << text.toStdString() << width << " line " << line;
