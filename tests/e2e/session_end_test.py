@@ -1,5 +1,5 @@
-"""What is left of a show whose session ends in the middle of it: by a signal, by the end of the
-screen, and by its window's frame."""
+"""What is left of a show whose session ends in the middle of it: by a signal, and by the end of the
+screen."""
 
 import signal
 import unittest
@@ -8,7 +8,6 @@ from harness import SCROLL_SPEED, desk_for, program_path
 
 SCREEN = (1280, 720)
 TEXT = (100, 12, 1200, 672)
-EXIT_QUESTION = "^Exit$"
 RECOVERED = "^Recovered Script$"
 SAVE_DIALOG = "^Save Text$"
 SPEED = 100
@@ -82,19 +81,6 @@ class SessionEndTest(unittest.TestCase):
         self.assertEqual(desk.program.wait(10), 1, "no crash on the way out")
         self.assertEqual(self.speed_setting(desk), SPEED)
         self.assert_the_script_is_rescued(desk)
-
-    def test_the_show_closed_by_its_frame_leaves_the_typed_text_to_be_saved(self):
-        desk = self.desk_with_running_show()
-        desk.key("Up")
-        desk.leave_show(desk.close_by_frame)
-        desk.wait_for_editor(self.script.name + r"\*$")
-        desk.close_by_frame()
-        desk.answer(EXIT_QUESTION, "y")
-        desk.answer(SAVE_DIALOG, "Return")
-        self.assertEqual(desk.program.wait(10), 0)
-        self.assertEqual(self.script.read_text(), "New " + LINES)
-        self.assertEqual(self.speed_setting(desk), SPEED - 20)
-        self.assertFalse((desk.settings_file.parent / "unsaved.rtf").exists())
 
 
 if __name__ == "__main__":

@@ -33,16 +33,6 @@ void expectContract(Joystick& joystick, const Device& device) {
     }
 }
 
-TEST(JoystickContract, TheFakeTellsWhatIsHeld) {
-    FakeJoystick joystick;
-    expectContract(joystick, {[&] { joystick.plugged = true; },
-                              [&] {
-                                  joystick.plugged = false;
-                                  joystick.held = 0;
-                              },
-                              [&](std::uint32_t buttons) { joystick.held = buttons; }});
-}
-
 TEST(JoystickContract, SdlTellsWhatIsHeld) {
     // Nothing is opened before the first question.
     SdlJoystick joystick;

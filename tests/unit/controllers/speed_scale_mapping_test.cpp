@@ -7,27 +7,6 @@
 namespace velmora {
 namespace {
 
-using Part = SpeedScaleMapping::Part;
-
-TEST(SpeedScaleMapping, EachPlaceHasItsPart) {
-    struct Row final {
-        const SpeedScaleMapping& scale;
-        double x;
-        Part part;
-    };
-    const Row rows[] = {
-        {PlainSpeedScale, -1, Part::Start},     {PlainSpeedScale, 35, Part::Start},
-        {PlainSpeedScale, 36, Part::Pause},     {PlainSpeedScale, 71, Part::Pause},
-        {PlainSpeedScale, 72, Part::None},      {PlainSpeedScale, 73, Part::Scale},
-        {PlainSpeedScale, 346, Part::Scale},    {MirroredSpeedScale, 0, Part::Scale},
-        {MirroredSpeedScale, 275, Part::Scale}, {MirroredSpeedScale, 276, Part::Pause},
-        {MirroredSpeedScale, 311, Part::Pause}, {MirroredSpeedScale, 312, Part::Start},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(row.scale.partAt(row.x), row.part) << row.x;
-    }
-}
-
 TEST(SpeedScaleMapping, PressesDragsAndTheThumbGiveTheirSpeeds) {
     struct Row final {
         const char* what;

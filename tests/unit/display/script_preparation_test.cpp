@@ -88,14 +88,3 @@ TEST_F(ScriptPreparation, BookmarksAreSortedLinesAndTheFirstEightSelectiveOnesHa
     setText(u"no marks"_qs);
     EXPECT_TRUE(prepare().BookmarkLines.empty());
 }
-
-TEST_F(ScriptPreparation, LongScriptIsCutAtTheLinesAShowCanHold) {
-    setText(u"x\r\n"_qs.repeated(200));
-    const ShowTables tables = prepareScript(box, {150, 1.0, 26, 0}, {});
-    EXPECT_EQ(tables.lineTable.size(), 150u);
-    EXPECT_EQ(tables.scanTable.lineCount(), 150);
-}
-
-TEST(PreparationText, CountsTheLinesInThreeRows) {
-    EXPECT_EQ(preparationText(1234), u"Processing\r\n1,234 Line\r\nScript."_qs);
-}

@@ -75,21 +75,6 @@ TEST(LayoutLines, BreakTheSameAtEveryZoom) {
     }
 }
 
-/// Hinted or rounded advances would make a text at twice the size more or less than twice as wide.
-TEST(LayoutLines, AdvancesScaleWithTheFontSize) {
-    for (const QString& font : {u"Arial"_qs, u"DejaVu Sans"_qs}) {
-        double widthOfHalfPoint = 0;
-        for (const int halfPoints : {16, 17, 31, 52, 97, 400}) {
-            RichTextBox box;
-            box.setWrapWidth(100000);
-            box.setFragment(fragmentOfText(u"Hamburgefonstiv, AVATAR!", {font, halfPoints}));
-            const double width = box.layout().lineAt(0).line.naturalTextWidth() / halfPoints;
-            widthOfHalfPoint = widthOfHalfPoint == 0 ? width : widthOfHalfPoint;
-            EXPECT_NEAR(width, widthOfHalfPoint, 24 * 0.5 / 64 / 16 * 2) << halfPoints;
-        }
-    }
-}
-
 TEST(LayoutLines, HeightIsAscentDescentAndLeadingOfTheHighestFont) {
     RichTextBox box;
     fill(box, u"low\r\n\r\nlow and high"_qs);
