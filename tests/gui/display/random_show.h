@@ -223,10 +223,7 @@ private:
         switch (upTo(10)) {
         case 0:
             m_jumped = true;
-            if (const int line = upTo(m_bar->maximum() + 1); line != m_bar->value()) {
-                m_bar->setValue(line);
-                expectTopAtLine(line);
-            }
+            m_bar->setValue(upTo(m_bar->maximum() + 1));
             break;
         case 1:
             t.session.settings.ScrollSpeed = upTo(256);
@@ -319,19 +316,6 @@ private:
                               static_cast<QEvent*>(&up), static_cast<QEvent*>(&wheel)}) {
             QApplication::sendEvent(target, event);
         }
-    }
-
-    /// A jump shows its line at the top, or as far down as the script's end allows.
-    void expectTopAtLine(int line) {
-        std::int64_t top = 0;
-        for (int row = 0; row < m_tall->image().height(); ++row) {
-            if (m_tables->scanTable.at(row).line > line) {
-                break;
-            }
-            top = row + 1;
-        }
-        const std::int64_t lowest = std::max<std::int64_t>(0, m_tables->LastScrollRow - m_rows);
-        EXPECT_EQ(m_text->surface().top(), std::min(top, lowest)) << "line " << line;
     }
 
     void look() {
