@@ -15,14 +15,12 @@ struct ColumnSlider final {
     bool operator==(const ColumnSlider&) const = default;
 };
 
-/// What the check asks of its caller: a slider to set, a message to show with the stop icon.
+/// What the check asks of its caller: a slider to set, whose minimum never breaks a word of the
+/// script that is whole in the widest column, a message to show with the stop icon.
 struct TwoDisplayCheck final {
     ColumnSlider slider;
     bool messageDue = false;
 };
-
-/// A column that is narrowed for display 2 never breaks a word of the script that is whole in the
-/// widest column.
 
 /// At start, to be run when MirrorMode is mirror::TwoDisplays: with a display 2 narrower than
 /// display 1 the slider's minimum, and its value if needed, rise to the first margin whose column

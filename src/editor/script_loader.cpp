@@ -73,8 +73,8 @@ RtfReadResult convert(const QString& path) {
 }
 
 bool holdsText(const RichTextFragment& text) {
-    return std::any_of(text.paragraphs.begin(), text.paragraphs.end(),
-                       [](const Paragraph& p) { return !p.text.trimmed().isEmpty(); });
+    return std::ranges::any_of(text.paragraphs,
+                               [](const Paragraph& p) { return !p.text.trimmed().isEmpty(); });
 }
 
 /// An appended file is a story of its own that can be jumped to.
@@ -385,11 +385,10 @@ QString ScriptLoader::recentListText(Place place) {
 
 QString ScriptLoader::failureText(const QString& reason) const {
     const QString first = QStringLiteral("I could not load %1.\r\n\r\n").arg(m_path);
-    if (needsConverter(m_type) && QFileInfo(m_path).isFile()) {
-        return first + QStringLiteral("When loading .DOC or .DOCX files, please verify that Word "
-                                      "is correctly installed.");
-    }
-    return first + reason + QStringLiteral("\r\n\r\n") + adviceFor(m_path);
+    const bool needsWord = needsConverter(m_type) && QFileInfo(m_path).isFile();
+    return first + (needsWord ? QStringLiteral("When loading .DOC or .DOCX files, please verify "
+                                               "that Word is correctly installed.")
+                              : reason + QStringLiteral("\r\n\r\n") + adviceFor(m_path));
 }
 
 void ScriptLoader::giveBackEditor() {
