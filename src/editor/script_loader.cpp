@@ -339,7 +339,6 @@ void ScriptLoader::tellAfterLoad(Place place) {
     tell({noTextText(), leftOutText(), missingFontsText(), recentListText(place)});
 }
 
-/// One notice of what there is to say.
 void ScriptLoader::tell(QStringList notes) {
     notes.removeAll(QString());
     m_host.showNotice(notes.join(u' '));
