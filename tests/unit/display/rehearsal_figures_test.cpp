@@ -17,4 +17,10 @@ TEST(RehearsalFigures, LongRunsKeepTheirSpreadInTheSameMemory) {
         EXPECT_NEAR(samples.spread().p99, 987, 3);
         EXPECT_EQ(samples.spread().max, 5'000);
     }
+    // What comes late counts no more than what came early.
+    Samples samples;
+    for (std::size_t i = 0; i < 4 * Samples::Most; ++i) {
+        samples.add(10 * i < 24 * Samples::Most ? 1 : 2);
+    }
+    EXPECT_EQ(samples.spread().p50, 1);
 }
