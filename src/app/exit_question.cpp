@@ -2,10 +2,12 @@
 
 #include "core/session.h"
 #include "platform/desktop/message_boxes.h"
+#include "platform/devices/key_numbers.h"
 #include "widgets/dialog_animation.h"
 #include "widgets/push_button.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -80,9 +82,8 @@ Form17::Form17(Session& session, QWidget* parent) : QDialog(parent), m_session(s
 
     auto* buttons = new QHBoxLayout;
     rows->addLayout(buttons);
-    const auto addButton = [&](const QString& name, Qt::Key key, void (Form17::*handler)()) {
+    const auto addButton = [&](const QString& name, void (Form17::*handler)()) {
         auto* button = new QPushButton(name, this);
-        button->setShortcut(key);
         button->setObjectName(name);
         button->setMinimumWidth(6 * em);
         button->setAutoDefault(true);
@@ -90,9 +91,9 @@ Form17::Form17(Session& session, QWidget* parent) : QDialog(parent), m_session(s
         buttons->addWidget(button);
         return button;
     };
-    addButton(QStringLiteral("Yes"), Qt::Key_Y, &Form17::Yes_Click)->setDefault(true);
-    addButton(QStringLiteral("No"), Qt::Key_N, &Form17::No_Click);
-    addButton(QStringLiteral("Cancel"), Qt::Key_C, &Form17::Cancel_Click);
+    addButton(QStringLiteral("Yes"), &Form17::Yes_Click)->setDefault(true);
+    addButton(QStringLiteral("No"), &Form17::No_Click);
+    addButton(QStringLiteral("Cancel"), &Form17::Cancel_Click);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     usePlainButtonsOnFewColours(*this, session.screen);
 }
@@ -100,6 +101,20 @@ Form17::Form17(Session& session, QWidget* parent) : QDialog(parent), m_session(s
 void Form17::ask() {
     m_session.script.DialogClosing = 0;
     exec();
+}
+
+/// A button's first letter presses it, on keyboards of another script by its place. Letters are
+/// keys by their own number.
+void Form17::keyPressEvent(QKeyEvent* event) {
+    const auto buttons = findChildren<QPushButton*>();
+    const auto pressed = std::ranges::find_if(buttons, [event](const QPushButton* button) {
+        return button->text().front().unicode() == latinKey(*event);
+    });
+    if (pressed != buttons.end() && event->modifiers() == Qt::NoModifier) {
+        (*pressed)->click();
+    } else {
+        QDialog::keyPressEvent(event);
+    }
 }
 
 void Form17::reject() {

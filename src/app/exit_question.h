@@ -18,6 +18,9 @@ public:
     void ask();
     void reject() override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void Yes_Click();
     void No_Click();

@@ -7,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QTest>
 #include <QTimer>
 
@@ -30,6 +32,12 @@ Act press(const char16_t* caption) {
     return [caption](QWidget& window) { clickButton(window, caption); };
 }
 
+/// On a keyboard that writes Cyrillic, where X11 has the place 57 for it.
+const Act pressCyrillicN = [](QWidget& window) {
+    QKeyEvent event(QEvent::KeyPress, u'Т', Qt::NoModifier, 57, 0, 0, u"т"_qs);
+    QApplication::sendEvent(&window, &event);
+};
+
 TEST(Form17, AnswersAsPressedAndTheFrameIsCancel) {
     struct Row final {
         const char* what;
@@ -37,10 +45,15 @@ TEST(Form17, AnswersAsPressedAndTheFrameIsCancel) {
         int answer;
     };
     const Row rows[] = {
-        {"Yes", press(u"Yes"), 6},       {"No", press(u"No"), 7},
-        {"Cancel", press(u"Cancel"), 2}, {"Escape", pressKey(Qt::Key_Escape), 2},
-        {"frame", closeByFrame, 2},      {"Enter", pressKey(Qt::Key_Return), 6},
-        {"Y", pressKey(Qt::Key_Y), 6},   {"N", pressKey(Qt::Key_N), 7},
+        {"Yes", press(u"Yes"), 6},
+        {"No", press(u"No"), 7},
+        {"Cancel", press(u"Cancel"), 2},
+        {"Escape", pressKey(Qt::Key_Escape), 2},
+        {"frame", closeByFrame, 2},
+        {"Enter", pressKey(Qt::Key_Return), 6},
+        {"Y", pressKey(Qt::Key_Y), 6},
+        {"N", pressKey(Qt::Key_N), 7},
+        {"the place of N", pressCyrillicN, 7},
     };
     for (const Row& row : rows) {
         TestSession test;

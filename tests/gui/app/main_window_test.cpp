@@ -254,6 +254,25 @@ TEST_F(Form1Test, TheSliderMovesTheColumnAndWrapsTheScriptAnew) {
     EXPECT_GT(rtb1().lineCount(), linesBefore);
 }
 
+TEST_F(Form1Test, ANarrowWindowShowsTheWholeColumnAndARunningShowKeepsItsZoom) {
+    settings.MirrorMode = 0;
+    load();
+    rtb1().setText(u"some words that fill more than one line "_qs.repeated(5));
+    const int lines = rtb1().lineCount();
+    form->resize(960, 800);
+    EXPECT_EQ(rtb1().zoom(), 3.0);
+    EXPECT_LE(control<RichTextView>(u"rtb1")->geometry().right(), 960);
+    EXPECT_EQ(rtb1().lineCount(), lines);
+    test.pump.in(1, [&] {
+        const double zoom = rtb1().zoom();
+        form->resize(1280, 800);
+        EXPECT_EQ(rtb1().zoom(), zoom);
+        test.session.show.ExitRequested = 1;
+    });
+    press(Qt::Key_F1);
+    EXPECT_EQ(rtb1().zoom(), 4.0);
+}
+
 TEST_F(Form1Test, KeysAndButtonsStartAShowWhereTheySay) {
     settings.MirrorMode = NoDisplayWindow;
     load();

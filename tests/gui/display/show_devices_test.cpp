@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
 #include <QTest>
@@ -155,6 +156,36 @@ TEST_F(ShowDevices, TheScaleIsPressedAndDraggedInBothWindows) {
             EXPECT_EQ(show.PauseState, row.pause) << row.from;
         });
     }
+}
+
+TEST_F(ShowDevices, OnALargeDisplayTheControlsAreDrawnAndPressedTwiceAsLarge) {
+    QImage faces[2];
+    for (const int unit : {1, 2}) {
+        t.monitors.rectangles = {QRect(0, 0, 1920 * unit, 1080 * unit)};
+        settings.ArrowPosition = 100 * unit;
+        showFor(0.1, [&] {
+            drag(control("Picture6"), QPointF(200, 9) * unit, QPointF(300, 9) * unit);
+            EXPECT_EQ(settings.ScrollSpeed, 26);
+            QImage face(400, 250, QImage::Format_RGB32);
+            face.fill(Qt::black);
+            QPainter painter(&face);
+            painter.scale(1.0 / unit, 1.0 / unit);
+            QPoint place;
+            for (const char* name : {"Picture3", "Picture4", "Picture6", "Label1"}) {
+                painter.drawImage(place, control(name)->grab().toImage());
+                place = QPoint(45, place.y() / unit + 50) * unit;
+            }
+            faces[unit - 1] = face;
+        });
+    }
+    // The same but for the edges of lines and letters.
+    int unlike = 0;
+    for (int at = 0; at < faces[0].width() * faces[0].height(); ++at) {
+        const QPoint place(at % faces[0].width(), at / faces[0].width());
+        const int one = qGray(faces[0].pixel(place));
+        unlike += std::abs(one - qGray(faces[1].pixel(place))) > 60 ? 1 : 0;
+    }
+    EXPECT_LT(unlike, 220);
 }
 
 TEST_F(ShowDevices, MovesOverTheTextSteerAsTheControllerSays) {
