@@ -66,8 +66,4 @@ private:
 /// What a file may hold at its worst: names, sizes, colours, offsets and characters at the limits.
 [[nodiscard]] RandomTextParts partsForFiles();
 
-/// Damages a file as transfers and other programs do: cuts, exchanges, repeats and moves stretches,
-/// takes braces away and puts control words in. The first bytes stay as they are.
-[[nodiscard]] QByteArray damaged(QByteArray bytes, std::mt19937& random, qsizetype untouched = 0);
-
 } // namespace velmora

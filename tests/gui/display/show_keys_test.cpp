@@ -31,6 +31,19 @@ protected:
         }
         rtb1.setSelStart(0);
     }
+    /// Opens the find window and acts whenever it asks; tells how often.
+    int find(const std::function<void(QWidget& window, int round)>& act) {
+        int round = 0;
+        QTimer user;
+        QObject::connect(&user, &QTimer::timeout, &user, [&] {
+            if (QWidget* window = QApplication::activeModalWidget()) {
+                act(*window, round++);
+            }
+        });
+        user.start(5);
+        press(Qt::Key_F);
+        return round;
+    }
 };
 
 } // namespace
@@ -47,70 +60,84 @@ TEST_F(ShowKeys, KeysDoWhatTheirTableSays) {
         int key;
         Qt::KeyboardModifiers modifiers;
         std::function<void()> before;
-        std::function<bool()> done;
+        /// What is otherwise than in a ready show at speed 60.
+        const char* after;
     };
     const Qt::KeyboardModifiers none = Qt::NoModifier;
     const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
     const auto fullRange = [&] { settings.ScrollSpeedControl = 1; };
     const auto looping = [&] { settings.AutomaticLooping = 1; };
     const auto wireless = [&] { settings.ControllerType = 21; };
-    const std::vector<Row> rows = {
-        {Qt::Key_F24, none, {}, [&] { return settings.ScrollSpeed == 195; }},
-        {Qt::Key_F24, none, fullRange, [&] { return show.ReverseToBackward == 1; }},
-        {Qt::Key_F24, shift, {}, [&] { return settings.FullScreenMode == 1; }},
-        {Qt::Key_F24, none, [&] { settings.ShuttleButton1 = 6; },
-         [&] { return settings.ArrowVisible == 0; }},
-        {Qt::Key_F24, none, [&] { settings.ShuttleButton1 = 0; },
-         [&] { return settings.ScrollSpeed == 60; }},
-        {Qt::Key_F23, none, {}, [&] { return show.PauseState == 0; }},
-        {Qt::Key_F23, none, looping, [&] { return show.PauseState == 3; }},
-        {Qt::Key_F23, shift, {}, [&] { return show.BookmarkJump == 1; }},
-        {Qt::Key_F22, shift, {}, [&] { return show.BookmarkJump == 2; }},
-        {Qt::Key_PageDown, none, {}, [&] { return show.BookmarkJump == 1; }},
-        {Qt::Key_PageUp, none, {}, [&] { return show.BookmarkJump == 2; }},
-        {Qt::Key_PageUp, none, looping, [&] { return show.BookmarkJump == 0; }},
-        {Qt::Key_Backspace, none, {}, [&] { return settings.ScrollSpeed == 60; }},
-        {Qt::Key_Backspace, none, fullRange, [&] { return show.ReverseToBackward == 1; }},
-        {Qt::Key_F13, none, {}, [&] { return settings.ScrollSpeed == 62; }},
-        {Qt::Key_F14, none, looping, [&] { return settings.ScrollSpeed == 58; }},
-        {Qt::Key_B, none, wireless, [&] { return show.PauseState == 0; }},
-        {Qt::Key_Right, none, wireless, [&] { return show.BookmarkJump == 1; }},
-        {Qt::Key_Return, none, {}, [&] { return show.PauseState == 0; }},
-        {Qt::Key_B,
-         none,
-         {},
-         [&] { return show.MessageShownAt > 0 && control("Picture7")->isVisibleTo(display); }},
-        {Qt::Key_B, none, looping, [&] { return show.MessageShownAt == 0; }},
-        {Qt::Key_F24, none, [&] { settings.ShuttleButton1 = 9; },
-         [&] { return settings.ScrollSpeed == 195; }},
-        {Qt::Key_F24, shift, [&] { settings.ShuttleButton3 = 9; },
-         [&] { return settings.FullScreenMode == 1; }},
-        {Qt::Key_F24, none, looping, [&] { return settings.ScrollSpeed == 195; }},
-        {Qt::Key_F23, shift, looping, [&] { return show.BookmarkJump == 0; }},
-        {Qt::Key_F22, shift, looping, [&] { return show.BookmarkJump == 0; }},
-        {Qt::Key_PageDown, none, looping, [&] { return show.BookmarkJump == 0; }},
-        {Qt::Key_Return, none, looping, [&] { return show.PauseState == 3; }},
-        {Qt::Key_F13, shift, {}, [&] { return settings.ScrollSpeed == 60; }},
-        {Qt::Key_Left, none, {}, [&] { return settings.ScrollSpeed == 62; }},
-        {Qt::Key_Up, none, {}, [&] { return settings.ScrollSpeed == 40; }},
-        {Qt::Key_Up, none, looping, [&] { return settings.ScrollSpeed == 60; }},
-        {Qt::Key_Home, none, {}, [&] { return settings.ScrollSpeed == 0; }},
-        {Qt::Key_End, none, {}, [&] { return settings.ScrollSpeed == 127; }},
-        {Qt::Key_End, none, fullRange, [&] { return settings.ScrollSpeed == 255; }},
-        {Qt::Key_Left, none, wireless, [&] { return show.BookmarkJump == 2; }},
-        {Qt::Key_Space, Qt::ControlModifier, {}, [&] { return show.PauseState == 3; }},
-        {Qt::Key_Space, Qt::MetaModifier, {}, [&] { return show.PauseState == 3; }},
+    const auto button = [&](int Settings::*setting, int function) {
+        return [this, setting, function] { settings.*setting = function; };
+    };
+    const Row rows[] = {
+        {Qt::Key_F24, none, {}, "speed 195"},
+        {Qt::Key_F24, none, fullRange, "back 1"},
+        {Qt::Key_F24, none, looping, "speed 195"},
+        {Qt::Key_F24, shift, {}, "full 1"},
+        {Qt::Key_F24, none, button(&Settings::ShuttleButton1, 6), "arrow 0"},
+        {Qt::Key_F24, none, button(&Settings::ShuttleButton1, 0), ""},
+        {Qt::Key_F24, none, button(&Settings::ShuttleButton1, 9), "speed 195"},
+        {Qt::Key_F24, shift, button(&Settings::ShuttleButton3, 9), "full 1"},
+        {Qt::Key_F23, none, {}, "pause 0"},
+        {Qt::Key_F23, none, looping, ""},
+        {Qt::Key_F23, shift, {}, "jump 1"},
+        {Qt::Key_F23, shift, looping, ""},
+        {Qt::Key_F22, shift, {}, "jump 2"},
+        {Qt::Key_F22, shift, looping, ""},
+        {Qt::Key_PageDown, none, {}, "jump 1"},
+        {Qt::Key_PageDown, none, looping, ""},
+        {Qt::Key_PageUp, none, {}, "jump 2"},
+        {Qt::Key_PageUp, none, looping, ""},
+        {Qt::Key_Backspace, none, {}, ""},
+        {Qt::Key_Backspace, none, fullRange, "back 1"},
+        {Qt::Key_F13, none, {}, "speed 62"},
+        {Qt::Key_F13, shift, {}, ""},
+        {Qt::Key_F14, none, looping, "speed 58"},
+        {Qt::Key_B, none, {}, "notice 1"},
+        {Qt::Key_B, none, looping, ""},
+        {Qt::Key_B, none, wireless, "pause 0"},
+        {Qt::Key_Right, none, wireless, "jump 1"},
+        {Qt::Key_Left, none, wireless, "jump 2"},
+        {Qt::Key_Return, none, {}, "pause 0"},
+        {Qt::Key_Return, none, looping, ""},
+        {Qt::Key_Left, none, {}, "speed 62"},
+        {Qt::Key_Up, none, {}, "speed 40"},
+        {Qt::Key_Up, none, looping, ""},
+        {Qt::Key_Home, none, {}, "speed 0"},
+        {Qt::Key_End, none, {}, "speed 127"},
+        {Qt::Key_End, none, fullRange, "speed 255"},
+        {Qt::Key_Space, Qt::ControlModifier, {}, ""},
+        {Qt::Key_Space, Qt::MetaModifier, {}, ""},
+    };
+    const auto changes = [&] {
+        const std::tuple<const char*, double, double> values[] = {
+            {"speed", 60, settings.ScrollSpeed},
+            {"full", 0, settings.FullScreenMode},
+            {"arrow", 1, settings.ArrowVisible},
+            {"pause", 3, show.PauseState},
+            {"jump", 0, show.BookmarkJump},
+            {"back", 0, show.ReverseToBackward},
+            {"notice", 0, control("Picture7")->isVisibleTo(display) ? 1 : 0}};
+        QStringList found;
+        for (const auto& [name, usual, value] : values) {
+            if (value != usual) {
+                found += u"%1 %2"_qs.arg(QLatin1String(name)).arg(value);
+            }
+        }
+        return found.join(u' ').toStdString();
     };
     const Settings defaults = settings;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        SCOPED_TRACE(testing::Message() << "row " << i);
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.key << " for " << row.after);
         settings = defaults;
-        if (rows[i].before) {
-            rows[i].before();
+        if (row.before) {
+            row.before();
         }
         showFor(0.1, [&] {
-            press(rows[i].key, rows[i].modifiers);
-            EXPECT_TRUE(rows[i].done());
+            press(row.key, row.modifiers);
+            EXPECT_EQ(changes(), row.after);
         });
     }
 }
@@ -204,29 +231,21 @@ TEST_F(ShowKeys, MirroredQuestionIsAskedByItsOwnWindow) {
 
 TEST_F(ShowKeys, FindMovesTheTextAndLeavingWithoutAHitPutsItBack) {
     const auto search = [&](const QString& text, const char16_t* button) {
-        int round = 0;
         showFor(0.1, [&] {
             control<QScrollBar>("Vscroll1")->setValue(6);
             const std::int64_t row = show.ScrollRow;
             // One press, then the way out.
-            QTimer user;
-            QObject::connect(&user, &QTimer::timeout, &user, [&] {
-                auto* window = qobject_cast<Form14*>(QApplication::activeModalWidget());
-                if (window == nullptr) {
-                    return;
-                }
-                if (round++ == 0) {
-                    window->findChild<QLineEdit*>()->setText(text);
-                    clickButton(*window, button);
+            const int rounds = find([&](QWidget& window, int round) {
+                if (round == 0) {
+                    window.findChild<QLineEdit*>()->setText(text);
+                    clickButton(window, button);
                 } else {
-                    EXPECT_EQ(window->findChild<QLabel*>()->text() == u"No More Matches.",
+                    EXPECT_EQ(window.findChild<QLabel*>()->text() == u"No More Matches.",
                               text == u"nowhere");
-                    clickButton(*window, u"Exit");
+                    clickButton(window, u"Exit");
                 }
             });
-            user.start(5);
-            press(Qt::Key_F);
-            EXPECT_EQ(round, 2);
+            EXPECT_EQ(rounds, 2);
             if (text == u"nowhere") {
                 EXPECT_EQ(show.ScrollRow, row);
             }
@@ -264,48 +283,35 @@ TEST_F(ShowKeys, FindWindowStandsWhereItWasPutButNeverOnTheHit) {
     const Row rows[] = {{20, false, {300, 200}}, {21, true, {300, 20}},  {3, false, {}},
                         {5, false, {}},          {38, true, {300, 600}}, {39, false, {}}};
     QPoint put(0, 0);
-    std::size_t round = 0;
-    QTimer user;
-    QObject::connect(&user, &QTimer::timeout, &user, [&] {
-        auto* window = qobject_cast<Form14*>(QApplication::activeModalWidget());
-        if (window == nullptr) {
-            return;
-        }
+    const auto act = [&](QWidget& window, int round) {
+        const auto next = static_cast<std::size_t>(round);
         if (round > 0) {
-            const Row& row = rows[round - 1];
+            const Row& row = rows[next - 1];
             SCOPED_TRACE(row.line);
-            EXPECT_EQ(window->pos() == put, row.stays);
+            EXPECT_EQ(window.pos() == put, row.stays);
             const auto top = show.ScrollRow - (geometry->textRows() - 1);
             const auto first = tables->scanTable.firstRowOfLine(row.line) - top + TextTopMargin;
             const auto end = tables->scanTable.firstRowOfLine(row.line + 1) - top + TextTopMargin;
-            EXPECT_TRUE(window->y() >= end || window->frameGeometry().bottom() < first);
+            EXPECT_TRUE(window.y() >= end || window.frameGeometry().bottom() < first);
             if (!row.put.isNull()) {
-                window->move(put = row.put);
+                window.move(put = row.put);
             }
         }
-        if (round == std::size(rows)) {
-            clickButton(*window, u"Exit");
+        if (next == std::size(rows)) {
+            clickButton(window, u"Exit");
             return;
         }
-        window->findChild<QLineEdit*>()->setText(u"line %1 "_qs.arg(rows[round].line));
-        clickButton(*window, rows[round].line == 3 ? u"Find Previous" : u"Find Next");
-        ++round;
-    });
-    user.start(5);
-    showFor(0.1, [&] { press(Qt::Key_F); });
-    EXPECT_EQ(round, std::size(rows));
+        window.findChild<QLineEdit*>()->setText(u"line %1 "_qs.arg(rows[next].line));
+        clickButton(window, rows[next].line == 3 ? u"Find Previous" : u"Find Next");
+    };
+    showFor(0.1, [&] { EXPECT_EQ(find(act), std::size(rows) + 1); });
 }
 
 TEST_F(ShowKeys, FindWindowOfAMirroredShowIsFlippedAndWorks) {
     settings.MirrorMode = mirror::Mirrored;
-    int round = 0;
-    QTimer user;
-    QObject::connect(&user, &QTimer::timeout, &user, [&] {
-        QWidget* window = QApplication::activeModalWidget();
-        auto* view = window == nullptr ? nullptr : window->findChild<FlippedView*>();
-        if (view == nullptr) {
-            return;
-        }
+    const auto act = [](QWidget& window, int round) {
+        auto* view = window.findChild<FlippedView*>();
+        ASSERT_NE(view, nullptr);
         // Where the eye sees a button: flipped.
         const auto click = [view](const char16_t* caption) {
             QRect place;
@@ -317,7 +323,7 @@ TEST_F(ShowKeys, FindWindowOfAMirroredShowIsFlippedAndWorks) {
             const QPoint seen(view->width() - 1 - place.center().x(), place.center().y());
             QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, seen);
         };
-        switch (round++) {
+        switch (round) {
         case 0:
             QTest::keyClicks(view, u"line 20"_qs);
             QTest::keyClick(view, Qt::Key_Return);
@@ -329,9 +335,7 @@ TEST_F(ShowKeys, FindWindowOfAMirroredShowIsFlippedAndWorks) {
         default:
             click(u"Exit");
         }
-    });
-    user.start(5);
-    showFor(0.1, [&] { press(Qt::Key_F); });
-    EXPECT_EQ(round, 3);
+    };
+    showFor(0.1, [&] { EXPECT_EQ(find(act), 3); });
     EXPECT_EQ(caretLine(), 7);
 }

@@ -1,12 +1,7 @@
 #include "platform/rich_text/rtf_reader.h"
-#include "platform/rich_text/rtf_writer.h"
 #include "support/flat_text.h"
-#include "support/fragment_description.h"
-#include "support/random_text.h"
 
 #include <gtest/gtest.h>
-
-#include <QElapsedTimer>
 
 #include <algorithm>
 
