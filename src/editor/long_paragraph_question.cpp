@@ -8,7 +8,7 @@ namespace velmora {
 
 LongParagraphAnswer breakLongParagraphs(Session& session, const QString& name,
                                         RichTextFragment& text) {
-    const int longest = LongParagraphs::longestOf(text);
+    const int longest = long_paragraphs::longestOf(text);
     if (longest == 0) {
         return LongParagraphAnswer::NoneThere;
     }
@@ -21,12 +21,12 @@ LongParagraphAnswer breakLongParagraphs(Session& session, const QString& name,
                        "Cancel loads nothing.")
             .arg(name)
             .arg(longest)
-            .arg(LongParagraphs::UnitsOfAPiece),
+            .arg(long_paragraphs::UnitsOfAPiece),
         MessageButtons::OkCancel);
     if (answer != MessageAnswer::Ok) {
         return LongParagraphAnswer::Cancelled;
     }
-    LongParagraphs::breakUp(text);
+    long_paragraphs::breakUp(text);
     return LongParagraphAnswer::Broken;
 }
 

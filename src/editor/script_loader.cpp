@@ -271,7 +271,7 @@ RtfReadResult ScriptLoader::readFile(LongLoad& load) {
 }
 
 Outcome ScriptLoader::breakLong(RichTextFragment& text) {
-    if (LongParagraphs::longestOf(text) > 0) {
+    if (long_paragraphs::longestOf(text) > 0) {
         m_host.showProgress(QString());
     }
     const LongParagraphAnswer answer = breakLongParagraphs(m_session, m_path, text);

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace velmora::LongParagraphs {
+namespace velmora::long_paragraphs {
 
 namespace {
 
@@ -159,4 +159,4 @@ void breakUp(RichTextFragment& text) {
     text.paragraphs = std::move(result);
 }
 
-} // namespace velmora::LongParagraphs
+} // namespace velmora::long_paragraphs

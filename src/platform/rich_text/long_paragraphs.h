@@ -6,7 +6,7 @@ namespace velmora {
 
 /// Paragraphs so long that a key in them makes the editor wait: a paragraph is laid out as a whole
 /// whenever it changes. No script has any; some files are one line of megabytes.
-namespace LongParagraphs {
+namespace long_paragraphs {
 
 /// Of a longer paragraph a key costs more than a tenth of a second.
 inline constexpr int MaxUnits = 100'000;
@@ -26,6 +26,6 @@ inline constexpr int UnitsOfAPiece = 20'000;
 inline constexpr int RunsOfAPiece = 1'000;
 inline constexpr int MarksOfAPiece = 200;
 
-} // namespace LongParagraphs
+} // namespace long_paragraphs
 
 } // namespace velmora

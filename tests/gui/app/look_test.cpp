@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QStyle>
 #include <QTest>
 #include <QToolTip>
 
@@ -26,4 +27,18 @@ TEST(Look, NoTextOfLabelsAndTooltipsIsTakenForRichText) {
     ASSERT_NE(tip, tips.end());
     EXPECT_EQ(qobject_cast<QLabel*>(*tip)->textFormat(), Qt::PlainText);
     QToolTip::hideText();
+}
+
+TEST(Look, WhatTheHandTakesHoldOfGrowsWithTheScreen) {
+    const QFont font = QApplication::font();
+    const auto widthOfBars = [](int high) {
+        ScreenState screen;
+        screen.ScreenPixelsWide = high * 16 / 9;
+        screen.ScreenPixelsHigh = high;
+        applyLook(*qApp, screen);
+        return QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    };
+    EXPECT_EQ(widthOfBars(720), widthOfBars(1080));
+    EXPECT_EQ(widthOfBars(2160), 2 * widthOfBars(1080));
+    QApplication::setFont(font);
 }

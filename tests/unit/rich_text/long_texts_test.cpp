@@ -80,7 +80,7 @@ RichTextFragment oneParagraph(const QString& text, int runLength) {
 TEST(LongTexts, PiecesHaveTheDirectionOfTheWhole) {
     RichTextFragment text =
         oneParagraph(u"\u05D0 "_qs + u"some words of a line "_qs.repeated(6'000), 999'999);
-    LongParagraphs::breakUp(text);
+    long_paragraphs::breakUp(text);
     ASSERT_GT(text.paragraphs.size(), 2u);
     for (const Paragraph& piece : text.paragraphs) {
         EXPECT_EQ(piece.format.direction, Direction::RightToLeft);
@@ -109,18 +109,18 @@ TEST(LongTexts, AnOverlongParagraphIsBrokenAndNothingElseChanges) {
     for (const Case& it : cases) {
         const RichTextFragment whole = oneParagraph(it.unit.repeated(it.times), it.runLength);
         RichTextFragment broken = whole;
-        const bool tooLong = LongParagraphs::longestOf(whole) > 0;
-        LongParagraphs::breakUp(broken);
+        const bool tooLong = long_paragraphs::longestOf(whole) > 0;
+        long_paragraphs::breakUp(broken);
         EXPECT_EQ(broken.paragraphs.size() > 1, tooLong);
         EXPECT_EQ(tooLong, &it != cases);
         EXPECT_EQ(faultOf(broken), QString());
-        EXPECT_EQ(LongParagraphs::longestOf(broken), 0);
+        EXPECT_EQ(long_paragraphs::longestOf(broken), 0);
         QString text = textOfFragment(broken);
         const bool atLineEnds = it.unit.endsWith(u'\v');
         EXPECT_EQ(text.replace(u"\r\n"_qs, atLineEnds ? u"\v"_qs : QString()),
                   textOfFragment(whole));
         for (const Paragraph& piece : broken.paragraphs) {
-            EXPECT_TRUE(!tooLong || piece.text.size() <= LongParagraphs::UnitsOfAPiece);
+            EXPECT_TRUE(!tooLong || piece.text.size() <= long_paragraphs::UnitsOfAPiece);
             EXPECT_TRUE(&piece == &broken.paragraphs.back() || piece.text.endsWith(it.end));
         }
         const auto formats = [](const RichTextFragment& of) {
@@ -147,7 +147,7 @@ TEST(LongTexts, ThePiecesBreakTheirLinesAsTheWholeDoes) {
     box.setFragment(whole);
     const auto lines = box.lineMetrics(box.lineCount());
     RichTextFragment broken = whole;
-    LongParagraphs::breakUp(broken);
+    long_paragraphs::breakUp(broken);
     box.setFragment(broken);
     for (const RichTextBox::LineMetrics& line : box.lineMetrics(box.lineCount())) {
         if (line.index >= broken.paragraphs.front().text.size()) {
