@@ -78,7 +78,7 @@ public:
 
     Paragraph next() {
         const QStringView rest = QStringView(m_whole.text).sliced(m_at);
-        const qsizetype units = std::min<qsizetype>({UnitsOfAPiece, unitsOfRuns(), rest.size()});
+        const auto units = std::min<qsizetype>({UnitsOfAPiece, unitsOfRuns(), rest.size()});
         const qsizetype most = lengthToStack(rest.first(units), MarksOfAPiece);
         const qsizetype length =
             rest.size() <= most ? rest.size() : lengthOfPiece(rest.first(most));
