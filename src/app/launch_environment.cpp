@@ -13,8 +13,6 @@ namespace {
 
 constexpr QSize UnwatchedScreen(1920, 1080);
 
-/// An address at which the bus library looks in vain, at once.
-constexpr const char* NoBus = "unix:path=/dev/null";
 constexpr int BusPatienceMs = 300;
 
 const char* const ScalingVariables[] = {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS",
@@ -94,8 +92,11 @@ void LaunchEnvironment::setOffscreenScreens(QSize size, int count) {
 /// ever for a bus that takes connections and says nothing, and start one where there is none.
 void LaunchEnvironment::nameSessionBus() {
     const QString address = sessionBusAddress();
-    qputenv("DBUS_SESSION_BUS_ADDRESS",
-            busAnswers(address, BusPatienceMs) ? address.toUtf8() : QByteArray(NoBus));
+    if (busAnswers(address, BusPatienceMs)) {
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address.toUtf8());
+    } else {
+        hideSessionBus();
+    }
 }
 
 void LaunchEnvironment::hideDesktop() {

@@ -86,7 +86,7 @@ template<typename Load> void Form1::load(const Load& load) {
             if (script.TextChanged == 0) {
                 m_rescue.scriptIsSafe();
             }
-            applyCheck({checkTwoDisplaysAfterLoad(m_session, columnSlider()), false});
+            keepWordsWhole();
         }
         updateCaption();
     });
@@ -142,6 +142,7 @@ void Form1::StartButton_Click() {
 }
 
 void Form1::runShow() {
+    keepWordsWhole();
     // Now, so that nothing is written while the script runs.
     m_rescue.keep();
     m_handOver.RunPrompter();
@@ -211,7 +212,10 @@ void Form1::leaveControl(const QWidget& control) {
 }
 
 void Form1::enterText(const QMimeData& mime) {
-    command([&] { insertIncomingText(m_session, *this, mime); });
+    command([&] {
+        insertIncomingText(m_session, *this, mime);
+        keepWordsWhole();
+    });
 }
 
 void Form1::Combo1_Click() {

@@ -103,6 +103,8 @@ private:
     void placeOnDisplay1();
     void readSettings();
     void checkTwoDisplays();
+    /// Where the column is narrowed for display 2, it is narrowed anew for the words there are now.
+    void keepWordsWhole();
     /// Tells of the script that an earlier session left unsaved, and loads it if that is wanted.
     void offerRecovered();
     [[nodiscard]] ColumnSlider columnSlider() const;

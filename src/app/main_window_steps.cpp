@@ -73,6 +73,10 @@ void Form1::checkTwoDisplays() {
     applyCheck(checkTwoDisplaysAtStart(m_session, columnSlider()));
 }
 
+void Form1::keepWordsWhole() {
+    applyCheck({checkTwoDisplaysAgain(m_session, columnSlider()), false});
+}
+
 ColumnSlider Form1::columnSlider() const {
     const QSlider& slider = *m_controls.Hscroll1;
     return {slider.minimum(), slider.maximum(), slider.value()};

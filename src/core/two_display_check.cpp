@@ -33,8 +33,10 @@ ColumnSlider fittedTo(int displayWidth, const Session& session, ColumnSlider sli
     while (slider.minimum < slider.maximum && !fits(slider.minimum)) {
         ++slider.minimum;
     }
-    slider.minimum =
-        std::clamp(mostMarginForWords(session.script.rtb1), MinColumnMargin, slider.minimum);
+    if (slider.minimum > MinColumnMargin) {
+        slider.minimum =
+            std::clamp(mostMarginForWords(session.script.rtb1), MinColumnMargin, slider.minimum);
+    }
     slider.value = std::max(slider.value, slider.minimum);
     return slider;
 }
@@ -76,7 +78,7 @@ TwoDisplayCheck checkTwoDisplaysAfterSetup(Session& session, const ColumnSlider&
     return result;
 }
 
-ColumnSlider checkTwoDisplaysAfterLoad(Session& session, const ColumnSlider& slider) {
+ColumnSlider checkTwoDisplaysAgain(Session& session, const ColumnSlider& slider) {
     if (session.settings.MirrorMode != mirror::TwoDisplays) {
         return slider;
     }

@@ -34,8 +34,8 @@ struct TwoDisplayCheck final {
 [[nodiscard]] TwoDisplayCheck
 checkTwoDisplaysAfterSetup(Session& session, const ColumnSlider& slider, int mirrorModeBefore);
 
-/// After another script has come in, which may have other words. Unchanged without two displays.
-[[nodiscard]] ColumnSlider checkTwoDisplaysAfterLoad(Session& session, const ColumnSlider& slider);
+/// Where the script may have other words than at the last check. Unchanged without two displays.
+[[nodiscard]] ColumnSlider checkTwoDisplaysAgain(Session& session, const ColumnSlider& slider);
 
 [[nodiscard]] QString displayMissingTitle();
 /// The message of the start and of the setup window.

@@ -181,7 +181,8 @@ void DisplayWindow::placeControls() {
     if (!m_speakerDisplay.now.isEmpty()) {
         layOutSpeaker(m_speakerDisplay.now.size(), m_geometry);
     }
-    if (!m_display.now.isEmpty() && m_display.now.size() != m_display.home.size()) {
+    const QSize atStart(m_layout.screenWidth, m_layout.screenHeight);
+    if (!m_display.now.isEmpty() && m_display.now.size() != atStart) {
         moveToDisplay(m_display.now.size(), m_traits, m_geometry);
     }
     Picture1->setGeometry(m_geometry.Picture1);
@@ -215,7 +216,7 @@ void DisplayWindow::setRanges() {
     m_controls.Vscroll1->setPageStep(std::max(1, ScriptLineCount / 20));
     m_controls.Vscroll1->setValue(0);
     m_controls.Vscroll2->setRange(0, m_geometry.Picture3.height() -
-                                         controlLength(CueArrowHeight, m_display.home.width()));
+                                         controlLength(CueArrowHeight, m_layout.screenWidth));
     m_controls.Vscroll2->setValue(settings.ArrowPosition);
     Vscroll2_Change(m_controls.Vscroll2->value());
     settings.TimedDisplaySeconds =

@@ -181,7 +181,7 @@ void DisplayWindow::Vscroll2_Change(int value) {
 /// ArrowPosition is its top, in pixels of the display of the start.
 void DisplayWindow::placeArrow() {
     const int point =
-        m_session.settings.ArrowPosition + controlLength(CueArrowPoint, m_display.home.width());
+        m_session.settings.ArrowPosition + controlLength(CueArrowPoint, m_layout.screenWidth);
     m_controls.Picture3->setPoint(point);
     if (m_speaker) {
         m_speaker->Picture3->setPoint(point);

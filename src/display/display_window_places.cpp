@@ -7,6 +7,7 @@
 #include "display/place_on_display.h"
 #include "display/speaker_window.h"
 #include "platform/desktop/monitors.h"
+#include "platform/desktop/screens.h"
 
 #include <QApplication>
 #include <QGuiApplication>
@@ -27,14 +28,14 @@ bool DisplayWindow::findDisplays() {
             return false;
         }
         const QRect display = displayRect(m_session.displays);
-        m_speakerDisplay = {display, display};
+        m_speakerDisplay = {display, display, nameOfScreenAt(display)};
     }
     GetDisplayRect(m_session, 1);
     QRect display = displayRect(m_session.displays);
     if (display.isEmpty()) {
         display = QRect(QPoint(0, 0), m_session.platform.monitors.primarySize());
     }
-    m_display = {display, display};
+    m_display = {display, display, nameOfScreenAt(display)};
     return true;
 }
 
@@ -65,11 +66,15 @@ void DisplayWindow::followDisplays() {
         return;
     }
     const QRect before = m_display.now;
-    // The speaker's display is the last to go: the speaker reads.
-    m_display.choose(displays, m_speakerDisplay.seat(displays));
+    m_display.follow();
+    m_speakerDisplay.follow();
     if (m_speaker) {
-        m_speakerDisplay.choose(displays, m_display.now);
+        // First, as it is the last to be without a display: the speaker reads. One home for both
+        // is where the speaker's display has gone and the operator's has been.
+        const bool oneHome = m_speakerDisplay.home == m_display.home;
+        m_speakerDisplay.choose(displays, oneHome ? QRect() : m_display.home);
     }
+    m_display.choose(displays, m_speakerDisplay.now);
     placeControls();
     if (m_speaker) {
         m_speaker->acceptKeys(m_display.now.isEmpty());

@@ -9,8 +9,11 @@
 
 namespace velmora {
 
-QRect DisplayPlace::seat(const std::vector<QRect>& displays) const {
-    return std::ranges::find(displays, home) != displays.end() ? home : now;
+void DisplayPlace::follow() {
+    const QRect place = placeOfScreen(name);
+    if (!place.isEmpty()) {
+        home = place;
+    }
 }
 
 void DisplayPlace::choose(const std::vector<QRect>& displays, const QRect& taken) {

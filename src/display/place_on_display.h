@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRect>
+#include <QString>
 
 #include <vector>
 
@@ -13,12 +14,14 @@ namespace velmora {
 struct DisplayPlace final {
     QRect home;
     QRect now;
+    /// The name of the screen at home, if it is one.
+    QString name;
 
+    /// Home goes where its display has gone, as when another one beside it is taken away.
+    void follow();
     /// Chooses among the displays that are there: home, else where the window is, else any that is
     /// not taken by another window, else none.
     void choose(const std::vector<QRect>& displays, const QRect& taken);
-    /// The display that the window has a claim to: home where that is there, else where it is.
-    [[nodiscard]] QRect seat(const std::vector<QRect>& displays) const;
 };
 
 /// Shows a window so that it fills a display, in real pixels: on a screen of exactly this

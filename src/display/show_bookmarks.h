@@ -16,7 +16,7 @@ public:
 
     ShowBookmarks() = default;
     /// lines: ascending; those beyond MostLines are left out. selective: the lines of the keys 2 to
-    /// 9 in slots 1 to 8, 0 for none.
+    /// 9 in slots 1 to 8.
     ShowBookmarks(std::vector<int> lines, std::vector<std::optional<int>> selective);
 
     /// The bookmark that a jump from the line at the window's top goes to, if there is one. The

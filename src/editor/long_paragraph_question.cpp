@@ -1,5 +1,6 @@
 #include "editor/long_paragraph_question.h"
 
+#include "core/number_format.h"
 #include "core/session.h"
 #include "platform/desktop/message_boxes.h"
 #include "platform/rich_text/long_paragraphs.h"
@@ -14,14 +15,12 @@ LongParagraphAnswer breakLongParagraphs(Session& session, const QString& name,
     }
     const MessageAnswer answer = session.platform.messages.show(
         MessageIcon::Question, QStringLiteral("Very Long Paragraph"),
-        QStringLiteral("%1 has a paragraph of %L2 characters. Each key in it would make the editor "
-                       "wait.\r\n\r\nOK breaks such paragraphs into several of at most %L3 "
+        QStringLiteral("%1 has a paragraph of %2 characters. Each key in it would make the editor "
+                       "wait.\r\n\r\nOK breaks such paragraphs into several of at most %3 "
                        "characters, at a line end or a blank wherever there is one. No word and no "
                        "character is lost, and the file stays as it is until you save.\r\n\r\n"
                        "Cancel loads nothing.")
-            .arg(name)
-            .arg(longest)
-            .arg(long_paragraphs::UnitsOfAPiece),
+            .arg(name, formatThousands(longest), formatThousands(long_paragraphs::UnitsOfAPiece)),
         MessageButtons::OkCancel);
     if (answer != MessageAnswer::Ok) {
         return LongParagraphAnswer::Cancelled;

@@ -10,7 +10,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <utility>
 
 namespace velmora {
 
@@ -18,6 +17,8 @@ namespace {
 
 /// Between two looks whether the copy is due.
 constexpr int LookMs = 100;
+/// While a copy fails, the notice comes again when the last one has gone.
+constexpr int NoticeSeconds = 60;
 
 /// A path in the folder that no file has.
 QString freePath(const QDir& folder) {
@@ -97,10 +98,11 @@ void RescueCopy::write() {
         std::max(static_cast<std::int64_t>(WaitSeconds * static_cast<double>(clock.frequency())),
                  CostShare * cost);
     if (written) {
-        m_failing = false;
+        m_tellAt = 0;
         return;
     }
-    if (!std::exchange(m_failing, true)) {
+    if (clock.counter() >= m_tellAt) {
+        m_tellAt = clock.counter() + NoticeSeconds * clock.frequency();
         m_host.showNotice(
             QStringLiteral("No copy of the unsaved script can be kept in %1. %2 Please save it.")
                 .arg(path(), written.reason()));

@@ -57,8 +57,8 @@ private:
     std::int64_t m_waitTicks = 0;
     bool m_unsaved = false;
     bool m_inUse = false;
-    /// The last one could not be written, and that was told.
-    bool m_failing = false;
+    /// From when on a copy that cannot be written is told of.
+    std::int64_t m_tellAt = 0;
 };
 
 } // namespace velmora

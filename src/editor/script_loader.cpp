@@ -46,6 +46,7 @@ QString listOf(const RtfOmissions& omitted) {
         Kind{&RtfOmissions::headersAndFooters, u"header or footer", u"headers and footers"},
         Kind{&RtfOmissions::footnotes, u"footnote", u"footnotes"},
         Kind{&RtfOmissions::comments, u"comment", u"comments"},
+        Kind{&RtfOmissions::formats, u"change of format", u"changes of format"},
     };
     QStringList parts;
     for (const Kind& kind : kinds) {
@@ -181,13 +182,13 @@ void ScriptLoader::rememberFile(const QString& path) {
     m_path = QDir::cleanPath(QDir::fromNativeSeparators(path));
     m_textForm = {};
     m_type = scriptTypeOf(path);
-    m_session.settings.LastScriptFolder = folderOfScript(m_path);
 }
 
 /// The script takes the name of the file that is it, or that was appended last; a file that came in
 /// at the caret leaves it its own.
 void ScriptLoader::adoptFile(Place place, bool intoEmptyEditor) {
     ScriptState& script = m_session.script;
+    m_session.settings.LastScriptFolder = folderOfScript(m_path);
     if (intoEmptyEditor || place == Place::End) {
         script.ScriptFileName = m_path;
         script.ScriptFileType = static_cast<int>(m_type);

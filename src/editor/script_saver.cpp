@@ -78,7 +78,7 @@ void ScriptSaver::SaveText() {
 void ScriptSaver::save() {
     ScriptState& script = m_session.script;
     if (script.rtb1.isEmpty()) {
-        script.TextChanged = 0;
+        tellThatNothingIsSaved();
         return;
     }
     if (script.ScriptFileName.isEmpty()) {
@@ -90,36 +90,47 @@ void ScriptSaver::save() {
     }
 }
 
-void ScriptSaver::writeScript(const FileDialogChoice& choice) {
+/// A change of a script that a file still holds stays one.
+void ScriptSaver::tellThatNothingIsSaved() {
     ScriptState& script = m_session.script;
-    script.ScriptFileName = QDir::fromNativeSeparators(choice.path);
-    m_host.showProgress(QStringLiteral("Saving Document"));
-    // As for a load, the window has to be on the screen before the work begins.
-    m_session.platform.pump.DoEvents();
-    m_session.settings.LastScriptFolder = folderOfScript(script.ScriptFileName);
-    script.ScriptFileBase = scriptFileBase(script.ScriptFileName);
-    script.ScriptFileName = pathFor(choice);
-    script.ScriptFileType = choice.filterIndex == RichTextFilter ? 0 : 1;
-    const Outcome outcome = writeScriptTo(m_session, script.ScriptFileName);
-    m_host.showProgress(QString());
-    if (outcome) {
+    if (script.ownFile.isEmpty()) {
         script.TextChanged = 0;
-        script.SaveFailed = 0;
-        script.ownFile = script.ScriptFileName;
-        script.ownFileStamp = FileStamp::of(script.ownFile);
-    }
-    m_session.platform.pump.DoEvents();
-    if (!outcome) {
-        reportFailure(outcome.reason());
+    } else {
+        m_host.showNotice(QStringLiteral("An empty script is not saved: %1 still holds its text.")
+                              .arg(script.ownFile));
     }
 }
 
-void ScriptSaver::reportFailure(const QString& reason) {
+void ScriptSaver::writeScript(const FileDialogChoice& choice) {
+    ScriptState& script = m_session.script;
+    const QString path = pathFor(choice);
+    m_host.showProgress(QStringLiteral("Saving Document"));
+    // As for a load, the window has to be on the screen before the work begins.
+    m_session.platform.pump.DoEvents();
+    const Outcome outcome = writeScriptTo(m_session, path);
+    m_host.showProgress(QString());
+    if (outcome) {
+        script.ScriptFileName = path;
+        script.ScriptFileBase = scriptFileBase(path);
+        script.ScriptFileType = choice.filterIndex == RichTextFilter ? 0 : 1;
+        script.TextChanged = 0;
+        script.SaveFailed = 0;
+        script.ownFile = path;
+        script.ownFileStamp = FileStamp::of(path);
+        m_session.settings.LastScriptFolder = folderOfScript(path);
+    }
+    m_session.platform.pump.DoEvents();
+    if (!outcome) {
+        reportFailure(path, outcome.reason());
+    }
+}
+
+void ScriptSaver::reportFailure(const QString& path, const QString& reason) {
     m_session.platform.messages.show(
         MessageIcon::Critical, QStringLiteral("Could Not Save File"),
         QStringLiteral("I could not save %1.\r\n\r\n%2\r\n\r\nThe text is still in the editor. "
                        "Please save it under another name or in another folder.")
-            .arg(m_session.script.ScriptFileName, reason),
+            .arg(path, reason),
         MessageButtons::Ok);
 }
 

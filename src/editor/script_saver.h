@@ -25,7 +25,8 @@ public:
 private:
     void save();
     void writeScript(const FileDialogChoice& choice);
-    void reportFailure(const QString& reason);
+    void tellThatNothingIsSaved();
+    void reportFailure(const QString& path, const QString& reason);
 
     Session& m_session;
     EditorHost& m_host;

@@ -98,6 +98,12 @@ class TwoMonitorsTest(unittest.TestCase):
         desk.seen("the text rising on the speaker's display", lambda now: now.rise_since(
             before, (RIGHT[0] + 190, 90, RIGHT[0] + 460, 500), 400))
         desk.key("space")
+        # The desktop begins at what is left, as where a laptop was closed and opened again.
+        for name, place in (("other", (0, 0, *RIGHT[2:])), ("monitor1", SMALL_LEFT)):
+            desk.set_monitor(name, place, "screen")
+            self.assert_windows(desk, None, place)
+        desk.call("xrandr", "--delmonitor", "monitor1")
+        desk.set_monitor("monitor1", RIGHT, "screen")
         desk.set_monitor("monitor2", SMALL_LEFT, "none")
         self.assert_windows(desk, SMALL_LEFT, RIGHT)
         desk.leave_show(lambda: desk.key("Escape"))

@@ -16,6 +16,11 @@ namespace velmora {
 
 namespace {
 
+/// Where the address stands while the toolkit may not see it.
+constexpr const char* HiddenAddress = "VELMORA_SESSION_BUS_ADDRESS";
+/// An address at which the bus library looks in vain, at once.
+constexpr const char* NoBus = "unix:path=/dev/null";
+
 /// A socket that is closed with its owner.
 class Socket final {
 public:
@@ -60,6 +65,9 @@ bool connectTo(const Socket& socket, const QByteArray& name, bool isAbstract) {
 } // namespace
 
 QString sessionBusAddress() {
+    if (qEnvironmentVariableIsSet(HiddenAddress)) {
+        return qEnvironmentVariable(HiddenAddress);
+    }
     return qEnvironmentVariable(
         "DBUS_SESSION_BUS_ADDRESS",
         QStringLiteral("unix:path=%1/bus").arg(qEnvironmentVariable("XDG_RUNTIME_DIR")));
@@ -82,6 +90,12 @@ bool busAnswers(const QString& address, int timeoutMs) {
     pollfd answer{socket.descriptor(), POLLIN, 0};
     char first = 0;
     return ::poll(&answer, 1, timeoutMs) > 0 && ::read(socket.descriptor(), &first, 1) == 1;
+}
+
+void hideSessionBus() {
+    const QByteArray address = sessionBusAddress().toUtf8();
+    qputenv(HiddenAddress, address);
+    qputenv("DBUS_SESSION_BUS_ADDRESS", NoBus);
 }
 
 } // namespace velmora

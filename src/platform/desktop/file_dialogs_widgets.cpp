@@ -103,7 +103,7 @@ public:
                 [this](const QString& name) { m_before = std::exchange(m_shown, name); });
         connect(types, &QComboBox::activated, this,
                 [this, edit, written = request.writtenPath](int index) {
-                    const QString name = m_shown.endsWith(u']') ? m_before : m_shown;
+                    const QString name = hasPatternFor(m_shown, index) ? m_before : m_shown;
                     if (!name.isEmpty()) {
                         edit->setText(written({name, index + 1}));
                     }
@@ -111,6 +111,14 @@ public:
     }
 
 private:
+    /// Whether the name ends with the first pattern of a filter, by which the toolkit has replaced
+    /// something.
+    [[nodiscard]] bool hasPatternFor(const QString& name, int filter) const {
+        const QString patterns = nameFilters().value(filter).section(u'(', -1).chopped(1);
+        const QString ending = patterns.section(u' ', 0, 0).mid(1);
+        return !ending.isEmpty() && name.endsWith(ending);
+    }
+
     QString m_shown;
     QString m_before;
 };

@@ -50,6 +50,20 @@ QScreen* screenAt(const QRect& geometry) {
     return found == screens.cend() ? nullptr : *found;
 }
 
+QString nameOfScreenAt(const QRect& geometry) {
+    const QScreen* screen = screenAt(geometry);
+    return screen == nullptr ? QString() : screen->name();
+}
+
+QRect placeOfScreen(const QString& name) {
+    const auto screens = QGuiApplication::screens();
+    const auto found =
+        std::find_if(screens.cbegin(), screens.cend(), [&name](const QScreen* screen) {
+            return !name.isEmpty() && screen->name() == name;
+        });
+    return found == screens.cend() ? QRect() : realPixels(**found);
+}
+
 std::vector<QRect> Screens::displays() const {
     std::vector<QRect> rectangles;
     const auto screens = QGuiApplication::screens();

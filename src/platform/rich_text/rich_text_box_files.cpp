@@ -12,6 +12,8 @@ namespace velmora {
 namespace {
 
 constexpr qint64 MegaByte = 1024LL * 1024;
+/// Of reading a plain text.
+constexpr double ShareOfDecoding = 0.5;
 
 /// What is larger is no script; the bounds keep a wrong pick from filling the memory.
 qint64 limitOf(FileFormat format) {
@@ -43,6 +45,9 @@ RtfReadResult RichTextBox::readFile(const QString& path, FileFormat format, cons
     memory.addParagraphs(paragraphCount(text));
     if (memory.isExceeded()) {
         return {{}, memory.failure()};
+    }
+    if (goesOn && !goesOn(ShareOfDecoding)) {
+        return {{}, Outcome::failure(QStringLiteral("It was stopped."))};
     }
     return {fragmentOfText(text, defaultFormat())};
 }

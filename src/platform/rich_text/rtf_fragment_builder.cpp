@@ -1,5 +1,6 @@
 #include "platform/rich_text/rtf_fragment_builder.h"
 
+#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rtf_code_pages.h"
 
 #include <algorithm>
@@ -43,6 +44,7 @@ void RtfFragmentBuilder::setFormat(const CharacterFormat& format) {
         return;
     }
     if (m_fragment.formats.size() >= MaxFormats) {
+        ++m_formatsLeftOut;
         return;
     }
     m_format = static_cast<int>(m_fragment.formats.size());
@@ -160,6 +162,10 @@ void RtfFragmentBuilder::closeParagraph(const ParagraphFormat& format) {
     paragraph.runs.assign(m_runs.begin(), m_runs.end());
     paragraph.endFormat = m_format;
     paragraph.format = format;
+    if (isRightToLeft(format.direction, paragraph.text) == paragraph.text.isRightToLeft()) {
+        // Nothing but what the text tells: it may turn when the text does.
+        paragraph.format.direction = Direction::FromText;
+    }
     m_text.resize(0);
     m_runs.clear();
     m_labelSeen = false;

@@ -48,6 +48,9 @@ public:
     /// What there is to say where it is full.
     [[nodiscard]] Outcome failure() const;
 
+    /// Changes to formats beyond MaxFormats.
+    [[nodiscard]] int formatsLeftOut() const { return m_formatsLeftOut; }
+
     /// Ends the last paragraph and hands everything over.
     [[nodiscard]] RichTextFragment take(const ParagraphFormat& format);
 
@@ -62,6 +65,7 @@ private:
     RichTextFragment m_fragment;
     QHash<CharacterFormat, int> m_formatIndex;
     int m_format = -1;
+    int m_formatsLeftOut = 0;
     /// Of that format.
     int m_halfPoints = 0;
 

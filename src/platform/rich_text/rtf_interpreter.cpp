@@ -28,6 +28,7 @@ RtfReadResult RtfInterpreter::read(const Progress& goesOn) {
     }
     dropHalfCharacter();
     refreshFormat();
+    m_omissions.formats = m_builder.formatsLeftOut();
     return {m_builder.take(m_group.formats.paragraph), Outcome::success(), m_omissions};
 }
 

@@ -20,6 +20,8 @@ struct RtfOmissions final {
     int pictures = 0;
     /// Embedded objects that bring no text or picture to show in their place.
     int objects = 0;
+    /// Changes to one more format where a text can have no more.
+    int formats = 0;
 
     bool operator==(const RtfOmissions&) const = default;
 };

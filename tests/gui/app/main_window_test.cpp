@@ -121,6 +121,16 @@ TEST_F(Form1Test, TheSetupReturnsWithItsSettingsInForce) {
     form->openScript(test.write(u"wide.rtf"_qs, "{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}"
                                                 "\\f0\\fs80 EVENING}"));
     EXPECT_LT(slider.minimum(), 231) << "the heading would break";
+    rtb1().selectAll();
+    QGuiApplication::clipboard()->setText(u"A"_qs);
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(slider.minimum(), 231);
+    rtb1().setText(u"EVENING"_qs);
+    rtb1().selectAll();
+    rtb1().setSelFontSize(40);
+    test.pump.in(1, [this] { test.session.show.ExitRequested = 1; });
+    press(Qt::Key_F1);
+    EXPECT_LT(slider.minimum(), 231) << "a show breaks no word either";
     rtb1().setText(QString());
     test.session.script.TextChanged = 0;
     setUp({u"Configure Displays"});

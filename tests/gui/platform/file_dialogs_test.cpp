@@ -136,6 +136,7 @@ TEST_F(FileDialogTest, AnotherFilterShowsTheNameThatWillBeWritten) {
     };
     for (const auto& [typed, shown] : {std::pair(u"name.rtf"_qs, u"name.txt"_qs),
                                        {u"name"_qs, u"name.txt"_qs},
+                                       {u"Talk [draft]"_qs, u"Talk [draft].txt"_qs},
                                        {u"with Dr. Smith"_qs, u"with Dr. Smith.txt"_qs}}) {
         QString seen;
         const ModalAction user([&, typed = typed](QWidget& window) {

@@ -1,5 +1,7 @@
 #include "app/launch_environment.h"
 
+#include "platform/desktop/bus_probe.h"
+
 #include "support/scoped_variables.h"
 
 #include <gtest/gtest.h>
@@ -84,9 +86,12 @@ TEST(LaunchEnvironment, ASessionBusThatIsDumbOrMissingIsNotAskedByTheToolkit) {
           std::optional<QByteArray>()}) {
         const ScopedVariables scope({{"QT_QPA_PLATFORM", QByteArray("offscreen")},
                                      {"XDG_RUNTIME_DIR", folder.path().toUtf8()},
+                                     {"VELMORA_SESSION_BUS_ADDRESS", std::nullopt},
                                      {"DBUS_SESSION_BUS_ADDRESS", address}});
         const LaunchEnvironment environment(Windows::OnDesktop);
         EXPECT_EQ(qgetenv("DBUS_SESSION_BUS_ADDRESS"), "unix:path=/dev/null");
+        EXPECT_EQ(sessionBusAddress(), QString::fromUtf8(address.value_or(taken)))
+            << "it may answer later";
     }
     ::close(dumb);
 }

@@ -171,10 +171,10 @@ TEST(TwoDisplayCheck, NarrowsTheColumnNoFurtherThanAWordIsWide) {
     }
     // The next script may be narrowed as far as told, the one after it not.
     rtb1.setText(u"A"_qs);
-    slider = checkTwoDisplaysAfterLoad(test.session, slider);
+    slider = checkTwoDisplaysAgain(test.session, slider);
     EXPECT_EQ(slider, (ColumnSlider{320, 320, 320}));
     rtb1.setText(u"EVENING"_qs);
-    slider = checkTwoDisplaysAfterLoad(test.session, slider);
+    slider = checkTwoDisplaysAgain(test.session, slider);
     EXPECT_LT(slider.value, 320);
     EXPECT_EQ(slider.value, slider.minimum);
 }

@@ -80,7 +80,7 @@ TEST_F(RescueCopyTest, IsNotWrittenDuringAShowOrALoadButRightAfterIt) {
     EXPECT_FALSE(copy().isNull());
 }
 
-TEST_F(RescueCopyTest, OneThatCannotBeWrittenIsToldOnceAndTriedAgain) {
+TEST_F(RescueCopyTest, OneThatCannotBeWrittenIsToldOncePerMinuteAndTriedAgain) {
     QDir().mkpath(t.path(u"unsaved.rtf"_qs));
     change(u"One"_qs);
     for (int wait = 0; wait < 3; ++wait) {
@@ -89,6 +89,9 @@ TEST_F(RescueCopyTest, OneThatCannotBeWrittenIsToldOnceAndTriedAgain) {
     }
     ASSERT_EQ(t.host.notices.size(), 1);
     EXPECT_TRUE(t.host.notices[0].contains(u"It is a folder."_qs));
+    t.clock.advanceSeconds(60);
+    rescue.keepIfDue();
+    EXPECT_EQ(t.host.notices.size(), 2) << "the first one has gone";
     QDir().rmdir(t.path(u"unsaved.rtf"_qs));
     t.clock.advanceSeconds(RescueCopy::WaitSeconds);
     rescue.keepIfDue();

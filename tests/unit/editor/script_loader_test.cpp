@@ -207,6 +207,7 @@ TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
         {u"new.DOCX"_qs, QByteArray("PK"), u"Word is correctly installed."_qs},
     };
     QDir().mkpath(test.path(u"folder.rtf"_qs));
+    session.settings.LastScriptFolder = u"/elsewhere/"_qs;
     for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
         for (const Case& c : cases) {
             test.messages.boxes.clear();
@@ -230,6 +231,7 @@ TEST_F(ScriptLoaderTest, FailureNamesFileCauseAndNextStepAndChangesNothing) {
         }
     }
     EXPECT_TRUE(test.read(RecentFileTable::fileName()).isNull());
+    EXPECT_EQ(session.settings.LastScriptFolder, u"/elsewhere/");
     EXPECT_TRUE(test.host.progress.contains(u"Converting Word File."_qs));
 }
 

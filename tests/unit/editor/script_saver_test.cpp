@@ -127,11 +127,17 @@ TEST_F(ScriptSaverTest, OnlyTheScriptsOwnFileIsReplacedWithoutAQuestion) {
     EXPECT_FALSE(known(first));
 }
 
-TEST_F(ScriptSaverTest, EmptyScriptIsNeverSaved) {
+TEST_F(ScriptSaverTest, EmptyScriptIsNeverSavedAndOneWithAFileIsToldSo) {
     session.script.rtb1.setText(QString());
+    session.script.ownFile = u"old.rtf"_qs;
+    saver.SaveText();
+    EXPECT_EQ(session.script.TextChanged, 1) << "the file still holds the text";
+    EXPECT_TRUE(test.host.notices.value(0).contains(u"old.rtf"_qs));
+    session.script.ownFile.clear();
     session.script.ExitSaveInProgress = 1;
     saver.SaveText();
     EXPECT_EQ(session.script.TextChanged, 0);
+    EXPECT_EQ(test.host.notices.size(), 1);
     EXPECT_TRUE(test.dialogs.saveRequests.empty());
     expectAllPutAway();
 }
@@ -141,7 +147,15 @@ TEST_F(ScriptSaverTest, FailureKeepsTheOldFileAndSaysWhy) {
     QDir().mkpath(path);
     session.script.ExitSaveInProgress = 1;
     session.script.SaveFailed = 1;
+    session.script.ScriptFileName = u"before.txt"_qs;
+    session.script.ScriptFileBase = u"before"_qs;
+    session.script.ScriptFileType = 1;
+    session.settings.LastScriptFolder = u"/elsewhere/"_qs;
     saveAs(path, RichTextFilter);
+    EXPECT_EQ(session.script.ScriptFileName, u"before.txt");
+    EXPECT_EQ(session.script.ScriptFileBase, u"before");
+    EXPECT_EQ(session.script.ScriptFileType, 1);
+    EXPECT_EQ(session.settings.LastScriptFolder, u"/elsewhere/");
     ASSERT_EQ(test.messages.boxes.size(), 1U);
     EXPECT_EQ(test.messages.boxes[0].title, u"Could Not Save File");
     EXPECT_TRUE(test.messages.boxes[0].text.contains(path));

@@ -81,7 +81,7 @@ const std::map<std::string, RtfReading>& samplesWithOwnReading() {
         {"lin", {"\\lin720 a", u"[li720]a"_qs}},
         {"fi", {"\\fi-360 a", u"[fi-360]a"_qs}},
         {"rtlpar", {"\\rtlpar a", u"[rtl]a"_qs}},
-        {"ltrpar", {"\\rtlpar\\ltrpar a", u"[ltr]a"_qs}},
+        {"ltrpar", {"\\rtlpar\\ltrpar a", u"a"_qs}},
 
         {"ansi", {"{\\rtf1\\mac\\ansi\\'e9}", u"\u00e9"_qs}},
         {"mac", {"{\\rtf1\\mac\\'8e}", u"\u00e9"_qs}},

@@ -1,5 +1,6 @@
 #include "rtf_corpus.h"
 
+#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rtf_reader.h"
 
 #include <QJsonArray>
@@ -83,7 +84,7 @@ QList<LookedAt> looksOf(const RichTextFragment& fragment) {
         const ParagraphFormat& own = paragraph.format;
         LookedAt& looked = result.emplace_back();
         looked.paragraphFormat = paragraphLook(Alignments[static_cast<int>(own.alignment)],
-                                               own.direction == Direction::RightToLeft,
+                                               isRightToLeft(own.direction, paragraph.text),
                                                own.leftOffsetTwips, own.firstLineOffsetTwips);
         qsizetype at = 0;
         for (const TextRun& run : paragraph.runs) {

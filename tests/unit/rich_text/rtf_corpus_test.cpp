@@ -1,5 +1,6 @@
 #include "rtf_corpus.h"
 
+#include "platform/rich_text/fragment_text.h"
 #include "platform/rich_text/rtf_reader.h"
 #include "support/flat_text.h"
 #include "support/fragment_description.h"
@@ -102,7 +103,9 @@ void expectAssertions(const QString& file, const QJsonObject& expected,
         const ParagraphFormat& format = fragment.paragraphs.at(static_cast<std::size_t>(at)).format;
         EXPECT_EQ(format.firstLineOffsetTwips, paragraph.value(u"fi_twips"_qs).toInt());
         EXPECT_EQ(format.leftOffsetTwips, paragraph.value(u"li_twips"_qs).toInt());
-        EXPECT_EQ(format.direction == Direction::RightToLeft, paragraph.value(u"rtl"_qs).toBool());
+        EXPECT_EQ(isRightToLeft(format.direction,
+                                fragment.paragraphs.at(static_cast<std::size_t>(at)).text),
+                  paragraph.value(u"rtl"_qs).toBool());
         EXPECT_EQ(format.alignment == Alignment::Right,
                   paragraph.value(u"align"_qs).toString() == u"right"_qs);
     }

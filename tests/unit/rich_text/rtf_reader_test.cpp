@@ -274,6 +274,8 @@ TEST(RtfReader, HostileSizesAreBounded) {
         const RtfReadResult result = readRtf(file.rtf);
         EXPECT_LT(timer.elapsed(), 5'000) << file.rtf.first(40).constData();
         EXPECT_LE(result.fragment.formats.size(), RtfFragmentBuilder::MaxFormats);
+        EXPECT_EQ(result.omitted.formats > 0,
+                  result.fragment.formats.size() == RtfFragmentBuilder::MaxFormats);
         ASSERT_TRUE(result.outcome) << file.rtf.first(40).constData();
         EXPECT_EQ(faultOf(result.fragment).toStdString(), "");
         ASSERT_FALSE(result.fragment.paragraphs.empty());
