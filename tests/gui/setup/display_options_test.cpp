@@ -38,24 +38,11 @@ TEST_F(Form8Test, EachButtonLeadsItsSettingRound) {
     }
 }
 
-TEST_F(Form8Test, TheOtherButtonsCaptionsAndThePlainStyleOfFewColours) {
-    const std::pair<const char16_t*, const char16_t*> captions[] = {
-        {u"SetDisplayDefaults", u"Default Editor Settings"},
-        {u"SetLineSpacing1", u"Spacing -"},
-        {u"SetLineSpacing2", u"Spacing +"},
-        {u"ConfigureController", u"Setup Speed Controller"},
-        {u"CCSetup", u"Configure Closed Caption"},
-        {u"DelayLess", u"Max Speed -"},
-        {u"DelayMore", u"Max Speed +"},
-        {u"ExitButton", u"Exit"}};
+TEST_F(Form8Test, ButtonsArePlainWhereThereAreFewColours) {
     for (const int depth : {32, 8}) {
         test.session.screen.ColorDepth = depth;
         open();
-        for (const auto& [name, caption] : captions) {
-            const auto& button = control<QPushButton>(*form, QString::fromUtf16(name));
-            EXPECT_EQ(button.text(), QString::fromUtf16(caption));
-            EXPECT_EQ(button.isFlat(), depth == 8);
-        }
+        EXPECT_EQ(control<QPushButton>(*form, u"CCSetup"_qs).isFlat(), depth == 8);
     }
 }
 
