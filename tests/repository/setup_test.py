@@ -58,22 +58,12 @@ class SetupTest(unittest.TestCase):
                 if not in_log:
                     self.assertEqual(log, "")
 
-    def test_a_failed_installation_stops_with_its_command(self):
-        self.machine(0, [], "exit 1\n")
-        self.tool("apt-get", '[ "$1" = update ]\n')
-        result, message, _ = self.run_setup("install_packages one; echo went on >&2")
-        self.assertEqual(result, 1)
-        self.assertIn("apt-get install -y --no-install-recommends one", message)
-        self.assertNotIn("went on", message)
-
     def test_systems_are_told_apart(self):
         system = self.folder / "os-release"
         for text, status, words in [
             ('ID=debian\nVERSION_ID="12"\n', 0, ""),
-            ('ID=debian\nVERSION_ID="13"\n', 0, ""),
             ("ID=debian\n", 0, ""),
             ('ID=debian\nVERSION_ID="11"\nPRETTY_NAME="Old One"\n', 1, "Old One is too old"),
-            ('ID=ubuntu\nVERSION_ID="24.04"\n', 0, ""),
             ('ID=ubuntu\nVERSION_ID="22.04"\n', 1, "too old"),
             ('ID=other\nID_LIKE="ubuntu debian"\n', 0, "not among the systems"),
             ('ID=other\nPRETTY_NAME="Other 3"\n', 1, "this is Other 3"),

@@ -96,38 +96,6 @@ TEST(Form11, OnlyOkTakesTheTickAndEveryWayOutClosesTheHelp) {
     }
 }
 
-TEST(DialogAnimation, ShowsTheFrameOfTheTimePassedAndRestsWhileHidden) {
-    struct Row final {
-        double seconds;
-        int frame;
-    };
-    const Row rows[] = {{0.039, 0}, {0.041, 1}, {1.119, 27}, {1.121, 0}, {100.001, 8}};
-    FakeClock clock;
-    std::vector<int> painted;
-    const auto note = [&](QPainter&, double phase, const QPalette&) {
-        painted.push_back(static_cast<int>(std::lround(phase * 28)));
-    };
-    DialogAnimation animation(u"Picture1"_qs, {{43, 44}, 28, note}, clock, nullptr);
-    // The widget has to ask for it by itself.
-    const auto nextPainted = [&] {
-        painted.clear();
-        return QTest::qWaitFor([&] { return !painted.empty(); }) ? painted.front() : -1;
-    };
-    for (const int timesShown : {1, 2}) {
-        clock.advanceSeconds(50.5);
-        EXPECT_FALSE(animation.findChild<QTimer*>()->isActive());
-        animation.show();
-        EXPECT_EQ(nextPainted(), 0);
-        double seconds = 0;
-        for (const Row& row : rows) {
-            clock.advanceSeconds(row.seconds - seconds);
-            seconds = row.seconds;
-            EXPECT_EQ(nextPainted(), row.frame) << seconds << " s, shown " << timesShown;
-        }
-        animation.hide();
-    }
-}
-
 TEST(DialogAnimation, MovesInEachWindowThatHasOne) {
     TestSession test;
     Form11 help(test.session, nullptr);

@@ -61,23 +61,6 @@ TEST_F(HandOver, WindowThatIsClosedByItsFrameLeavesTheShowAndStaysUntilItEnds) {
     EXPECT_GT(caretLine(), 2);
 }
 
-TEST_F(HandOver, ExitButtonLeavesTheShow) {
-    t.pump.at(1, [&] { control<QPushButton>("Command3")->click(); });
-    handOver.RunPrompter();
-    EXPECT_EQ(shows, 1);
-    EXPECT_LT(t.clock.secondsSinceStart(), 1.5);
-}
-
-TEST_F(HandOver, UnknownArrangementShowsNothingAndGivesTheEditorBack) {
-    settings.MirrorMode = 2;
-    rtb1.setSelStart(rtb1.lineIndex(7));
-    handOver.RunPrompter();
-    EXPECT_EQ(shows, 0);
-    EXPECT_EQ(caretLine(), 7);
-    EXPECT_EQ(t.host.notices.size(), 1);
-    EXPECT_EQ(show.ShowRunning, 0);
-}
-
 TEST_F(HandOver, MissingSecondDisplayIsToldAndEndsTheShow) {
     settings.MirrorMode = 4;
     handOver.RunPrompter();
@@ -203,29 +186,6 @@ TEST_F(HandOver, ArrowKeepsTheHeightThatItsButtonsGaveIt) {
         EXPECT_FALSE(repeats()) << "a hidden button lets go";
         EXPECT_EQ(settings.ArrowPosition, lowest - 1);
     });
-}
-
-TEST_F(HandOver, CaretReturnsToTheTopLineGoingBackwardToo) {
-    show.StartFromCursor = 1;
-    show.StartPosition = 20;
-    settings.ScrollSpeed = 195;
-    t.pump.at(0.1, [&] { press(Qt::Key_Space); });
-    t.pump.at(2, [&] { press(Qt::Key_Escape); });
-    handOver.RunPrompter();
-    EXPECT_LT(caretLine(), 20);
-    EXPECT_GT(caretLine(), 5);
-}
-
-TEST_F(HandOver, UnattendedLoopingShowIgnoresTheSpeedKeys) {
-    settings.AutomaticLooping = 1;
-    showFor(5, [&] {
-        press(Qt::Key_Space);
-        EXPECT_EQ(show.PauseState, 0);
-        press(Qt::Key_Left);
-        EXPECT_EQ(settings.ScrollSpeed, 60);
-        press(Qt::Key_0);
-    });
-    EXPECT_GT(caretLine(), 30);
 }
 
 TEST_F(HandOver, FullRangeTurnsByKeyOnTheWayAndAtEitherEnd) {

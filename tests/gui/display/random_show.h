@@ -187,27 +187,17 @@ private:
         const ShowState& show = t.session.show;
         const Settings& settings = t.session.settings;
         m_atLimit = m_atLimit && show.PauseState != pause::Scrolling;
-        if (show.BlankState == 1) {
-            return Moment::Blank;
-        }
-        if (m_atLimit) {
-            return Moment::AtLimit;
-        }
-        if (show.PauseState == pause::BeforeStart) {
-            return Moment::Ready;
-        }
-        if (show.PauseState == pause::Paused) {
-            return Moment::Paused;
-        }
-        if (!m_play.timed &&
-            (isFullRange(settings.ScrollSpeedControl) ? inStopZone(settings.ScrollSpeed)
-                                                      : inDeadBand(settings.ScrollSpeed))) {
-            return Moment::Still;
-        }
-        if (settings.FullScreenMode == 1) {
-            return Moment::FullScreen;
-        }
-        return settings.AutomaticLooping == 1 ? Moment::Looping : Moment::Running;
+        const bool isStill = isFullRange(settings.ScrollSpeedControl)
+                                 ? inStopZone(settings.ScrollSpeed)
+                                 : inDeadBand(settings.ScrollSpeed);
+        return show.BlankState == 1                    ? Moment::Blank
+               : m_atLimit                             ? Moment::AtLimit
+               : show.PauseState == pause::BeforeStart ? Moment::Ready
+               : show.PauseState == pause::Paused      ? Moment::Paused
+               : isStill && !m_play.timed              ? Moment::Still
+               : settings.FullScreenMode == 1          ? Moment::FullScreen
+               : settings.AutomaticLooping == 1        ? Moment::Looping
+                                                       : Moment::Running;
     }
 
     void act() {

@@ -70,8 +70,15 @@ TEST_F(ShowDevices, ReachTheShow) {
     });
     EXPECT_EQ(t.pointer.confinedTo, nullptr);
 
-    settings.ControllerType = 11;
     settings.FullScreenMode = 0;
+    settings.ControllerType = 20;
+    showFor(0.2, [&] {
+        QTest::mouseClick(display->focusWidget(), Qt::RightButton, Qt::NoModifier, QPoint(9, 9));
+        EXPECT_EQ(show.PauseState, 0);
+        EXPECT_EQ(settings.FullScreenMode, 0);
+    });
+
+    settings.ControllerType = 11;
     settings.ScrollSpeed = 60;
     showFor(0.2, [&] {
         QWidget* picture = display->focusWidget();

@@ -1,5 +1,4 @@
 #include "platform/desktop/file_dialogs_widgets.h"
-#include "support/fake_file_dialogs.h"
 #include "support/fake_message_boxes.h"
 #include "support/modal_action.h"
 
@@ -47,7 +46,7 @@ protected:
     WidgetFileDialogs dialogs{boxes};
 };
 
-/// What a user does in a dialog and what comes of it. The fake is given the same as its choice.
+/// What a user does in a dialog and what comes of it.
 struct DialogCase final {
     const char* what;
     bool saves;
@@ -69,32 +68,23 @@ constexpr DialogCase DialogCases[] = {
     {"save in its own file", true, u"show.rtf", u"show.rtf", u"show.rtf"},
 };
 
-TEST_F(FileDialogTest, TheRealAndTheFakeGiveAnAbsoluteChoiceWithItsFilterOrNothing) {
-    FakeFileDialogs fake;
+TEST_F(FileDialogTest, GivesAnAbsoluteChoiceWithItsFilterOrNothing) {
     for (const DialogCase& row : DialogCases) {
+        SCOPED_TRACE(row.what);
         request.ownFile =
             row.ownFile != nullptr ? path(QString::fromUtf16(row.ownFile)) : QString();
         request.ownFileStamp = FileStamp::of(request.ownFile);
-        fake.choices.clear();
-        if (row.typed != nullptr) {
-            fake.choose(path(QString::fromUtf16(row.typed)), request.filterIndex);
+        const ModalAction user([&row](QWidget& window) {
+            row.typed != nullptr ? enterName(window, QString::fromUtf16(row.typed))
+                                 : static_cast<void>(window.close());
+        });
+        const auto choice = row.saves ? dialogs.save(request) : dialogs.open(request);
+        ASSERT_EQ(choice.has_value(), row.chosen != nullptr);
+        if (choice) {
+            EXPECT_EQ(choice->path, path(QString::fromUtf16(row.chosen)));
+            EXPECT_EQ(choice->filterIndex, 2);
         }
-        for (FileDialogs* service :
-             {static_cast<FileDialogs*>(&dialogs), static_cast<FileDialogs*>(&fake)}) {
-            SCOPED_TRACE(QString::fromLatin1(row.what).toStdString() +
-                         (service == &fake ? ", fake" : ", real"));
-            const ModalAction user([&row](QWidget& window) {
-                row.typed != nullptr ? enterName(window, QString::fromUtf16(row.typed))
-                                     : static_cast<void>(window.close());
-            });
-            const auto choice = row.saves ? service->save(request) : service->open(request);
-            ASSERT_EQ(choice.has_value(), row.chosen != nullptr);
-            if (choice) {
-                EXPECT_EQ(choice->path, path(QString::fromUtf16(row.chosen)));
-                EXPECT_EQ(choice->filterIndex, 2);
-            }
-            EXPECT_TRUE(boxes.boxes.empty());
-        }
+        EXPECT_TRUE(boxes.boxes.empty());
     }
 }
 

@@ -1,5 +1,4 @@
 #include "platform/devices/pointer_widgets.h"
-#include "support/fake_pointer.h"
 
 #include <gtest/gtest.h>
 
@@ -11,53 +10,32 @@
 namespace velmora {
 namespace {
 
-/// How each of the two pointers shows what has been done to it.
-struct Seen final {
-    std::function<const QWidget*()> confinedTo;
-    std::function<bool(const QWidget&)> isHidden;
-    std::function<QPoint()> place;
-};
-
-void expectContract(Pointer& pointer, const Seen& seen) {
+TEST(WidgetPointer, ConfinesHidesAndMovesUntilItIsReleased) {
+    WidgetPointer pointer;
+    const auto isHidden = [](const QWidget& area) {
+        return area.cursor().shape() == Qt::BlankCursor;
+    };
     QWidget window;
     window.resize(400, 300);
     QWidget first(&window);
     QWidget second(&window);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_EQ(seen.confinedTo(), nullptr);
-    pointer.confine(first);
-    pointer.hide(first);
-    EXPECT_EQ(seen.confinedTo(), &first);
-    EXPECT_TRUE(seen.isHidden(first));
-    pointer.confine(second);
-    pointer.hide(second);
-    EXPECT_EQ(seen.confinedTo(), &second);
-    EXPECT_FALSE(seen.isHidden(first));
+    for (QWidget* area : {&first, &second}) {
+        pointer.confine(*area);
+        pointer.hide(*area);
+        EXPECT_EQ(QWidget::mouseGrabber(), area);
+        EXPECT_TRUE(isHidden(*area));
+    }
+    EXPECT_FALSE(isHidden(first));
     for (const QPoint place : {QPoint(30, 40), QPoint(31, 40)}) {
         ASSERT_TRUE(pointer.moveTo(place));
-        EXPECT_EQ(seen.place(), place);
+        EXPECT_EQ(QCursor::pos(), place);
     }
     pointer.release();
     pointer.release();
-    EXPECT_EQ(seen.confinedTo(), nullptr);
-    EXPECT_FALSE(seen.isHidden(second));
-}
-
-TEST(PointerContract, TheFakeRemembers) {
-    FakePointer pointer;
-    expectContract(pointer,
-                   {[&pointer] { return pointer.confinedTo; },
-                    [&pointer](const QWidget& area) { return pointer.hiddenOver == &area; },
-                    [&pointer] { return pointer.place; }});
-}
-
-TEST(PointerContract, QtsPointerObeys) {
-    WidgetPointer pointer;
-    expectContract(pointer,
-                   {[] { return QWidget::mouseGrabber(); },
-                    [](const QWidget& area) { return area.cursor().shape() == Qt::BlankCursor; },
-                    [] { return QCursor::pos(); }});
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+    EXPECT_FALSE(isHidden(second));
 }
 
 TEST(WidgetPointer, ADialogOverTheShowCanBeAnswered) {

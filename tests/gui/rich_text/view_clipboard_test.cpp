@@ -133,20 +133,6 @@ TEST_F(ViewClipboard, FilesAreLeftToTheWindow) {
     EXPECT_EQ(box.Text(), u"example"_qs);
 }
 
-TEST_F(ViewClipboard, ADragBeginsOnTheSelectionOnly) {
-    setText(u"one two three"_qs);
-    box.select(4, 7);
-    const QPoint start = pointOn(5);
-    const QPoint away = start + QPoint(QApplication::startDragDistance() + 1, 0);
-    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, start);
-    QMouseEvent move(QEvent::MouseMove, away, view.viewport()->mapToGlobal(away), Qt::NoButton,
-                     Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view.viewport(), &move);
-    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, away);
-    EXPECT_EQ(selected(), u"two"_qs) << "a drag that nobody takes changes nothing";
-    EXPECT_EQ(box.Text(), u"one two three"_qs);
-}
-
 TEST_F(ViewClipboard, TextDraggedAwayIsDeletedIfItMoved) {
     const struct {
         Qt::DropAction action;
@@ -168,34 +154,6 @@ TEST_F(ViewClipboard, TextDraggedAwayIsDeletedIfItMoved) {
         });
         handler.drag();
         EXPECT_EQ(box.Text(), QString::fromLatin1(row.left)) << row.action;
-    }
-}
-
-TEST_F(ViewClipboard, WhatChangedDuringADragIsNotDeleted) {
-    const struct {
-        const char* what;
-        std::function<void()> change;
-        QString left;
-    } rows[] = {
-        {"another selection", [&] { box.select(0, 3); }, u"one two three"_qs},
-        {"another text", [&] { setText(u"six"_qs); }, u"six"_qs},
-        {"another text in the same place",
-         [&] {
-             setText(u"one six three"_qs);
-             box.select(4, 7);
-         },
-         u"one six three"_qs},
-    };
-    for (const auto& row : rows) {
-        setText(u"one two three"_qs);
-        box.select(4, 7);
-        ViewCore core(box, view);
-        DragHandler handler(core, [&](QDrag&, Qt::DropActions, Qt::DropAction) {
-            row.change();
-            return Qt::MoveAction;
-        });
-        handler.drag();
-        EXPECT_EQ(box.Text(), row.left) << row.what;
     }
 }
 

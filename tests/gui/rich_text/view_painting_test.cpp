@@ -149,17 +149,6 @@ TEST_F(ViewPainting, PartialRepaintsLeaveTheWholePictureRight) {
     }
 }
 
-TEST_F(ViewPainting, ASelectionThatAChangeElsewhereTakesAwayIsPaintedAway) {
-    setText(u"stays\nchanges"_qs);
-    box.select(0, 5);
-    settle();
-    box.setText(withLineEnds(u"stays\nchanged"_qs));
-    ASSERT_EQ(box.SelLength(), 0);
-    const QImage partial = shown();
-    view.viewport()->update();
-    EXPECT_EQ(differingPixels(partial, shown()), 0);
-}
-
 TEST_F(ViewPainting, PaintsNothingWhileRedrawIsOff) {
     setText(u"some text"_qs);
     const QImage before = shown();

@@ -23,13 +23,8 @@ TEST_F(Form30Test, EachButtonLimitsItsSettingAndLeadsItRound) {
         {u"CCPortButton", u"Communications Port", u"Label4", &Settings::CCPort,
          u"1 COM 1:|2 COM 2:|3 COM 3:|4 COM 4:|5 COM 5:|6 COM 6:|7 COM 7:|8 COM 8:|9 COM 9:|"
          u"10 COM 10:"},
-        {u"CCSpeedButton", u"Port Speed", u"Label5", &Settings::CCSpeed,
-         u"1 110|2 300|3 1200|4 2400|5 4800|6 9600|7 19200|8 38400|9 57600|10 115200|11 230400|"
-         u"12 460800|13 921600"},
         {u"CCParityButton", u"Parity", u"Label6", &Settings::CCParity,
          u"1 None|2 Even|3 Odd|4 Mark|5 Space"},
-        {u"CCDataBitsButton", u"Data Bits", u"Label7", &Settings::CCDataBits, u"1 5|2 6|3 7|4 8"},
-        {u"CCStopBitsButton", u"Stop Bits", u"Label8", &Settings::CCStopBits, u"1 1|2 1.5|3 2"},
         {u"CCFlowButton", u"Flow Control", u"Label9", &Settings::CCFlow,
          u"1 None|2 Xon/Xoff|3 RTS|4 RTS + Xon/Xoff"},
     };

@@ -116,19 +116,16 @@ TEST_F(Form8Test, OpeningShowsWhatIsStoredAndLimitsWhatIsOutOfRange) {
         const char16_t* text;
     };
     const Row rows[] = {
-        {u"Label27", &Settings::ControllerType, 0, 0, u"No Speed Controller"},
         {u"Label27", &Settings::ControllerType, 11, 11, u"No Speed Controller"},
         {u"Label27", &Settings::ControllerType, 10, 10, u"Foot Controller"},
         {u"Label27", &Settings::ControllerType, 20, 20, u"Trigger Controller"},
         {u"Label27", &Settings::ControllerType, 21, 21, u"RF Wireless Controller"},
         {u"Label31", &Settings::MirrorMode, 2, 4, u"Two Displays, Mirrored L-R"},
-        {u"Label31", &Settings::MirrorMode, 3, 4, u"Two Displays, Mirrored L-R"},
         {u"Label31", &Settings::MirrorMode, -7, -7, u""},
         {u"Label3", &Settings::LineSpacingIndex, 99, 99, u"2.0"},
         {u"Label7", &Settings::AutomaticLooping, 2, 1, u"Auto Looping On"},
         {u"Label11", &Settings::FullScreenMode, -1, 0, u"Display With Controls"},
         {u"Label15", &Settings::FirstDisplayLine, 32767, 1, u"Start At Current Line"},
-        {u"Label19", &Settings::ScrollerTurbo, -32768, 0, u"Turbo Off, Smooth Scroll"},
         {u"Label23", &Settings::ScrollSpeedControl, 7, 1, u"Full Range"},
         {u"Label33", &Settings::TimedDisplay, 9, 1, u"Timed Display On"},
     };
@@ -157,7 +154,6 @@ TEST_F(Form8Test, TheCaptionPortIsToldAndCannotBeSwitchedOn) {
         {{1, 3, 6, 1, 4, 1}, {6, 1, 4, 1}, u"On: COM 3, 9600, n, 8, 1"},
         {{2, -4, 0, 0, 0, 0}, {1, 1, 1, 1}, u"On: COM -4, 110, n, 5, 1"},
         {{1, 10, 99, 99, 99, 99}, {13, 5, 4, 3}, u"On: COM 10, 921600, s, 8, 2"},
-        {{1, 1, 7, 2, 3, 2}, {7, 2, 3, 2}, u"On: COM 1, 19200, e, 7, 1.5"},
     };
     for (const Row& row : rows) {
         std::tie(settings.CCActive, settings.CCPort, settings.CCSpeed, settings.CCParity,
@@ -184,40 +180,6 @@ TEST_F(Form8Test, TheControllerWindowsChoiceIsShownAndDerived) {
     EXPECT_TRUE(user.done());
     EXPECT_EQ(shown(u"Label27"_qs), u"RF Wireless Controller"_qs);
     EXPECT_EQ(settings.SpeedControllerInUse, 1);
-}
-
-TEST_F(Form8Test, EveryWayOutTellsTheOpener) {
-    for (const WayOut& way : waysOut()) {
-        test.session.script.DialogClosing = 0;
-        const ModalAction user([&](QWidget& window) { way.act(window); });
-        Form8(test.session, nullptr).exec();
-        EXPECT_EQ(test.session.script.DialogClosing, 1) << way.what;
-        EXPECT_FALSE(user.expired()) << way.what;
-    }
-}
-
-TEST_F(Form8Test, TheKeyboardReachesAndPressesEveryButton) {
-    open();
-    QApplication::setActiveWindow(&*form);
-    QStringList reached;
-    auto* focused = form->focusWidget();
-    for (int i = 0; i < 30 && focused != nullptr && !reached.contains(focused->objectName()); ++i) {
-        reached += focused->objectName();
-        QTest::keyClick(focused, Qt::Key_Tab);
-        focused = form->focusWidget();
-    }
-    EXPECT_EQ(reached.join(u' ').toStdString(),
-              std::string("SetDisplayDefaults SetLineSpacing1 SetLineSpacing2 AutomaticLooping "
-                          "FullScreenMode FirstDisplayLine ScrollerTurbo ScrollSpeedControl "
-                          "ConfigureController Mirrordisplay TimedDisplay CCSetup DelayLess "
-                          "DelayMore ExitButton"));
-    auto& button = control<QAbstractButton>(*form, u"TimedDisplay"_qs);
-    button.setFocus();
-    QTest::keyClick(&button, Qt::Key_Return);
-    EXPECT_EQ(settings.TimedDisplay, 1);
-    QTest::keyClick(&button, Qt::Key_Space);
-    EXPECT_EQ(settings.TimedDisplay, 0);
-    EXPECT_EQ(button.accessibleDescription(), u"Timed Display Off"_qs);
 }
 
 } // namespace

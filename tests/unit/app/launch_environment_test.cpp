@@ -96,23 +96,5 @@ TEST(LaunchEnvironment, ASessionBusThatIsDumbOrMissingIsNotAskedByTheToolkit) {
     ::close(dumb);
 }
 
-TEST(LaunchEnvironment, AnUnwatchedScreenHasTheSizeAskedForAndItsFileGoesAway) {
-    const ScopedVariables scope({{"QT_QPA_PLATFORM", QByteArray("offscreen")}});
-    QString fileName;
-    {
-        const LaunchEnvironment environment(Windows::IfDesktop, QSize(1366, 768));
-        const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-        fileName = QFile::decodeName(platform.mid(platform.indexOf('=') + 1));
-        QFile file(fileName);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << platform.constData();
-        const auto screens =
-            QJsonDocument::fromJson(file.readAll()).object().value(u"screens").toArray();
-        ASSERT_EQ(screens.size(), 1);
-        EXPECT_EQ(screens.first().toObject().value(u"width").toInt(), 1366);
-        EXPECT_EQ(screens.first().toObject().value(u"height").toInt(), 768);
-    }
-    EXPECT_FALSE(QFile::exists(fileName));
-}
-
 } // namespace
 } // namespace velmora

@@ -51,36 +51,5 @@ TEST(MainWindowLayout, EveryControlIsInsideTheWindowAndTouchesNoOther) {
     }
 }
 
-TEST(MainWindowLayout, TheColumnFollowsTheMarginAndTheScreensWidth) {
-    struct Row final {
-        int wide;
-        int margin;
-        int left;
-        int width;
-    };
-    const Row rows[] = {
-        {640, 12, 6, 628},      {640, 320, 160, 320}, {1366, 12, 12, 1340},
-        {1366, 160, 170, 1024}, {1920, 12, 18, 1884}, {1920, 320, 480, 960},
-    };
-    for (const Row& row : rows) {
-        const ScreenState screen = screenOf(row.wide, 768);
-        const QSize client(row.wide, 700);
-        const QRect column =
-            textColumn(layoutMainWindow(screen, client), screen, row.margin, client);
-        EXPECT_EQ(column.left(), row.left) << row.wide << " " << row.margin;
-        EXPECT_EQ(column.width(), row.width) << row.wide << " " << row.margin;
-    }
-}
-
-TEST(MainWindowLayout, AWindowNarrowerThanItsDisplayShowsTheWholeColumn) {
-    const ScreenState screen = screenOf(1920, 1080);
-    for (const int wide : {1850, 1200}) {
-        const QSize client(wide, 1000);
-        const QRect column = textColumn(layoutMainWindow(screen, client), screen, 12, client);
-        EXPECT_NEAR(column.width(), wide * 1884.0 / 1920, 1);
-        EXPECT_NEAR(column.left(), wide - column.right(), 3);
-    }
-}
-
 } // namespace
 } // namespace velmora

@@ -42,20 +42,6 @@ TEST(ControllerButtons, EachButtonBecomesTheKeyOfItsFunction) {
     }
 }
 
-TEST(ControllerButtons, AFunctionThatIsNoneFallsToItsDefault) {
-    for (const int stored : {-5, 0, 1, 8, 9}) {
-        Settings settings;
-        for (const ShuttleButton& button : ShuttleButtons) {
-            settings.*button.setting = stored;
-        }
-        limitShuttleButtons(settings);
-        for (const ShuttleButton& button : ShuttleButtons) {
-            const bool valid = stored == 1 || stored == 8;
-            EXPECT_EQ(settings.*button.setting, valid ? stored : Settings().*button.setting);
-        }
-    }
-}
-
 TEST(ControllerButtons, OnlyTheWirelessControllersKeysAreRewritten) {
     for (const auto& [arriving, made] : {std::pair(66, 32), {39, 34}, {37, 33}, {38, 38}}) {
         int keyCode = arriving;

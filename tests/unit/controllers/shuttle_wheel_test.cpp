@@ -30,19 +30,6 @@ TEST(JogWheel, TheQuickerItTurnsTheGreaterTheStep) {
     }
 }
 
-TEST(JogWheel, StaysInTheRange) {
-    TestSession test;
-    RecordedActions actions(test.session);
-    JogWheel wheel(test.session, actions);
-    double& speed = test.session.settings.ScrollSpeed;
-    speed = 254.5;
-    wheel.keyDown(key::F13);
-    EXPECT_EQ(speed, 255);
-    speed = 1;
-    wheel.keyDown(key::F14);
-    EXPECT_EQ(speed, 0);
-}
-
 TEST(ShuttleRing, MovesByItsLinesWithinTheScript) {
     struct Row final {
         int keyCode, line;

@@ -139,37 +139,5 @@ TEST_F(SpeedPointerTest, AnotherButtonsDragTurnsTheScriptInFullRange) {
     }
 }
 
-TEST(PictureClick, FollowsFromButtonControllerAndState) {
-    using Click = PictureClick;
-    struct Row final {
-        PictureButton button;
-        int type, pauseState, blank;
-        bool mirrored;
-        Click click;
-    };
-    const Row rows[] = {
-        {PictureButton::Right, 0, 0, 0, false, Click::TogglePause},
-        {PictureButton::Right, 20, 3, 0, false, Click::TogglePause},
-        {PictureButton::Right, 20, 3, 0, true, Click::ToggleFullScreen},
-        {PictureButton::Right, 21, 0, 0, false, Click::ToggleFullScreen},
-        {PictureButton::Right, 21, 0, 1, false, Click::None},
-        {PictureButton::Left, 11, 3, 0, false, Click::None},
-        {PictureButton::Left, 20, 3, 0, false, Click::TogglePause},
-        {PictureButton::Left, 20, 0, 0, false, Click::Reverse},
-        {PictureButton::Left, 21, 1, 0, true, Click::Reverse},
-        {PictureButton::Other, 20, 0, 0, false, Click::None},
-    };
-    for (const Row& row : rows) {
-        Settings settings;
-        settings.ControllerType = row.type;
-        settings.SpeedControllerInUse = speedControllerInUse(row.type) ? 1 : 0;
-        ShowState show;
-        show.PauseState = row.pauseState;
-        show.BlankState = row.blank;
-        EXPECT_EQ(pictureClick(row.button, settings, show, row.mirrored), row.click)
-            << row.type << " " << row.pauseState;
-    }
-}
-
 } // namespace
 } // namespace velmora

@@ -9,12 +9,6 @@
 namespace velmora {
 namespace {
 
-TEST(AppFolder, IsTheProgramsOwnFolderWhereTheUserMayKeepFiles) {
-    const QTemporaryDir own;
-    EXPECT_EQ(appFolderFor(own.path(), u"/config"_qs), own.path() + u"/"_qs);
-    EXPECT_EQ(scriptsFolderIn(own.path() + u"/"_qs), own.path() + u"/Scripts/"_qs);
-}
-
 TEST(AppFolder, IsTheUsersConfigurationForAnInstalledProgram) {
     for (const char16_t* folder : {u"/usr/bin", u"/usr/local/bin/", u"/opt/velmora/bin"}) {
         EXPECT_EQ(appFolderFor(QString::fromUtf16(folder), u"/home/x/.config"_qs),

@@ -39,26 +39,3 @@ TEST(GlyphMaskCache, StaysBelowItsLimitAndForgetsTheLeastRecentlyUsed) {
     (void)cache.mask(font, 40, glyphOf(font, u'A'));
     EXPECT_EQ(cache.masksMade(), made + 1) << "the first one is gone";
 }
-
-TEST(GlyphMaskCache, TellsFacesSizesAndGlyphsApart) {
-    const QRawFont regular = sansFont();
-    const QRawFont bold = sansFont(true);
-    GlyphMaskCache cache;
-    const QImage one = cache.mask(regular, 60, glyphOf(regular, u'k')).coverage;
-    EXPECT_NE(cache.mask(bold, 60, glyphOf(bold, u'k')).coverage, one);
-    EXPECT_NE(cache.mask(regular, 60.25, glyphOf(regular, u'k')).coverage, one);
-    EXPECT_NE(cache.mask(regular, 60, glyphOf(regular, u'h')).coverage, one);
-    EXPECT_EQ(cache.mask(regular, 60, glyphOf(regular, u'k')).coverage, one);
-    EXPECT_EQ(cache.masksMade(), 4);
-}
-
-TEST(GlyphMaskCache, KnowsBlankGlyphsAndThoseTooBigForAMask) {
-    const QRawFont font = sansFont();
-    GlyphMaskCache cache(64 * 1024);
-    const GlyphMask blank = cache.mask(font, 60, glyphOf(font, u' '));
-    EXPECT_TRUE(blank.drawable);
-    EXPECT_TRUE(blank.coverage.isNull());
-    EXPECT_TRUE(cache.mask(font, 60, glyphOf(font, u'W')).drawable);
-    EXPECT_FALSE(cache.mask(font, 600, glyphOf(font, u'W')).drawable);
-    EXPECT_FALSE(cache.mask(font, 8000, glyphOf(font, u'W')).drawable);
-}

@@ -85,55 +85,6 @@ TEST(LinePrinter, PlacesTheTextByItsAlignment) {
     EXPECT_NEAR(right.right, 40 + 600 - 12 - 5, 1);
 }
 
-TEST(LinePrinter, KeepsOverhangingLettersInsideTheWindow) {
-    const std::vector<StyledText> runs{styled(u"jf"_qs, u"Liberation Serif"_qs, 60, "i")};
-    PrintBox box = windowBox();
-    for (const int width : {600, 90}) {
-        for (const Alignment alignment : {Alignment::Left, Alignment::Centre, Alignment::Right}) {
-            box.alignment = alignment;
-            box.width = width;
-            box.rightGap = 0;
-            const Ink ink = inkOf(printed(runs, box).image());
-            EXPECT_GE(ink.left, 40);
-            EXPECT_LE(ink.right, 40 + width);
-        }
-    }
-}
-
-TEST(LinePrinter, KeepsHalvesAndQuartersOfAPoint) {
-    PrintBox box = windowBox();
-    box.rowHeight = 100;
-    box.zoom = 1;
-    const auto amount = [&](int halfPoints, double zoom) {
-        box.zoom = zoom;
-        return inkOf(printed({styled(u"HE"_qs, Sans, halfPoints)}, box).image()).amount;
-    };
-    // Ink grows with the square of the size; measured within 0.05%.
-    for (const double zoom : {1.0, 1.003, 1.01}) {
-        const double size = 51.5 * zoom;
-        EXPECT_NEAR(amount(104, zoom) / amount(103, zoom), std::pow(52 / 51.5, 2), 0.002);
-        EXPECT_NEAR(amount(103, zoom) / amount(104, 1), std::pow(size / 52, 2), 0.002);
-    }
-}
-
-TEST(LinePrinter, ARowLowerThanTheLineLosesTheRoomAboveTheCapitalsFirst) {
-    NEEDS_FONT("Liberation Sans");
-    // 24 points at zoom 2: ascent 57.9, capitals 44.0, feet 13.6 pixels.
-    for (const QString& text : {u"HEX"_qs, u"Hgp"_qs}) {
-        PrintBox box = windowBox();
-        const double whole = inkOf(printed({styled(text, Sans, 48)}, box).image()).amount;
-        const int needed = text == u"HEX"_qs ? 45 : 59;
-        for (box.rowHeight = needed; box.rowHeight <= 95; ++box.rowHeight) {
-            const Ink ink = inkOf(printed({styled(text, Sans, 48)}, box).image());
-            EXPECT_NEAR(ink.amount, whole, whole * 0.003) << box.rowHeight;
-        }
-        for (box.rowHeight = 1; box.rowHeight < needed; ++box.rowHeight) {
-            const Ink ink = inkOf(printed({styled(text, Sans, 48)}, box).image());
-            EXPECT_LE(ink.bottom, box.rowHeight) << "no ink outside of the row";
-        }
-    }
-}
-
 TEST(LinePrinter, FillsTextBackgroundsAsHighAsTheRow) {
     const std::vector<StyledText> runs{withBackground(styled(u"ab  "_qs, Sans, 24), Blue),
                                        styled(u"  "_qs, Sans, 24),

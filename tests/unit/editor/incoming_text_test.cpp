@@ -50,15 +50,6 @@ protected:
     TestSession test;
 };
 
-TEST_F(IncomingText, TakesTheSelectionsPlaceAndLeavesTheCaretBehindIt) {
-    enter(rtfOf("x\\tab y\\par z"));
-    EXPECT_EQ(rtb1().Text(), u"abx y\r\nzef"_qs);
-    EXPECT_EQ(rtb1().SelStart(), 8);
-    EXPECT_EQ(rtb1().SelLength(), 0);
-    EXPECT_EQ(test.host.focusGiven, 1);
-    EXPECT_TRUE(test.session.script.rtb2.isEmpty());
-}
-
 TEST_F(IncomingText, ParagraphsTooLongForTheEditorAreBrokenOrStayOutside) {
     const QString before = rtb1().Text();
     QMimeData data;
@@ -70,17 +61,6 @@ TEST_F(IncomingText, ParagraphsTooLongForTheEditorAreBrokenOrStayOutside) {
     insertIncomingText(test.session, test.host, data);
     EXPECT_GT(rtb1().Text().count(u"\r\n"_qs), 8);
     EXPECT_EQ(rtb1().Text().count(u"word "_qs), 40'000);
-}
-
-TEST_F(IncomingText, TakesTheColourRuleOfTheBackground) {
-    const std::pair<Rgb24, Rgb24> rows[] = {{Black, White}, {White, Black}, {DarkBlue, Black}};
-    for (const auto& [background, color] : rows) {
-        rtb1().setBackColor(background);
-        rtb1().select(0, 2);
-        enter(rtfOf("x\\cf1 y"));
-        EXPECT_EQ(at(0).SelColor(), color) << background;
-        EXPECT_EQ(at(1).SelColor(), Red) << background;
-    }
 }
 
 TEST_F(IncomingText, RichTextKeepsItsEffectsAndTakesTheFontShown) {

@@ -8,18 +8,6 @@
 namespace velmora {
 namespace {
 
-TEST(ScriptFiles, TypeFollowsTheEndOfTheName) {
-    const std::pair<const char16_t*, ScriptType> cases[] = {
-        {u"/a/SCRIPT.Rtf", ScriptType::Rtf},     {u"/a/b.txt", ScriptType::PlainText},
-        {u"/a/b.doc", ScriptType::Doc},          {u"/a/b.DOCX", ScriptType::Docx},
-        {u"/a/b.log", ScriptType::PlainText},    {u"/a/noextension", ScriptType::PlainText},
-        {u"/a.rtf/b.md", ScriptType::PlainText}, {u"/a/b.docx.txt", ScriptType::PlainText}};
-    for (const auto& [path, type] : cases) {
-        EXPECT_EQ(scriptTypeOf(QString::fromUtf16(path)), type)
-            << QString::fromUtf16(path).toStdString();
-    }
-}
-
 TEST(ScriptFiles, OnlyAScriptsOwnEndingIsCut) {
     const std::pair<const char16_t*, const char16_t*> cases[] = {
         {u"/a/show.rtf", u"/a/show"},       {u"/john.smith/show.rtf", u"/john.smith/show"},

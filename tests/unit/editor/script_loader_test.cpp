@@ -277,19 +277,6 @@ TEST_F(ScriptLoaderTest, FontsThatAreNotInstalledAreNamedUntilTheNextLoad) {
     EXPECT_FALSE(test.host.notices.value(1).contains(u"Nosuch"_qs));
 }
 
-TEST_F(ScriptLoaderTest, AHundredThousandTabsAreDoneInOneSweep) {
-    loadFile(txt, (QByteArray("word\t").repeated(1'000) + "\n").repeated(100));
-    EXPECT_EQ(rtb1.textLength(), 500'200);
-    EXPECT_FALSE(rtb1.Text().contains(u'\t'));
-}
-
-TEST_F(ScriptLoaderTest, TheEditorChangesOnceForALoad) {
-    int changes = 0;
-    QObject::connect(&rtb1, &RichTextBox::Change, &rtb1, [&] { ++changes; });
-    loadFile(rtf, "{\\rtf1\\ansi one\\par two\\tab three\\par}");
-    EXPECT_EQ(changes, 1);
-}
-
 TEST_F(ScriptLoaderTest, ALongLoadIsShownAndWhoCancelsItFindsAllAsItWas) {
     test.clock.setTicksPerRead(FakeClock::TicksPerSecond / 20);
     test.pump.setLimitSeconds(1e6);

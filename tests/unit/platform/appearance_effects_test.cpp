@@ -7,39 +7,6 @@ namespace velmora {
 namespace {
 
 using Setting = AppearanceSetting;
-using Writes = std::vector<std::pair<Setting, int>>;
-
-TEST(AppearanceEffects, SomeSettingsNeedAnother) {
-    FakeAppearanceService desktop;
-    ClsAppearanceEffects effects(desktop);
-    effects.setFontSmoothingType(2);
-    effects.setFontSmoothingType(0);
-    effects.setMenuFade(false);
-    effects.setCursorShadow(true);
-    EXPECT_EQ(desktop.written, (Writes{{Setting::FontSmoothing, 1},
-                                       {Setting::FontSmoothingType, 2},
-                                       {Setting::FontSmoothingType, 0},
-                                       {Setting::MenuAnimation, 1},
-                                       {Setting::MenuFade, 0},
-                                       {Setting::CursorShadow, 1}}));
-    EXPECT_TRUE(desktop.lastKept);
-    effects.setSendChange(false);
-    effects.setUIEffects(true);
-    EXPECT_FALSE(desktop.lastKept);
-    EXPECT_TRUE(effects.UIEffects());
-}
-
-TEST(AppearanceEffects, ARefusalIsToldAndReadsAsOff) {
-    FakeAppearanceService desktop;
-    desktop.values[Setting::DropShadows] = 1;
-    desktop.refuses = true;
-    ClsAppearanceEffects effects(desktop);
-    int errors = 0;
-    effects.EffectSettingError = [&errors] { ++errors; };
-    EXPECT_FALSE(effects.DropShadows());
-    effects.setDropShadows(true);
-    EXPECT_EQ(errors, 2);
-}
 
 TEST(AppearanceEffects, OnlySubpixelSmoothingIsOffDuringAShow) {
     struct Row final {

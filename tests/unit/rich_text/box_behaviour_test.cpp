@@ -63,28 +63,6 @@ TEST(BoxBehaviour, LineEndsAreAllOneKindAndWhatADocumentReservesForItselfDoesNot
     EXPECT_EQ(box.document().blockCount(), 2);
 }
 
-TEST(BoxBehaviour, FindIgnoresCaseAndSelectsTheMatch) {
-    RichTextBox box;
-    box.setText(u"One\r\nSTRASSE one \u00C9t\u00E9 \U00010400\tend"_qs);
-    struct Case {
-        QString text;
-        int start;
-        int found;
-    };
-    const Case cases[] = {
-        {u"ONE"_qs, 0, 0},         {u"one"_qs, 1, 13}, {u"\u00E9T\u00C9"_qs, 0, 17},
-        {u"\U00010428"_qs, 0, 21}, {u"\t"_qs, 0, 23},  {u"E\r\nS"_qs, 0, 2},
-        {u"one"_qs, 14, -1},       {QString(), 0, -1}, {u"end"_qs, 99, -1},
-        {u"one"_qs, -5, 0},
-    };
-    for (const Case& c : cases) {
-        box.select(3, 3);
-        EXPECT_EQ(box.Find(c.text, c.start), c.found) << c.text.toStdString();
-        EXPECT_EQ(box.SelStart(), c.found < 0 ? 3 : c.found);
-        EXPECT_EQ(box.SelLength(), c.found < 0 ? 0 : c.text.size());
-    }
-}
-
 TEST(BoxBehaviour, TextKeepsUpWithEditsAskedForInTheMiddleOfThemOrNotAtAll) {
     RichTextBox box;
     QString asked;
@@ -148,27 +126,6 @@ TEST(BoxBehaviour, AnEmptyTextHasTheDefaultFormat) {
     EXPECT_EQ(box.SelFontSize(), 48);
     EXPECT_TRUE(box.setTextRTF({}));
     EXPECT_EQ(box.SelFontSize(), 15);
-}
-
-TEST(BoxBehaviour, ASelectionsFragmentKeepsItsParagraphsFormats) {
-    RichTextBox source;
-    source.setFragment(
-        fragmentOfText(u"one\r\ntwo\r\nthree", {u"Arial"_qs, 52}, {Alignment::Right}));
-    source.select(1, 2);
-    RichTextBox target;
-    target.replaceSelection(source.selectedFragment());
-    EXPECT_EQ(target.Text(), u"n"_qs);
-    EXPECT_EQ(target.SelAlignment(), Alignment::Right);
-    // Inside a paragraph it takes on the format of its new neighbours.
-    target.setText(u"left"_qs);
-    target.setSelStart(2);
-    source.select(1, 8);
-    target.replaceSelection(source.selectedFragment());
-    EXPECT_EQ(target.Text(), u"lene\r\ntwoft"_qs);
-    EXPECT_EQ(target.SelStart(), 9);
-    EXPECT_EQ(target.SelAlignment(), Alignment::Left);
-    source.setSelStart(1);
-    EXPECT_TRUE(source.selectedFragment().paragraphs.empty());
 }
 
 TEST(BoxBehaviour, SignalsOnceAndOnlyOnADifference) {

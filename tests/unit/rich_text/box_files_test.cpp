@@ -117,34 +117,5 @@ TEST_F(BoxFiles, WhatWouldFillTheMemoryIsRefused) {
     }
 }
 
-TEST_F(BoxFiles, FailuresHaveAReasonAndChangeNothing) {
-    const QString folder = path(u"folder"_qs);
-    QDir().mkpath(folder);
-    const QString huge = path(u"huge.txt"_qs);
-    ASSERT_TRUE(QFile(huge).open(QIODevice::WriteOnly));
-    ASSERT_TRUE(QFile::resize(huge, 64ll * 1024 * 1024 + 1));
-    struct Case {
-        QString path;
-        FileFormat format;
-        QString reason;
-    };
-    const Case cases[] = {
-        {path(u"missing.txt"_qs), FileFormat::PlainText, u"no such file"_qs},
-        {folder, FileFormat::Rtf, u"folder"_qs},
-        {QString(), FileFormat::Rtf, u"no such file"_qs},
-        {huge, FileFormat::PlainText, u"65 MB, and 64 MB is the most"_qs},
-        {write(u"text.rtf"_qs, "just text"), FileFormat::Rtf, QString()},
-        {u"/dev/null"_qs, FileFormat::PlainText, u"not a file"_qs},
-    };
-    box.setText(u"kept"_qs);
-    for (const Case& c : cases) {
-        const Outcome outcome = box.LoadFile(c.path, c.format);
-        EXPECT_FALSE(outcome) << c.path.toStdString();
-        EXPECT_FALSE(outcome.reason().isEmpty());
-        EXPECT_TRUE(outcome.reason().contains(c.reason)) << outcome.reason().toStdString();
-        EXPECT_EQ(box.Text(), u"kept"_qs);
-    }
-}
-
 } // namespace
 } // namespace velmora

@@ -199,9 +199,13 @@ private:
 
     void find() {
         last = u"find"_qs;
-        for (const QString& needle : {u"OFF"_qs, u"\u00E9"_qs, u"\r\n"_qs, u"missing"_qs}) {
-            const int start = m_random.below(m_box.textLength() + 1);
-            const auto found = m_box.Text().toLower().indexOf(needle.toLower(), start);
+        for (const QString& needle :
+             {u"OFF"_qs, u"\u00E9"_qs, u"\r\n"_qs, u"\U0001F600"_qs, u"missing"_qs, QString()}) {
+            const int start = m_random.below(m_box.textLength() + 5) - 2;
+            const auto found =
+                needle.isEmpty()
+                    ? -1
+                    : m_box.Text().toLower().indexOf(needle.toLower(), std::max(0, start));
             EXPECT_EQ(m_box.Find(needle, start), found);
             EXPECT_TRUE(found < 0 || m_box.SelText().toLower() == needle.toLower());
         }

@@ -141,22 +141,5 @@ TEST(LongTexts, AnOverlongParagraphIsBrokenAndNothingElseChanges) {
     }
 }
 
-TEST(LongTexts, ThePiecesBreakTheirLinesAsTheWholeDoes) {
-    const RichTextFragment whole = oneParagraph(u"some words of a line "_qs.repeated(6'000), 999);
-    RichTextBox box;
-    box.setFragment(whole);
-    const auto lines = box.lineMetrics(box.lineCount());
-    RichTextFragment broken = whole;
-    long_paragraphs::breakUp(broken);
-    box.setFragment(broken);
-    for (const RichTextBox::LineMetrics& line : box.lineMetrics(box.lineCount())) {
-        if (line.index >= broken.paragraphs.front().text.size()) {
-            return;
-        }
-        const auto number = static_cast<size_t>(box.GetLineFromChar(line.index));
-        EXPECT_EQ(line.index, lines[number].index);
-    }
-}
-
 } // namespace
 } // namespace velmora

@@ -16,23 +16,6 @@ namespace {
 // One sample for each control word, in which the word makes a difference.
 const std::map<std::string, RtfReading>& samplesWithOwnReading() {
     static const std::map<std::string, RtfReading> Samples = {
-        {"emdash", {"a\\emdash b", u"a\u2014b"_qs}},
-        {"endash", {"a\\endash b", u"a\u2013b"_qs}},
-        {"emspace", {"a\\emspace b", u"a\u2003b"_qs}},
-        {"enspace", {"a\\enspace b", u"a\u2002b"_qs}},
-        {"qmspace", {"a\\qmspace b", u"a\u2005b"_qs}},
-        {"bullet", {"\\bullet a", u"\u2022a"_qs}},
-        {"lquote", {"\\lquote a", u"\u2018a"_qs}},
-        {"rquote", {"a\\rquote", u"a\u2019"_qs}},
-        {"ldblquote", {"\\ldblquote a", u"\u201ca"_qs}},
-        {"rdblquote", {"a\\rdblquote", u"a\u201d"_qs}},
-        {"zwj", {"a\\zwj b", u"a\u200db"_qs}},
-        {"zwnj", {"a\\zwnj b", u"a\u200cb"_qs}},
-        {"zwbo", {"a\\zwbo b", u"a\u200bb"_qs}},
-        {"zwnbo", {"a\\zwnbo b", u"a\u2060b"_qs}},
-        {"ltrmark", {"a\\ltrmark b", u"a\u200eb"_qs}},
-        {"rtlmark", {"a\\rtlmark b", u"a\u200fb"_qs}},
-
         {"tab", {"a\\tab b", u"a\tb"_qs}},
         {"line", {"a\\line b", u"a/b"_qs}},
         {"lbr", {"a\\lbr1 b", u"a/b"_qs}},
@@ -134,6 +117,9 @@ RtfReading sampleOf(const RtfControlWord& row) {
     const QByteArray bytes = QByteArray::fromStdString(word);
     if (const auto own = samplesWithOwnReading().find(word); own != samplesWithOwnReading().end()) {
         return own->second;
+    }
+    if (row.handler == &RtfInterpreter::character) {
+        return {"a\\" + bytes + " b", u"a%1b"_qs.arg(QChar(row.value))};
     }
     if (underlines().contains(word)) {
         return {"\\" + bytes + " a\\" + bytes + "0 b", u"{u:a}b"_qs};

@@ -33,19 +33,5 @@ TEST(RtfMutation, ACutOffDocumentGivesTheTextUpToTheCut) {
     }
 }
 
-TEST(RtfMutation, OneLostBraceOfTheHeaderDoesNotLoseTheScript) {
-    const qsizetype tables = Rich.indexOf("{\\colortbl");
-    const qsizetype end = Rich.indexOf("\\pard\\s1");
-    for (qsizetype at = tables; at < end; ++at) {
-        if (Rich.at(at) != '{' && Rich.at(at) != '}') {
-            continue;
-        }
-        QByteArray broken = Rich;
-        const QString text = plainText(readRtf(broken.remove(at, 1)).fragment);
-        EXPECT_TRUE(text.contains(u"Second"_qs)) << broken.constData();
-        EXPECT_TRUE(text.contains(u"last"_qs)) << broken.constData();
-    }
-}
-
 } // namespace
 } // namespace velmora

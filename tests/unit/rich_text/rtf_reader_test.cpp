@@ -284,22 +284,5 @@ TEST(RtfReader, HostileSizesAreBounded) {
     }
 }
 
-TEST(RtfReader, IsStoppedWhereItsWatcherWantsIt) {
-    const QByteArray rtf = "{\\rtf1" + QByteArray("a\\b ").repeated(100'000) + "}";
-    std::vector<double> shares;
-    const auto until = [&](double end) {
-        return [&shares, end](double share) {
-            shares.push_back(share);
-            return share < end;
-        };
-    };
-    EXPECT_TRUE(readRtf(rtf, until(1)).outcome);
-    EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
-    EXPECT_GT(shares.back(), 0.9);
-    shares.clear();
-    EXPECT_FALSE(readRtf(rtf, until(0.3)).outcome);
-    EXPECT_LT(shares.back(), 0.5);
-}
-
 } // namespace
 } // namespace velmora
