@@ -9,7 +9,7 @@ public:
     virtual ~ShowActions() = default;
     /// A key as if typed. Both may be changed on the way; a key that was used up is 0.
     virtual void Picture1_KeyDown(int& keyCode, int& shift) = 0;
-    /// Stores ScrollSpeed, 0 to 255, and moves the thumb of the scale.
+    /// Stores ScrollSpeed, limited to 0 to 255, and moves the thumb of the scale.
     virtual void setSpeed(double scrollSpeed) = 0;
 };
 

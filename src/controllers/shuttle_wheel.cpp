@@ -1,7 +1,6 @@
 #include "controllers/shuttle_wheel.h"
 
 #include "controllers/show_actions.h"
-#include "controllers/speed_mapping.h"
 #include "core/session.h"
 #include "platform/timing/clock.h"
 
@@ -30,7 +29,7 @@ JogWheel::JogWheel(Session& session, ShowActions& actions)
 void JogWheel::keyDown(int keyCode) {
     const int step = nextStep();
     const double change = keyCode == key::F13 ? step : -step;
-    m_actions.setSpeed(clampSpeed(m_session.settings.ScrollSpeed + change));
+    m_actions.setSpeed(m_session.settings.ScrollSpeed + change);
 }
 
 /// Step of a key that comes now. The time counts in whole milliseconds.

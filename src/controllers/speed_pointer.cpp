@@ -145,11 +145,11 @@ void SpeedPointer::dragSpeed(const PointerMove& move) {
     const double down = beyondDeadPixels(move.position.y() - MouseAnchorY);
     if (left != 0) {
         MouseAnchorX = rounded(move.position.x());
-        m_actions.setSpeed(clampSpeed(m_session.settings.ScrollSpeed + left));
+        m_actions.setSpeed(m_session.settings.ScrollSpeed + left);
     }
     if (down != 0) {
         MouseAnchorY = rounded(move.position.y());
-        m_actions.setSpeed(clampSpeed(m_session.settings.ScrollSpeed + down));
+        m_actions.setSpeed(m_session.settings.ScrollSpeed + down);
     }
 }
 

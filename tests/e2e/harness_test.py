@@ -32,12 +32,6 @@ class PictureTest(unittest.TestCase):
         self.assertIsNone(mirror.flipped_at(plain, (0, 1, 3, 40), raised=1))
         self.assertIsNone(mirror.flipped_at(plain, (0, 0, 3, 40), left=2))
 
-    def test_a_box_of_one_colour_is_told_from_one_of_stripes(self):
-        stripes = Picture(2, 4, bytes((1, 2, 3, 4, 5, 6)) * 4)
-        self.assertTrue(stripes.is_plain((1, 0, 2, 4)))
-        self.assertFalse(stripes.is_plain((0, 0, 2, 4)))
-        self.assertFalse(picture_of([(0, 0, 0), (1, 0, 0)]).is_plain((0, 0, 2, 2)))
-
 
 class DeskTest(unittest.TestCase):
     def test_what_does_not_come_is_told_and_everything_ends_with_the_desk(self):

@@ -11,11 +11,8 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QTest>
-#include <QTimer>
 
-#include <cmath>
 #include <functional>
-#include <vector>
 
 namespace velmora {
 namespace {

@@ -13,8 +13,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QPointer>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 

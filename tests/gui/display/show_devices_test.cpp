@@ -61,6 +61,7 @@ TEST_F(ShowDevices, ReachTheShow) {
         EXPECT_FALSE(control("Command3")->isVisibleTo(display));
         QTest::mouseClick(display->focusWidget(), Qt::RightButton, Qt::NoModifier, QPoint(9, 9));
         EXPECT_EQ(settings.FullScreenMode, 1);
+        QTest::mouseClick(display->focusWidget(), Qt::MiddleButton);
         settings.ScrollSpeed = 60;
         for (const int scrollSpeed : {60, 195}) {
             QTest::mousePress(display->focusWidget(), Qt::LeftButton);
@@ -214,7 +215,9 @@ TEST_F(ShowDevices, MovesOverTheTextSteerAsTheControllerSays) {
         press(Qt::Key_F12);
         drag(text, QPointF(300, 300), QPointF(290, 300));
         turnWheel(text);
+        QTest::mouseClick(text, Qt::RightButton, Qt::NoModifier, QPoint(9, 9));
         EXPECT_EQ(settings.ScrollSpeed, 68) << "blank";
+        EXPECT_EQ(show.PauseState, 1);
         press(Qt::Key_F12);
     });
     settings.ControllerType = 20;

@@ -20,14 +20,11 @@ struct BoxCase final {
 const BoxCase boxCases[] = {
     {MessageButtons::Ok, u"OK", MessageAnswer::Ok},
     {MessageButtons::Ok, nullptr, MessageAnswer::Ok},
-    {MessageButtons::OkCancel, u"OK", MessageAnswer::Ok},
     {MessageButtons::OkCancel, u"Cancel", MessageAnswer::Cancel},
     {MessageButtons::OkCancel, nullptr, MessageAnswer::Cancel},
-    {MessageButtons::YesNo, u"Yes", MessageAnswer::Yes},
     {MessageButtons::YesNo, u"No", MessageAnswer::No},
     {MessageButtons::YesNo, nullptr, MessageAnswer::No},
     {MessageButtons::YesNoCancel, u"Yes", MessageAnswer::Yes},
-    {MessageButtons::YesNoCancel, u"No", MessageAnswer::No},
     {MessageButtons::YesNoCancel, u"Cancel", MessageAnswer::Cancel},
     {MessageButtons::YesNoCancel, nullptr, MessageAnswer::Cancel},
 };

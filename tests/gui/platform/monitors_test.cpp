@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QScreen>
-
 #include <algorithm>
 
 namespace velmora {
@@ -46,16 +44,6 @@ TEST(Screens, OrdersDisplaysAsTheyAreRead) {
     };
     for (const Row& row : rows) {
         EXPECT_EQ(inReadingOrder(row.displays), row.ordered) << row.what;
-    }
-}
-
-TEST(Screens, AScreenIsFoundByItsWholeRectangleOnly) {
-    const QRect display = Screens().displays().front();
-    QScreen* screen = screenAt(display);
-    ASSERT_NE(screen, nullptr);
-    EXPECT_EQ(screen->geometry().topLeft(), display.topLeft());
-    for (const QRect& other : {display.adjusted(0, 0, -1, 0), display.translated(1, 0), QRect()}) {
-        EXPECT_EQ(screenAt(other), nullptr);
     }
 }
 

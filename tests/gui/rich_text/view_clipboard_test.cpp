@@ -157,6 +157,21 @@ TEST_F(ViewClipboard, TextDraggedAwayIsDeletedIfItMoved) {
     }
 }
 
+TEST_F(ViewClipboard, WhatHasChangedDuringADragIsNotDeleted) {
+    for (const bool onlySelection : {true, false}) {
+        setText(u"one two three"_qs);
+        box.select(4, 7);
+        ViewCore core(box, view);
+        DragHandler handler(core, [&](QDrag&, Qt::DropActions, Qt::DropAction) {
+            setText(onlySelection ? u"one two three"_qs : u"one six three"_qs);
+            box.select(onlySelection ? 0 : 4, onlySelection ? 3 : 7);
+            return Qt::MoveAction;
+        });
+        handler.drag();
+        EXPECT_EQ(box.textLength(), 13);
+    }
+}
+
 TEST_F(ViewClipboard, ADragInsideMovesOrCopies) {
     const struct {
         const char* what;

@@ -5,8 +5,6 @@
 
 #include <QPushButton>
 
-#include <utility>
-
 namespace velmora {
 namespace {
 

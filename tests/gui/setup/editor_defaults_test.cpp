@@ -133,21 +133,6 @@ TEST_F(Form12Test, WhateverIsStoredIsShownAndSavedAgain) {
     }
 }
 
-TEST_F(Form12Test, AChoiceByKeyboardLeavesTheFocusForTheNextOne) {
-    open();
-    auto& swatch = control<QAbstractButton>(*form, u"SC4"_qs);
-    swatch.setFocus();
-    QTest::keyClick(&swatch, Qt::Key_Return);
-    EXPECT_EQ(background(), QColor(0, 128, 0));
-    EXPECT_EQ(form->focusWidget(), &swatch);
-    slider().setFocus();
-    QTest::keyClick(&slider(), Qt::Key_Right);
-    EXPECT_EQ(slider().value(), 13);
-    EXPECT_EQ(form->focusWidget(), &slider());
-    QTest::keyClick(&sample(), Qt::Key_Tab);
-    EXPECT_NE(form->focusWidget(), &sample()) << "Tab leaves the sample";
-}
-
 TEST(Form29, GivesBackTheChoiceAndNothingForExit) {
     TestSession test;
     const std::pair<const char16_t*, int> swatches[] = {{u"SC1", 1},  {u"SC8", 8},  {u"TC1", 9},

@@ -1,3 +1,4 @@
+#include "core/display_rects.h"
 #include "core/screen_scale.h"
 #include "core/two_display_check.h"
 #include "support/test_session.h"
@@ -29,6 +30,16 @@ TEST(ScreenScale, FollowsDisplay1AndANarrowerWindow) {
     }
     EXPECT_DOUBLE_EQ(wrapWidthForMargin(12), 298);
     EXPECT_DOUBLE_EQ(wrapWidthForMargin(320), 144);
+}
+
+TEST(DisplayRect, OfTheCommandLineGoesBeforeThatOfTheMonitors) {
+    TestSession test;
+    test.session.displays.CmdDisplaysGiven = 1;
+    test.session.displays.CmdDisplay2Left = 800;
+    test.session.displays.CmdDisplay2Width = 1024;
+    test.session.displays.CmdDisplay2Height = 768;
+    GetDisplayRect(test.session, 2);
+    EXPECT_EQ(displayRect(test.session.displays), QRect(800, 0, 1024, 768));
 }
 
 TEST(TwoDisplayCheck, FitsTheColumnToANarrowerSecondDisplay) {

@@ -292,6 +292,18 @@ TEST_F(ScrollLoopTest, LongStallIsNotMadeUpFor) {
     EXPECT_GE(after - before, 0.1 / stepSeconds(60) - 1);
 }
 
+TEST_F(ScrollLoopTest, BlankScreenHoldsTheAutomaticStart) {
+    prepare(100);
+    settings.AutomaticLooping = 1;
+    at(2, [&] { show.BlankState = 1; });
+    at(8, [&] {
+        EXPECT_EQ(presenter.steps, 0);
+        show.BlankState = 0;
+    });
+    at(8.2, [&] { EXPECT_GT(presenter.steps, 0); });
+    runUntil(9);
+}
+
 TEST_F(ScrollLoopTest, JumpInTheWaitToLoopWinsOverTheReturnToTheTop) {
     prepare(30);
     settings.AutomaticLooping = 1;
@@ -303,6 +315,15 @@ TEST_F(ScrollLoopTest, JumpInTheWaitToLoopWinsOverTheReturnToTheTop) {
     at(8.3, [&] { EXPECT_GT(ring.top(), 7 * LineHeight); });
     runUntil(8.4);
     EXPECT_EQ(screen.shown, 1);
+}
+
+TEST_F(ScrollLoopTest, OddRangeFromADamagedFileIsSplitRangeEverywhere) {
+    prepare(500);
+    settings.ScrollSpeedControl = 2;
+    settings.ScrollSpeed = speedAfterKey(SpeedKey::End, 60, 2);
+    startAt(0);
+    runUntil(3);
+    EXPECT_EQ(presenter.steps, 0) << "End stops the text";
 }
 
 TEST_F(ScrollLoopTest, NoticeGoesAfterTwoSeconds) {

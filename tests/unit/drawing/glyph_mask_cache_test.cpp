@@ -35,7 +35,20 @@ TEST(GlyphMaskCache, StaysBelowItsLimitAndForgetsTheLeastRecentlyUsed) {
         EXPECT_EQ(cache.masksMade(), made + (round == 0 ? 1 : 0)) << "what is in use stays";
     }
     EXPECT_GT(cache.bytes(), Limit / 2);
+    EXPECT_FALSE(cache.mask(font, 600, glyphOf(font, u'W')).drawable) << "it would throw out all";
     const std::int64_t made = cache.masksMade();
     (void)cache.mask(font, 40, glyphOf(font, u'A'));
     EXPECT_EQ(cache.masksMade(), made + 1) << "the first one is gone";
+}
+
+TEST(GlyphMaskCache, TellsFacesSizesAndGlyphsApart) {
+    const QRawFont regular = sansFont();
+    const QRawFont bold = sansFont(true);
+    GlyphMaskCache cache;
+    const QImage one = cache.mask(regular, 60, glyphOf(regular, u'k')).coverage;
+    EXPECT_NE(cache.mask(bold, 60, glyphOf(bold, u'k')).coverage, one);
+    EXPECT_NE(cache.mask(regular, 60.25, glyphOf(regular, u'k')).coverage, one);
+    EXPECT_NE(cache.mask(regular, 60, glyphOf(regular, u'h')).coverage, one);
+    EXPECT_EQ(cache.mask(regular, 60, glyphOf(regular, u'k')).coverage, one);
+    EXPECT_EQ(cache.masksMade(), 4);
 }

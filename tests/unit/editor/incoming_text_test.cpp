@@ -65,10 +65,12 @@ TEST_F(IncomingText, ParagraphsTooLongForTheEditorAreBrokenOrStayOutside) {
 
 TEST_F(IncomingText, RichTextKeepsItsEffectsAndTakesTheFontShown) {
     test.host.fontSize = 31.5;
+    rtb1().setBackColor(DarkBlue);
     enter(rtfOf("\\pard\\qc\\li720\\fi-360\\b\\i x\\par\\ul y\\par"));
     EXPECT_EQ(rtb1().Text(), u"abx\r\ny\r\nef"_qs);
     EXPECT_EQ(at(2).SelBold(), true);
     EXPECT_EQ(at(2).SelItalic(), true);
+    EXPECT_EQ(at(2).SelColor(), Black) << "readable there";
     EXPECT_EQ(at(5).SelUnderline(), true);
     EXPECT_EQ(at(5).SelAlignment(), Alignment::Centre);
     rtb1().select(2, 6);

@@ -192,16 +192,6 @@ TEST(BoxBehaviour, NamesFontsThatAreMissing) {
     box.select(0, 2);
     box.setSelText({});
     EXPECT_TRUE(box.missingFonts().empty());
-    // Of very many names, the first ones.
-    RichTextFragment many;
-    for (int i = 0; i < 500; ++i) {
-        many.formats.push_back({u"No Such Font %1"_qs.arg(i, 3, 10, QChar(u'0')), 30});
-        many.paragraphs.push_back({u"ab"_qs, {{2, i}}, i, {}});
-    }
-    box.setFragment(many);
-    const std::vector<RichTextBox::MissingFont> first = box.missingFonts();
-    ASSERT_EQ(first.size(), 32u);
-    EXPECT_EQ(first.back().name, u"No Such Font 031"_qs);
 }
 
 } // namespace

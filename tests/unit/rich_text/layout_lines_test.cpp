@@ -105,6 +105,10 @@ TEST(LayoutLines, StandWhereAlignmentAndOffsetsPutThem) {
     for (const Case& c :
          {Case{{Alignment::Left}, 0, 0, false}, Case{{Alignment::Right}, Width, Width, true},
           Case{{Alignment::Left, {}, 400, -400}, 0, Twenty, false},
+          Case{{Alignment::Right, Direction::RightToLeft, 400},
+               Width - Twenty,
+               Width - Twenty,
+               true},
           Case{{Alignment::Left, {}, -400}, 0, 0, false},
           Case{{Alignment::Left, {}, 1 << 20}, Width / 2, Width / 2, false}}) {
         RichTextBox box;
@@ -167,14 +171,6 @@ TEST(LayoutLines, TrailingBlanksDoNotMoveTheText) {
                                  bare.layout().wrapWidth() / 2) < 0.1);
         }
     }
-}
-
-TEST(LayoutLines, TabsStandOnAGrid) {
-    RichTextBox box;
-    fill(box, u"\ta\tb"_qs, {}, 24);
-    const QTextLine line = box.layout().lineAt(0).line;
-    EXPECT_NEAR(line.cursorToX(1), TabDistanceUnits, 0.1);
-    EXPECT_NEAR(line.cursorToX(3), 2 * TabDistanceUnits, 0.1);
 }
 
 /// What is filled to the brim at once must break where a slow search for a break would have broken.

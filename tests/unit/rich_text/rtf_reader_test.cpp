@@ -284,5 +284,12 @@ TEST(RtfReader, HostileSizesAreBounded) {
     }
 }
 
+TEST(RtfReader, IsStoppedWhereItsWatcherWantsIt) {
+    double last = 0;
+    const auto until = [&last](double share) { return (last = share) < 0.3; };
+    EXPECT_FALSE(readRtf("{\\rtf1" + QByteArray("a\\b ").repeated(100'000) + "}", until).outcome);
+    EXPECT_LT(last, 0.5);
+}
+
 } // namespace
 } // namespace velmora
