@@ -4,23 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace velmora {
 namespace {
-
-TEST(Screens, TellAtLeastOneDisplayAndUsableFigures) {
-    const Screens screens;
-    const auto displays = screens.displays();
-    ASSERT_FALSE(displays.empty());
-    EXPECT_EQ(displays, inReadingOrder(displays));
-    EXPECT_EQ(std::count(displays.begin(), displays.end(), screens.primary()), 1);
-    EXPECT_EQ(screens.primary().size(), screens.primarySize());
-    EXPECT_GT(screens.colorDepth(), 0);
-    EXPECT_TRUE(displays.front().contains(screens.workArea(displays.front())));
-    EXPECT_FALSE(screens.workArea(QRect(1, 2, 3, 4)).isEmpty());
-    EXPECT_GE(screens.refreshRate(QRect()), 2);
-}
 
 TEST(Screens, OrdersDisplaysAsTheyAreRead) {
     struct Row final {

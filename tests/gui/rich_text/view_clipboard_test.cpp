@@ -7,7 +7,6 @@
 #include <QDrag>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QUrl>
 
 namespace velmora {
 
@@ -120,17 +119,6 @@ TEST_F(ViewClipboard, TheOwnerGetsWhatComesIn) {
     EXPECT_FALSE(drop(dropped, 0, Qt::CopyAction));
     EXPECT_EQ(seen, u"xy"_qs);
     EXPECT_EQ(box.Text(), u"[y]a[x]c"_qs);
-}
-
-TEST_F(ViewClipboard, FilesAreLeftToTheWindow) {
-    QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(u"/a/script.rtf"_qs)});
-    EXPECT_FALSE(drop(files, 0, Qt::CopyAction));
-    QMimeData link;
-    link.setUrls({QUrl(u"https://example.org/"_qs)});
-    link.setText(u"example"_qs);
-    EXPECT_TRUE(drop(link, 0, Qt::CopyAction));
-    EXPECT_EQ(box.Text(), u"example"_qs);
 }
 
 TEST_F(ViewClipboard, TextDraggedAwayIsDeletedIfItMoved) {

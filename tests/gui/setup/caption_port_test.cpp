@@ -75,14 +75,6 @@ TEST_F(Form30Test, ACodeIsStoredBySaveAndDroppedByAnyOtherButton) {
         EXPECT_EQ(labelText(*form, u"Label%1"_qs.arg(9 + number)), settings.*setting);
         ++number;
     }
-    for (const WayOut& way : waysOut()) {
-        open();
-        click(*form, u"CCStartCodeButton"_qs);
-        control<QLineEdit>(*form, u"Text1"_qs).setText(u"lost"_qs);
-        way.act(*form);
-        EXPECT_FALSE(form->isVisible()) << way.what;
-        EXPECT_EQ(settings.CCStartCode, u"^A<b>1"_qs) << way.what;
-    }
 }
 
 } // namespace

@@ -99,10 +99,6 @@ TEST(DisplayGeometry, FittedScaleFollowsTheFreeWidth) {
     }
 }
 
-TEST(DisplayGeometry, ScriptWithoutFontsTakesThePlainRatio) {
-    EXPECT_DOUBLE_EQ(fitScriptScale("{\\rtf1 x}", 1920).FontScale, 1861 / (300 + 20.0 / 15));
-}
-
 TEST(FontTable, NamesAndSizesAreReadAsTheWriterWritesThem) {
     const QByteArray rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil Arial;}{\\f1\\fnil Liberation "
                            "Serif;}}\\f0\\fs52 a \\\\fs900 \\f1\\fs96 b\\fs c}";

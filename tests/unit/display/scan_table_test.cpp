@@ -67,9 +67,3 @@ TEST(ScanTable, FindsTheFirstRowOfALineAndSkipsLinesWithoutRows) {
     EXPECT_EQ(table.firstRowOfLine(400), 22);
     EXPECT_EQ(table.firstRowOfLine(-3), 5);
 }
-
-TEST(ScanTable, LongestScriptStaysSmall) {
-    const ScanTable table(std::vector<int>(32765, 40));
-    EXPECT_LE(table.bytes() + 32765 * sizeof(LineEntry), 2u * 1024 * 1024);
-    EXPECT_EQ(table.at(32764 * 40 + 39).line, 32765);
-}

@@ -45,14 +45,6 @@ TEST(Pacer, ChangeOfTheWaitActsInsideTheRunningWait) {
     EXPECT_NEAR(static_cast<double>(wait.end - start), 20.0 * TicksPerMs, TicksPerMs);
 }
 
-TEST(Pacer, PumpsOnceEvenWithoutAWait) {
-    FakeClock clock;
-    FakeEventPump pump(clock);
-    Pacer pacer(clock, pump);
-    (void)pacer.wait(clock.counter(), [] { return 0.0; });
-    EXPECT_EQ(pump.pumps(), 1);
-}
-
 TEST(RefreshPresenter, EveryPictureHasMovedByTheSameNumberOfSteps) {
     for (const double periodMs : {1.0, 2.6, 4.4, 7.9, 12.0, 19.0}) {
         FakeClock clock;
