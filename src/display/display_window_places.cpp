@@ -66,8 +66,9 @@ void DisplayWindow::followDisplays() {
         return;
     }
     const QRect before = m_display.now;
-    m_display.follow();
-    m_speakerDisplay.follow();
+    const std::vector<NamedScreen> screens = namedScreens();
+    m_display.follow(screens);
+    m_speakerDisplay.follow(screens);
     if (m_speaker) {
         // First, as it is the last to be without a display: the speaker reads. One home for both
         // is where the speaker's display has gone and the operator's has been.

@@ -9,10 +9,10 @@
 
 namespace velmora {
 
-void DisplayPlace::follow() {
-    const QRect place = placeOfScreen(name);
-    if (!place.isEmpty()) {
-        home = place;
+void DisplayPlace::follow(const std::vector<NamedScreen>& screens) {
+    const auto isIt = [this](const NamedScreen& screen) { return screen.name == name; };
+    if (!name.isEmpty() && std::ranges::count_if(screens, isIt) == 1) {
+        home = std::ranges::find_if(screens, isIt)->place;
     }
 }
 

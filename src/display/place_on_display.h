@@ -9,6 +9,8 @@ class QWidget;
 
 namespace velmora {
 
+struct NamedScreen;
+
 /// The display of a window: where it stood at the start of the show, and where it stands; empty
 /// while there is none for it.
 struct DisplayPlace final {
@@ -17,8 +19,9 @@ struct DisplayPlace final {
     /// The name of the screen at home, if it is one.
     QString name;
 
-    /// Home goes where its display has gone, as when another one beside it is taken away.
-    void follow();
+    /// Home goes where its screen has gone, as when another one beside it is taken away. A name
+    /// that several screens have tells nothing.
+    void follow(const std::vector<NamedScreen>& screens);
     /// Chooses among the displays that are there: home, else where the window is, else any that is
     /// not taken by another window, else none.
     void choose(const std::vector<QRect>& displays, const QRect& taken);

@@ -363,10 +363,9 @@ QString ScriptLoader::missingFontsText() const {
         }
         fonts.append(QStringLiteral("%1 (shown as %2)").arg(font.name, font.substitute));
     }
-    if (fonts.isEmpty()) {
-        return QString();
-    }
-    return QStringLiteral("Not installed: %1.").arg(fonts.join(QStringLiteral(", ")));
+    return fonts.isEmpty()
+               ? QString()
+               : QStringLiteral("Not installed: %1.").arg(fonts.join(QStringLiteral(", ")));
 }
 
 /// Updates the recent list; the text tells why it could not be written.

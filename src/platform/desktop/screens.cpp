@@ -55,13 +55,13 @@ QString nameOfScreenAt(const QRect& geometry) {
     return screen == nullptr ? QString() : screen->name();
 }
 
-QRect placeOfScreen(const QString& name) {
+std::vector<NamedScreen> namedScreens() {
+    std::vector<NamedScreen> result;
     const auto screens = QGuiApplication::screens();
-    const auto found =
-        std::find_if(screens.cbegin(), screens.cend(), [&name](const QScreen* screen) {
-            return !name.isEmpty() && screen->name() == name;
-        });
-    return found == screens.cend() ? QRect() : realPixels(**found);
+    for (const QScreen* screen : screens) {
+        result.push_back({screen->name(), realPixels(*screen)});
+    }
+    return result;
 }
 
 std::vector<QRect> Screens::displays() const {

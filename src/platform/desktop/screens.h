@@ -24,10 +24,16 @@ public:
 /// window be maximised or fill the screen and stand in that rectangle. Needs a QGuiApplication.
 [[nodiscard]] QScreen* screenAt(const QRect& geometry);
 
-/// The name of the screen at a place, as the system tells it, and the place of a screen of that
-/// name, in real pixels. Empty where there is none.
+/// A screen as the system names it, with its place in real pixels. Two monitors of one make may
+/// have one name.
+struct NamedScreen final {
+    QString name;
+    QRect place;
+};
+[[nodiscard]] std::vector<NamedScreen> namedScreens();
+
+/// The name of the screen at a place; empty where there is none.
 [[nodiscard]] QString nameOfScreenAt(const QRect& geometry);
-[[nodiscard]] QRect placeOfScreen(const QString& name);
 
 /// Puts displays in the order of reading: by rows of 480 pixels from the desktop's top, within a
 /// row from the left. A display that hangs a little lower than its neighbour stays in its row.
